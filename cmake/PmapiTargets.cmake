@@ -1,0 +1,45 @@
+# Sources found by pattern, so that a new file needs no edit here and two authors never meet in a list.
+function(pmapi_sources out)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE patterns)
+  file(GLOB found CONFIGURE_DEPENDS ${patterns})
+  set(${out} ${found} PARENT_SCOPE)
+endfunction()
+
+# A process that stands in for the daemon: the virtual gateway inside, its functions exported so that
+# libpmapi.so finds the platform in the executable as it would in the daemon.
+function(pmapi_add_program name)
+  add_executable(${name} ${ARGN})
+  target_compile_options(${name} PRIVATE ${PMAPI_PROGRAM_FLAGS})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE pmapi_headers)
+  set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
+  foreach(part gateway mapd_interface_client pmapi)
+    if(TARGET ${part})
+      target_link_libraries(${name} PRIVATE ${part})
+    endif()
+  endforeach()
+  target_link_libraries(${name} PRIVATE cjson)
+  target_link_options(${name} PRIVATE
+    # What only libpmapi.so uses, cJSON and the multi-AP client, is the process's to load.
+    -Wl,--no-as-needed
+    # The cross toolchain's libstdc++.so is not on the loader's path.
+    -static-libstdc++ -static-libgcc -Wl,--exclude-libs,libstdc++.a:libgcc.a:libgcc_eh.a)
+endfunction()
+
+add_library(pmapi_headers INTERFACE)
+target_include_directories(pmapi_headers INTERFACE ${PROJECT_SOURCE_DIR}/include)
+
+# How the product's own code is compiled. It must not need the C++ runtime, which gateways do not carry.
+function(pmapi_library_flags name)
+  target_compile_options(${name} PRIVATE
+    ${PMAPI_LIBRARY_FLAGS}
+    -ffunction-sections -fdata-sections
+    $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions;-fno-rtti;-fno-threadsafe-statics>)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:pmapi_headers>)
+  set_target_properties(${name} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON
+    C_VISIBILITY_PRESET hidden
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
