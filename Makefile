@@ -1,0 +1,26 @@
+.PHONY: run test check coverage fuzz bench setup clean
+
+run: setup
+	@scripts/build.sh host
+	@scripts/tour.sh
+
+test: setup
+	@scripts/test.sh
+
+check: setup
+	@scripts/check.sh
+
+coverage: setup
+	@scripts/coverage.sh
+
+fuzz: setup
+	@scripts/fuzz.sh
+
+bench: setup
+	@scripts/bench.sh
+
+setup:
+	@scripts/setup.sh
+
+clean:
+	rm -rf build
