@@ -1,0 +1,165 @@
+#!/usr/bin/env python3
+"""Breaks one rule of the link contract at a time in a tiny library and sees the checker report it.
+
+link_contract_test.py CHECKER READELF C++-COMPILER [FLAG...]
+"""
+
+import subprocess
+import sys
+import tempfile
+import unittest
+from collections import namedtuple
+from pathlib import Path
+
+SOURCE = """
+#include <stdio.h>
+#define EXPORT extern "C" __attribute__((visibility("default")))
+EXPORT int platformCall(const char *text);
+EXPORT void *cJSON_Parse(const char *text);
+EXPORT void *mapd_interface_ctrl_open(const char *path);
+EXPORT int sampleCount;
+int sampleCount = 0;
+EXPORT int sampleFormat(const char *name) {
+  char text[64];
+  snprintf(text, sizeof text, "<%s>", name);
+  if (cJSON_Parse(text) == mapd_interface_ctrl_open(text)) return 0;
+  sampleCount += platformCall(text);
+  return sampleCount;
+}
+"""
+CLIENT = 'extern "C" void *mapd_interface_ctrl_open(const char *) { return nullptr; }'
+PLATFORM_C = """
+#define PLATFORM_IMPORT extern
+PLATFORM_IMPORT int platformCall(const char *text);
+/* PLATFORM_IMPORT int commentedCall(void); */
+PLATFORM_IMPORT void *mapd_interface_ctrl_open(
+    const char *path);
+"""
+PLATFORM_CPP = 'static constexpr Text<32> fieldName{"fieldName", 100};'
+
+COMPILE = ["-std=c++20", "-Os", "-fPIC", "-fvisibility=hidden", "-fno-exceptions", "-fno-rtti",
+           "-fno-threadsafe-statics", "-fstack-protector-strong", "-D_FORTIFY_SOURCE=2"]
+LINK = ["-shared", "-static-libgcc", "-nodefaultlibs", "-Wl,-soname,libpmapi.so", "-Wl,--as-needed",
+        "-Wl,-z,relro,-z,noexecstack,-z,lazy"]
+# Behind the objects: what must come after what uses it.
+LIBRARIES = ["-lmapd_interface_client", "-lc", "-lgcc"]
+
+Break = namedtuple("Break", "report source compile link libraries exports missing budget",
+                   defaults=("", (), (), LIBRARIES, "sampleFormat sampleCount", "", "4096"))
+BREAKS = {
+    "extra export": Break("exports another, which no public header declares",
+                          source="EXPORT int another() { return 1; }"),
+    "lost export": Break("does not export lostCall", exports="sampleFormat sampleCount lostCall"),
+    "stale missing entry": Break("exports sampleFormat, which is still listed as missing",
+                                 missing="sampleFormat"),
+    "unknown missing entry": Break("unknownCall is listed as missing, but", missing="unknownCall"),
+    "undeclared import": Break("imports commentedCall, which neither",
+                               source='extern "C" int commentedCall();\n'
+                                      'EXPORT int another() { return commentedCall(); }',
+                               exports="sampleFormat sampleCount another"),
+    "unlisted cJSON function": Break("imports cJSON_Print, which neither",
+                                     source='extern "C" char *cJSON_Print();\n'
+                                            'EXPORT char *another() { return cJSON_Print(); }',
+                                     exports="sampleFormat sampleCount another"),
+    "heap of C++": Break(r"imports _Zn\w+ of the C\+\+ runtime",
+                         source="EXPORT int *another() { return new int[9]; }",
+                         exports="sampleFormat sampleCount another"),
+    "global destructor": Break(r"imports __(cxa|aeabi)_atexit of the C\+\+ runtime",
+                               source="struct S { ~S() { platformCall(0); } };\n"
+                                      "static S s;"),
+    "C++ runtime linked in": Break(r"contains _ZSt9terminatev of the C\+\+ runtime",
+                                   source="namespace std { void terminate() noexcept; }\n"
+                                          "EXPORT void another() { std::terminate(); }",
+                                   exports="sampleFormat sampleCount another",
+                                   libraries=["-Wl,--exclude-libs,ALL", "-l:libstdc++.a", "-lgcc_eh",
+                                              *LIBRARIES], budget="4000000"),
+    "large files": Break("imports fopen64: file offsets",
+                         source="EXPORT void *another() { return fopen64(\"x\", \"r\"); }",
+                         compile=["-D_LARGEFILE64_SOURCE"], exports="sampleFormat sampleCount another"),
+    "needed library": Break("needs libcjson.so.1",
+                            libraries=["-Wl,--no-as-needed", "-lcjson", *LIBRARIES]),
+    "client not needed": Break("does not need libmapd_interface_client.so", libraries=["-lc", "-lgcc"]),
+    "soname": Break("has the soname", link=["-Wl,-soname,libother.so"]),
+    "search path": Break("carries a search path", link=["-Wl,-rpath,/opt/lib"]),
+    "protected data": Break("exports guarded with protected visibility",
+                            source='extern "C" __attribute__((visibility("protected"))) int guarded;\n'
+                                   "int guarded = 1;\nEXPORT int another() { return guarded; }",
+                            exports="sampleFormat sampleCount another guarded"),
+    "symbolic binding": Break("is linked with -Bsymbolic", link=["-Wl,-Bsymbolic"]),
+    "hidden alias of data": Break("binds aliased to its own copy",
+                                  source="EXPORT int aliased; int aliased = 1;\n"
+                                         'extern "C" __attribute__((visibility("hidden"), '
+                                         'alias("aliased"))) int inner;\n'
+                                         "EXPORT int another() { return ++inner; }",
+                                  exports="sampleFormat sampleCount another aliased"),
+    "executable stack": Break("has an executable stack", link=["-Wl,-z,execstack"]),
+    "no relro": Break("has no read-only relocations", link=["-Wl,-z,norelro"]),
+    "binding at load": Break("binds at load", link=["-Wl,-z,now"]),
+    "no stack protector": Break("has no stack protector", compile=["-fno-stack-protector"]),
+    "not fortified": Break("is not fortified", compile=["-U_FORTIFY_SOURCE"]),
+    "field name": Break('carries the field name "fieldName"',
+                        source='struct F { const char *name; int at; };\n'
+                               'EXPORT const F another; const F another{"fieldName", 100};\n'
+                               "EXPORT const F *other() { return &another; }",
+                        exports="sampleFormat sampleCount another other"),
+    "over budget": Break("more than the budget of 16", budget="16"),
+}
+
+
+class LinkContract(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.scratch = tempfile.TemporaryDirectory()
+        cls.root = Path(cls.scratch.name)
+        (cls.root / "platform").mkdir()
+        (cls.root / "platform/calls.h").write_text(PLATFORM_C)
+        (cls.root / "platform/view.hpp").write_text(PLATFORM_CPP)
+        (cls.root / "cjson.txt").write_text("# in use\ncJSON_Parse\n")
+        cls.build("libmapd_interface_client.so", CLIENT, ["-fPIC"],
+                  ["-shared", "-nodefaultlibs", "-Wl,-soname,libmapd_interface_client.so"])
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.scratch.cleanup()
+
+    @classmethod
+    def build(cls, name, source, compile_flags, link_flags):
+        path = cls.root / "source.cpp"
+        path.write_text(source)
+        subprocess.run([*COMPILER, *compile_flags, str(path), "-o", str(cls.root / name),
+                        f"-L{cls.root}", *link_flags], check=True)
+
+    def check(self, case, *options):
+        self.build("libpmapi.so", SOURCE + case.source, [*COMPILE, *case.compile],
+                   [*LINK, *case.link, *case.libraries])
+        for file, names in (("exports.txt", case.exports), ("missing.txt", case.missing)):
+            (self.root / file).write_text(names.replace(" ", "\n") + "\n")
+        return subprocess.run(
+            [sys.executable, CHECKER, str(self.root / "libpmapi.so"), "--readelf", READELF,
+             "--exports", str(self.root / "exports.txt"), "--missing", str(self.root / "missing.txt"),
+             "--cjson", str(self.root / "cjson.txt"), "--platform-headers", str(self.root / "platform"),
+             "--text-budget", case.budget, *options], capture_output=True, text=True)
+
+    def test_a_library_that_keeps_the_contract_passes(self):
+        result = self.check(Break(""))
+        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+        self.assertRegex(result.stdout, "2 of 2 names exported, 0 still missing")
+
+    def test_every_breach_is_reported(self):
+        for name, case in BREAKS.items():
+            with self.subTest(name):
+                result = self.check(case)
+                self.assertRegex(result.stdout, case.report, result.stderr)
+                self.assertEqual(result.returncode, 1, result.stderr)
+
+    def test_a_process_without_a_platform_function_is_reported(self):
+        client = str(self.root / "libmapd_interface_client.so")
+        result = self.check(Break(""), "--process", client)
+        self.assertRegex(result.stdout, "no part of the process supplies platformCall")
+        self.assertNotIn("mapd_interface_ctrl_open", result.stdout)
+        self.assertEqual(result.returncode, 1)
+
+
+if __name__ == "__main__":
+    CHECKER, READELF, *COMPILER = sys.argv[1:]
+    unittest.main(argv=sys.argv[:1])
