@@ -1,0 +1,67 @@
+/**
+ * @file config.h
+ * The daemon's item store: a text file of lines "item=value".
+ *
+ * An item's name matches every line that contains it, anywhere: "interface" also matches the line
+ * of "if5_interface". Lines are handled in pieces of 4095 characters. Nothing is cached; each call
+ * also prints trace lines to standard output.
+ */
+#ifndef PMAPI_CONFIG_H_
+#define PMAPI_CONFIG_H_
+
+#include "pmapi/types.h"
+
+PMAPI_BEGIN_DECLS
+
+/** Item to store; allocate 4096 characters for the value. */
+typedef struct UbusAddItem {
+  char item[32];
+  char value[]; /**< NUL-terminated */
+} UbusAddItem;
+
+/**
+ * Replaces the value on every line that matches, or appends the item if none does.
+ * The text before the name and the character after it stay; a replaced line is cut at 4095
+ * characters. The store is replaced only after the new content is complete and flushed to disk.
+ * @param record item and value
+ * @param path the store; never created here
+ * @param temporaryPath on the same file system as @p path
+ * @retval 0 rewritten
+ * @retval -257 @p record is NULL
+ * @retval -1 the store cannot be opened, or the temporary file cannot be created or written in
+ *   full (the store is as before); or it cannot be moved into place (the temporary file then holds
+ *   the whole store)
+ */
+PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const char *path,
+                                            const char *temporaryPath);
+
+/**
+ * Reads the value on the first line that matches: at most 4095 characters.
+ * An item that is neither a known text nor a known JSON item delivers nothing, with success.
+ * @param item name
+ * @param destination with @p length not 0 a text of that many bytes, which is zeroed first; with
+ *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name
+ *   (a value that does not parse as cJSON gives it)
+ * @param length size of the text, not negative; a value of @p length characters or more is cut
+ *   there and leaves no terminating zero
+ * @param path the store, not NULL
+ * @retval 0 a line matched
+ * @retval -1 @p item or @p destination is NULL, the store cannot be opened, or no line matches
+ */
+PMAPI_EXPORT int32_t pm_ubus_config_getitem(const char *item, void *destination, int32_t length,
+                                            const char *path);
+
+/**
+ * Blanks every line that matches; the empty lines stay. No match rewrites the store as it was.
+ * @param item name
+ * @param path the store
+ * @param temporaryPath on the same file system as @p path
+ * @retval 0 rewritten
+ * @retval -1 @p item is NULL, or a file failed as in pm_ubus_config_additem()
+ */
+PMAPI_EXPORT int32_t pm_ubus_config_deleteitem(const char *item, const char *path,
+                                               const char *temporaryPath);
+
+PMAPI_END_DECLS
+
+#endif /* PMAPI_CONFIG_H_ */

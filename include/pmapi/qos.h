@@ -1,0 +1,63 @@
+/**
+ * @file qos.h
+ * Traffic classification rules.
+ */
+#ifndef PMAPI_QOS_H_
+#define PMAPI_QOS_H_
+
+#include "pmapi/types.h"
+
+PMAPI_BEGIN_DECLS
+
+/** One rule. param1 to param5 are the platform's class parameters. */
+typedef struct UbusQosRule {
+  int32_t param1;
+  int32_t param2; /**< a value that was set reads back as param4 */
+  int32_t param3;
+  int32_t param4;
+  int32_t param5; /**< not read back */
+  char ip1[64];   /**< first address, dotted */
+  char port1[20]; /**< first port, decimal */
+  char ip2[64];
+  char port2[20];
+  char label[32]; /**< at most 32 characters; a longer C string is sent as an invalid field */
+  char mac1[20];
+  char mac2[20];
+} UbusQosRule;
+
+/** Classification rules; allocate 30 of them. */
+typedef struct UbusQos {
+  uint32_t qosCommon; /**< shared by all rules; the platform keeps its low byte */
+  uint32_t count;     /**< number of rules */
+  UbusQosRule rules[];
+} UbusQos;
+
+/**
+ * Adds the rules to those that exist (pm_qc_clear_all() removes them). Refusals of the platform are
+ * ignored. A field that one rule leaves unset keeps what the rule before it had.
+ * @param record the rules
+ * @retval 0 sent
+ * @retval -1 @p record is NULL
+ */
+PMAPI_EXPORT int32_t pm_ubus_nexumd_qos_set(const UbusQos *record);
+
+/**
+ * Reads up to 30 rules. The slot of a rule that cannot be read stays as it was.
+ * @param record zero-filled, room for 30 rules; count is raised by the number read, so start it at
+ * 0
+ * @retval 0 read
+ * @retval -1 there is no rule, or @p record is NULL
+ * @return else the platform status of the listing
+ */
+PMAPI_EXPORT int32_t pm_ubus_nexumd_qos_get(UbusQos *record);
+
+/**
+ * Removes up to 30 rules; a rule that cannot be read is passed over. Prints each name to standard
+ * output.
+ * @return 0 or the platform status of the listing
+ */
+PMAPI_EXPORT int32_t pm_qc_clear_all(void);
+
+PMAPI_END_DECLS
+
+#endif /* PMAPI_QOS_H_ */
