@@ -62,6 +62,7 @@ using PlainWord = TypedField<FieldKind::kWord, false, 4>;
 using PlainByte = TypedField<FieldKind::kByte, false, 1>;
 using PlainMac = TypedField<FieldKind::kMac, false, 6>;
 using PlainCounter = TypedField<FieldKind::kCounter, false, 8>;
+using PlainPointer = TypedField<FieldKind::kPointer, false, 4>;
 
 /// A text without a mark in Width bytes, its terminating zero included where there is one.
 template <uint32_t Width>

@@ -1,0 +1,63 @@
+/* The uplink and the WAN connections. */
+#ifndef PLATFORM_WAN_H
+#define PLATFORM_WAN_H
+
+#include "platform/config_database.h"
+
+PLATFORM_BEGIN_DECLS
+
+enum UpMode { UP_MODE_ETHERNET = 1, UP_MODE_WLAN = 512 };
+
+/** The kind of uplink and the port that carries it; the low 16 bits of each word count. */
+typedef struct UpModeInfo {
+  uint32_t mode;
+  uint32_t port;
+} UpModeInfo;
+
+#define WAN_CONNECTION_LIST_CAPACITY 256
+#define WAN_CONNECTION_WORK_AREA_1_SIZE 65536
+#define WAN_CONNECTION_WORK_AREA_2_SIZE 1024
+#define WAN_CONNECTION_WORK_AREA_3_SIZE 1024
+
+/** An InstanceList with three zero-filled work areas of the caller for the platform's own use. */
+typedef struct WanConnectionList {
+  uint32_t marker;
+  uint32_t capacity;
+  uint32_t dwCount;
+  char (*instances)[PLATFORM_INSTANCE_SIZE];
+  void *workArea1;
+  void *workArea2;
+  void *workArea3;
+} WanConnectionList;
+
+PLATFORM_IMPORT int32_t pm_upmode_info_get(UpModeInfo *info);
+/** Switches the uplink; `block512` begins with what pm_upmode_info_get filled in. */
+PLATFORM_IMPORT int32_t pm_upmode_info_set(const UpModeInfo *oldMode, const UpModeInfo *newMode,
+                                           void *block512);
+
+/** Fills platform::WanDeviceTypeRecord, zeroed by the caller. */
+PLATFORM_IMPORT int32_t pm_e8_wanc_get_current_wandtype(void *record32);
+/** Lists the connections of one WAN device type; marker and capacity are the caller's. */
+PLATFORM_IMPORT int32_t pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceType,
+                                                         WanConnectionList *list);
+/**
+ * Rewrites the Internet connection with the marked fields of platform::WanPppExtRecord (IP:
+ * WanIpExtRecord). `instance` is in and out: empty leaves the choice to the platform.
+ * PLATFORM_NOTHING_CHANGED counts as success.
+ */
+PLATFORM_IMPORT int32_t pm_e8_wanc_set_comm_ppp_ext(char instance[128], void *record6328);
+PLATFORM_IMPORT int32_t pm_e8_wanc_set_comm_ip_ext(char instance[128], void *record4868);
+/** Forgets the adapter's view of the connections before one of them is rewritten. */
+PLATFORM_IMPORT int32_t si_ifsadapt_clear_wanc(void);
+
+/** Sets the PPPoE account, platform::PppoeAccountRecord; any other status than 0 is a failure. */
+PLATFORM_IMPORT int32_t pm_wanc_set_ppp_username_passwd(void *record192);
+/** Switches between bridge and route mode with platform::WorkingModeRecord; `flag` is 1. */
+PLATFORM_IMPORT int32_t pm_wanc_change_brg_route_mode(void *record6380, uint32_t flag);
+
+/** Fills platform::RouteInfoRecord, zeroed by the caller, for one WAN connection. */
+PLATFORM_IMPORT int32_t plib_ifs_get_routeif_info(const char *instance, void *record1340);
+
+PLATFORM_END_DECLS
+
+#endif
