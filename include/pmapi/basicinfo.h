@@ -73,21 +73,21 @@ PMAPI_EXPORT int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record);
  */
 /** Product token as the platform stores it, from a field of 32 characters. */
 PMAPI_EXPORT int32_t ubus_getProductToken(char *destination);
-/** Device type. */
+/** Device type, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getDeviceType(char *destination);
-/** Vendor. */
+/** Vendor, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getdeviceVendor(char *destination);
-/** Model. */
+/** Model, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getDeviceModel(char *destination);
-/** Serial number. */
+/** Serial number, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getDeviceSn(char *destination);
-/** CMEI. */
+/** CMEI, from a field of 32 characters. */
 PMAPI_EXPORT int32_t ubus_getCMEI(char *destination);
-/** Software version. */
+/** Software version, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getSWVersion(char *destination);
-/** Firmware version. */
+/** Firmware version, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getFWVersion(char *destination);
-/** Authentication id. */
+/** Authentication id, from a field of 32 characters. */
 PMAPI_EXPORT int32_t ubus_getAuthID(char *destination);
 /** Device key, from a field of 128 characters; @p destination has 128 bytes. */
 PMAPI_EXPORT int32_t ubus_getDevKey(char *destination);

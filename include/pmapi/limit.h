@@ -11,9 +11,10 @@ PMAPI_BEGIN_DECLS
 
 /** Limits of one device. */
 typedef struct UbusDeviceLimit {
-  char deviceMac[32];      /**< twelve digits; read up to there, written in upper case */
-  char TxRate[32];         /**< upstream limit, decimal; "0" in both rates removes the limit */
-  char RxRate[32];         /**< downstream limit, decimal */
+  char deviceMac[32]; /**< twelve digits; read up to there, written in upper case */
+  char TxRate[32];    /**< upstream limit, decimal, given to the platform times 1024; twice "0" ends
+                         the limit */
+  char RxRate[32];    /**< downstream limit, likewise */
   char LimitUrl[1600];     /**< URL keywords with "," between them */
   int32_t LmtMode;         /**< 1 limits in the period below, any other value always */
   int32_t LimitWeek;       /**< mask of 7 weekdays, below 128 */
@@ -98,9 +99,10 @@ PMAPI_EXPORT int32_t si_ubus_devLimit_register_timepolicy(uint32_t lmtMode, uint
 
 /**
  * Runs iptables and ip6tables once per URL keyword on the chain "ubusfilter", which must exist.
- * Keywords that hold a quote, backslash, dollar sign, backquote or control character are logged and
- * passed over. Results of the programs are only logged.
- * @param config MAC and keywords; LimitURL is consumed: split in place at "," . NULL is logged
+ * Commands are cut at 255 characters. Keywords that hold a double quote, backslash, dollar sign,
+ * backquote or control character are logged and passed over. Results of the programs are only
+ * logged.
+ * @param config MAC and keywords; LimitURL is consumed: split in place at ",". NULL is logged
  * @param operation "-I", "-A" or "-D"; any other text does nothing
  */
 PMAPI_EXPORT void si_ubus_lmturl_command(LmtUrlCfg *config, const char *operation);

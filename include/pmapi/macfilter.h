@@ -34,8 +34,9 @@ PMAPI_EXPORT int32_t pm_ubus_get_mac_filter(UbusMacFilter *record);
  * Sets state and policy and, when switching on, replaces the firewall's entries (the first 32 of
  * them) by the given ones; switching off keeps them. The list in the item store is not changed.
  * @param record at most 2047 characters of entries are read, names are cut at 15 characters
+ *   Without entries the state and policy alone are set (and the old entries removed if it is on)
  * @retval 0 applied; an entry whose MAC is not hexadecimal, or that the platform refuses, is logged
- *   and left out, as is every refusal of the platform
+ *   and left out; so is every entry with a state or policy above 1
  * @retval 1001 an entry has no name, or a MAC that is not 12 characters long; nothing was changed
  * @retval -1 @p record is NULL
  */

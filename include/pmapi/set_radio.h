@@ -12,7 +12,7 @@ PMAPI_BEGIN_DECLS
 /** Radio settings. */
 typedef struct RadioRecord {
   char radio[5];          /**< "2.4G" or "5G", or any beginning; empty is "2.4G" */
-  char transmitPower[32]; /**< percent, 1 to 100, decimal */
+  char transmitPower[32]; /**< 1 to 100, decimal */
   char channel[7];        /**< channel number, decimal */
   int32_t bandwidth;      /**< width number 0, 1, 2; any other goes to the platform as it is */
 } RadioRecord;

@@ -68,13 +68,12 @@ PMAPI_EXPORT int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record);
  * @retval 0 written
  * @retval 1001 the devices cannot be listed
  * @retval -1 @p out is NULL
- * @return else the status of the call to the proxy, or 0 when only its reply refused; nothing is
- *   written then
+ * @return else the status of the call to the proxy, or of its reply; nothing is written then
  * @{
  */
 /** IPv4 address. */
 PMAPI_EXPORT int32_t ubus_getIpAddress(int32_t index, char *out);
-/** Host name. */
+/** Host name, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getHostName(int32_t index, char *out);
 /** MAC, twelve lower-case digits. */
 PMAPI_EXPORT int32_t ubus_getMacAddress(int32_t index, char *out);

@@ -30,7 +30,9 @@
 #endif
 
 #ifdef __cplusplus
+/** Opens the C declarations of a header. */
 #define PMAPI_BEGIN_DECLS extern "C" {
+/** Closes them. */
 #define PMAPI_END_DECLS }
 #else
 #define PMAPI_BEGIN_DECLS

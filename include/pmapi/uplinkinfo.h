@@ -95,7 +95,7 @@ extern PMAPI_EXPORT ListLink g_net_uplink_ifa_list;
 extern PMAPI_EXPORT ListLink g_net_uplink_if6_list;
 /** @} */
 
-/** @name Intervals in seconds
+/** @name Intervals
  * Every sampling call sets them: the first two from the platform, the other two to 600 and 60.
  * @{ */
 /** Report interval, IPv4; 600 at load. */

@@ -12,8 +12,8 @@ PMAPI_BEGIN_DECLS
 /** Sampling intervals of one interface. */
 typedef struct UplinkRateConfigRecord {
   char interface[32];      /**< name of the interface, also the instance path written to */
-  char reportInterval[32]; /**< seconds, decimal; written unchecked */
-  char sampleInterval[32]; /**< seconds, decimal; written unchecked */
+  char reportInterval[32]; /**< decimal; written unchecked */
+  char sampleInterval[32]; /**< decimal; written unchecked */
 } UplinkRateConfigRecord;
 
 /**

@@ -21,7 +21,7 @@ typedef struct WlanConnectRecord {
  * first and saved, also when @p record is NULL or the network is not found; it is not switched
  * back.
  * @param record the network
- * @retval 0 joined; or the network was found on neither radio although both could be scanned
+ * @retval 0 joined; or not found, the last radio asked having been scanned and listed well
  * @retval -257 @p record is NULL
  * @retval -8 joined, but the client interface cannot be recorded
  * @return else the platform status of the uplink mode, of the last scan or list when the network
