@@ -1,0 +1,23 @@
+# Compiles every header alone: the C ones as C99 and as C++, so that a daemon of either language can include
+# any one of them first.
+function(pmapi_check_headers)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/include
+    ${PROJECT_SOURCE_DIR}/include/*.h ${PROJECT_SOURCE_DIR}/include/*.hpp)
+  set(units)
+  foreach(header IN LISTS headers)
+    set(languages cpp)
+    if(header MATCHES "\\.h$")
+      list(APPEND languages c)
+    endif()
+    foreach(language IN LISTS languages)
+      set(unit ${CMAKE_CURRENT_BINARY_DIR}/headers/${header}.${language})
+      file(CONFIGURE OUTPUT ${unit} CONTENT "#include \"${header}\"\nextern int translationUnitNotEmpty;\n")
+      list(APPEND units ${unit})
+    endforeach()
+  endforeach()
+  if(units)
+    add_library(header_check OBJECT ${units})
+    target_link_libraries(header_check PRIVATE pmapi_headers)
+    target_compile_options(header_check PRIVATE -Wpedantic)
+  endif()
+endfunction()
