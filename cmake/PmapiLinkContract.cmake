@@ -1,10 +1,6 @@
-# The library's link contract on the product's builds; an instrumented library needs its runtime besides.
 set(PMAPI_TEXT_BUDGET 81920 CACHE STRING "Bytes of flash that the library may take")
 
 function(pmapi_check_link_contract)
-  if(PMAPI_INSTRUMENTATION)
-    return()
-  endif()
   separate_arguments(flags UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
   add_test(NAME link_contract.checker
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tests/link/link_contract_test.py

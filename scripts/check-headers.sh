@@ -1,5 +1,6 @@
 #!/bin/sh
-# Compiles each public header alone, as C99 and as C++20, and compares the export list with them.
+# Compiles each installed header alone, the C ones as C99 and as C++20, and compares the export list with
+# what the public ones declare.
 # Usage: check-headers.sh [CC] [CXX]
 set -eu
 cd "$(dirname "$0")/.."
@@ -12,18 +13,23 @@ compile() { # NAME COMPILER OPTION...
   name=$1
   shift
   # Twice, so that the include guard is tried too.
-  printf '#include "pmapi/%s"\n#include "pmapi/%s"\n' "$name" "$name" |
+  printf '#include "%s"\n#include "%s"\n' "$name" "$name" |
     "$@" $warnings -Iinclude -fsyntax-only - || {
-    echo "check-headers: pmapi/$name does not compile: $*" >&2
+    echo "check-headers: $name does not compile: $*" >&2
     failed=1
   }
 }
 
-for header in include/pmapi/*.h; do
-  name=${header##*/}
-  compile "$name" "$cc" -std=c99 -pedantic -x c
+for name in $(cd include && find pmapi platform -name '*.h' -o -name '*.hpp' | sort); do
   compile "$name" "$cxx" -std=c++20 -x c++
-  [ "$name" = pmapi.h ] || grep -q "^#include \"pmapi/$name\"" include/pmapi/pmapi.h || {
+  case $name in
+    *.h) compile "$name" "$cc" -std=c99 -pedantic -x c ;;
+  esac
+done
+
+for header in include/pmapi/*.h; do
+  name=${header#include/}
+  [ "$name" = pmapi/pmapi.h ] || grep -q "^#include \"$name\"" include/pmapi/pmapi.h || {
     echo "check-headers: pmapi.h does not include $name" >&2
     failed=1
   }
