@@ -1,0 +1,44 @@
+// Lookups of attached devices that several objects share. The lines carry the caller's tag and
+// name.
+#pragma once
+
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/proxy.hpp"
+#include "frame/record_buffer.hpp"
+#include "platform/attached_devices.h"
+#include "platform/records/device.hpp"
+#include "platform/records/station_statistics.hpp"
+#include "platform/views/lan_info.hpp"
+
+namespace pm {
+
+using DeviceBuffer = RecordBuffer<platform::DeviceRecord>;
+using StationStatisticsBuffer = RecordBuffer<platform::StationStatisticsRecord>;
+using LanInfoBuffer = ViewBuffer<platform::LanInfoView>;
+
+using DeviceTable = InstanceTable<PLATFORM_ATTACHED_DEVICES_MAX>;
+using AssociationTable = InstanceTable<64>;
+
+/// Room for the answers about one device, where a caller states no other.
+using DeviceReply = ProxyReply<4096>;
+
+/// Asks the proxy for the device at `path`; `device` is empty before. A failure is logged, and what
+/// came of the reply is copied all the same. Returns the call's result, else the reply's status.
+int32_t queryDevice(const LogOrigin &origin, const InstancePath &path, ProxyExchange &reply,
+                    DeviceBuffer &device);
+
+/// Asks for the traffic of one station with `event` (the measured or the hardware counters).
+/// `statistics` is empty before; it keeps the request when the event fails, which is logged.
+/// Returns whether the event succeeded.
+bool queryStationStatistics(const LogOrigin &origin, uint32_t event, const uint8_t mac[6],
+                            StationStatisticsBuffer &statistics);
+
+/// Finds the LAN interface of that name and reads it into `lan`. Its failures are printed on
+/// standard output, as the tools that watch the daemon's console expect.
+bool findLanInterface(const char *interfaceName, LanInfoBuffer &lan);
+
+/// Finds the associations of one station by its MAC; returns the query's status.
+int32_t findAssociations(const uint8_t mac[6], AssociationTable &found);
+
+}  // namespace pm

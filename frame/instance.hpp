@@ -1,0 +1,50 @@
+// Instance paths and the lists in which the platform returns them.
+#pragma once
+
+#include <cstdio>
+#include <cstring>
+
+#include "frame/text.hpp"
+#include "platform/config_database.h"
+
+namespace pm {
+
+/// A path in the 32 zeroed bytes in which platform calls take it.
+struct InstancePath {
+  char text[PLATFORM_INSTANCE_SIZE];
+
+  explicit InstancePath(const char *path) : text{} { copyText(text, path); }
+
+  static InstancePath numbered(const char *stem, int32_t number) {
+    InstancePath path("");
+    snprintf(path.text, sizeof path.text, "%s%d", stem, number);
+    return path;
+  }
+};
+
+/// A list descriptor together with the room for its paths.
+template <uint32_t Capacity>
+class InstanceTable {
+ public:
+  InstanceTable() : list{PLATFORM_BLOCK_MARKER, Capacity, 0, paths_}, paths_{} {}
+  InstanceTable(const InstanceTable &) = delete;
+  InstanceTable &operator=(const InstanceTable &) = delete;
+
+  /// What the platform counted, as it said it.
+  uint32_t reported() const { return list.dwCount; }
+
+  /// Paths that really lie here; the platform may count more than fit, or a negative number.
+  uint32_t count() const {
+    if (static_cast<int32_t>(list.dwCount) < 0) return 0;
+    return list.dwCount < Capacity ? list.dwCount : Capacity;
+  }
+
+  InstancePath at(uint32_t index) const { return InstancePath(paths_[index]); }
+
+  InstanceList list;
+
+ private:
+  char paths_[Capacity][PLATFORM_INSTANCE_SIZE];
+};
+
+}  // namespace pm

@@ -1,0 +1,39 @@
+#include "frame/proxy.hpp"
+
+namespace pm {
+
+namespace {
+
+constexpr uint32_t kStatusSize = 4;
+
+}  // namespace
+
+int32_t ProxyExchange::send(uint32_t event, const void *request, uint32_t requestLength) {
+  memset(reply_, 0, capacity_);
+  length_ = capacity_;
+  const int32_t result = ctSgw_ssend_to_proxy(event, request, requestLength, reply_, &length_);
+  if (length_ > capacity_) length_ = capacity_;
+  return result;
+}
+
+int32_t ProxyExchange::replyStatus() const {
+  int32_t status;
+  memcpy(&status, reply_, sizeof status);
+  return status;
+}
+
+uint32_t ProxyExchange::copyPayload(void *record, uint32_t size) const {
+  if (length_ <= kStatusSize) return 0;
+  const uint32_t payload = length_ - kStatusSize;
+  const uint32_t copied = payload < size ? payload : size;
+  memcpy(record, reply_ + kStatusSize, copied);
+  return copied;
+}
+
+int32_t askManager(const char *module, uint32_t message, const void *request,
+                   uint32_t requestLength, void *reply, uint16_t *replyLength) {
+  return pm_send_msg_2mm(module, MANAGER_MESSAGE_CLASS, message, request, requestLength, 0, reply,
+                         replyLength);
+}
+
+}  // namespace pm

@@ -1,0 +1,38 @@
+#include "frame/record_buffer.hpp"
+
+namespace pm {
+
+void putMark(uint8_t *record, uint32_t offset, Mark mark) {
+  const auto value = static_cast<uint16_t>(mark);
+  memcpy(record + offset - platform::kMarkDistance, &value, sizeof value);
+}
+
+void putWord(uint8_t *record, uint32_t offset, uint32_t value, Mark mark) {
+  putMark(record, offset, mark);
+  storePlain(record, offset, value);
+}
+
+void putMac(uint8_t *record, uint32_t offset, const uint8_t *mac, Mark mark) {
+  putMark(record, offset, mark);
+  memcpy(record + offset, mac, 6);
+}
+
+void putText(uint8_t *record, uint32_t offset, uint32_t usable, const char *text, Mark mark) {
+  putMark(record, offset, mark);
+  const uint32_t length = static_cast<uint32_t>(strnlen(text, usable + 1));
+  if (length > usable) {
+    storePlain<int32_t>(record, offset - platform::kValidityDistance, -1);
+    return;
+  }
+  // Padded as strncpy would: a shorter text must not leave the end of an earlier one behind.
+  memcpy(record + offset, text, length);
+  memset(record + offset + length, 0, usable + 4 - length);
+}
+
+void prepareView(uint8_t *view, uint32_t size) {
+  memset(view, 0, size);
+  storePlain<uint32_t>(view, 0, size);
+  storePlain<uint32_t>(view, 4, PLATFORM_BLOCK_MARKER);
+}
+
+}  // namespace pm

@@ -1,0 +1,177 @@
+// The library's hands on platform records: a buffer of one record or view with typed access.
+//
+//   ViewBuffer<platform::GatewayIdentityView> identity;   // zeroed, header written
+//   identity.set(identity.captureEth, name);              // stores and marks
+//   const int32_t status = identity.write("IGD");
+//
+// Values are stored and marked by one call, so neither can be forgotten. Access compiles down to a
+// constant offset; field names do not reach the built library.
+#pragma once
+
+#include <cstring>
+
+#include "frame/text.hpp"
+#include "platform/config_database.h"
+#include "platform/record.hpp"
+
+#define PM_INLINE __attribute__((always_inline)) inline
+
+namespace pm {
+
+enum class Mark : uint16_t { kWrite = 1, kMatch = 2 };
+
+void putMark(uint8_t *record, uint32_t offset, Mark mark);
+void putWord(uint8_t *record, uint32_t offset, uint32_t value, Mark mark);
+void putMac(uint8_t *record, uint32_t offset, const uint8_t *mac, Mark mark);
+
+/// Copies `text` into a slot of `usable` characters, or declares the slot invalid when the text is
+/// longer. The mark is written either way; the platform decides what an invalid field means.
+void putText(uint8_t *record, uint32_t offset, uint32_t usable, const char *text, Mark mark);
+
+/// Zeroes a view of `size` bytes and writes its header.
+void prepareView(uint8_t *view, uint32_t size);
+
+template <class T>
+PM_INLINE T loadAs(const uint8_t *record, uint32_t offset) {
+  T value;
+  memcpy(&value, __builtin_assume_aligned(record + offset, 4), sizeof value);
+  return value;
+}
+
+/// Stores a plain value; slots are filled through the marking calls only.
+template <class T>
+PM_INLINE void storePlain(uint8_t *record, uint32_t offset, T value) {
+  memcpy(__builtin_assume_aligned(record + offset, 4), &value, sizeof value);
+}
+
+template <class Layout>
+class alignas(8) RecordBuffer : public Layout {
+ public:
+  using Layout::bytes;
+
+  RecordBuffer() { clear(); }
+  RecordBuffer(const RecordBuffer &) = delete;
+  RecordBuffer &operator=(const RecordBuffer &) = delete;
+
+  void clear() { memset(bytes, 0, Layout::kSize); }
+
+  template <bool Marked>
+  PM_INLINE uint32_t get(platform::TypedField<platform::FieldKind::kWord, Marked, 4> field) const {
+    return loadAs<uint32_t>(bytes, field.offset);
+  }
+
+  template <bool Marked>
+  PM_INLINE int32_t
+  getSigned(platform::TypedField<platform::FieldKind::kWord, Marked, 4> field) const {
+    return loadAs<int32_t>(bytes, field.offset);
+  }
+
+  template <bool Marked>
+  PM_INLINE uint8_t get(platform::TypedField<platform::FieldKind::kByte, Marked, 1> field) const {
+    return bytes[field.offset];
+  }
+
+  template <bool Marked>
+  PM_INLINE uint64_t
+  get(platform::TypedField<platform::FieldKind::kCounter, Marked, 8> field) const {
+    return loadAs<uint64_t>(bytes, field.offset);
+  }
+
+  template <bool Marked>
+  PM_INLINE const uint8_t *get(
+      platform::TypedField<platform::FieldKind::kMac, Marked, 6> field) const {
+    return bytes + field.offset;
+  }
+
+  template <bool Marked, uint32_t Width>
+  PM_INLINE const uint8_t *get(
+      platform::TypedField<platform::FieldKind::kBytes, Marked, Width> field) const {
+    return bytes + field.offset;
+  }
+
+  /// The field as a C text. The platform may have filled the field to its last byte, which is given
+  /// up for the terminator.
+  template <bool Marked, uint32_t Width>
+  PM_INLINE const char *text(
+      platform::TypedField<platform::FieldKind::kText, Marked, Width> field) {
+    bytes[field.offset + Width - 1] = '\0';
+    return reinterpret_cast<const char *>(bytes + field.offset);
+  }
+
+  PM_INLINE void set(platform::Word field, uint32_t newValue) {
+    putWord(bytes, field.offset, newValue, Mark::kWrite);
+  }
+
+  PM_INLINE void set(platform::Byte field, uint8_t newValue) {
+    bytes[field.offset] = newValue;
+    putMark(bytes, field.offset, Mark::kWrite);
+  }
+
+  PM_INLINE void set(platform::Mac field, const uint8_t *newMac) {
+    putMac(bytes, field.offset, newMac, Mark::kWrite);
+  }
+
+  PM_INLINE void set(platform::Pointer field, const void *newPointer) {
+    putWord(bytes, field.offset, static_cast<uint32_t>(reinterpret_cast<uintptr_t>(newPointer)),
+            Mark::kWrite);
+  }
+
+  template <uint32_t Width>
+  PM_INLINE void set(platform::TypedField<platform::FieldKind::kText, true, Width> field,
+                     const char *newText) {
+    putText(bytes, field.offset, Width - 4, newText, Mark::kWrite);
+  }
+
+  PM_INLINE void put(platform::PlainWord field, uint32_t newValue) {
+    storePlain(bytes, field.offset, newValue);
+  }
+
+  PM_INLINE void put(platform::PlainByte field, uint8_t newValue) { bytes[field.offset] = newValue; }
+
+  PM_INLINE void put(platform::PlainMac field, const uint8_t *newMac) {
+    memcpy(bytes + field.offset, newMac, 6);
+  }
+
+  template <uint32_t Width>
+  PM_INLINE void put(platform::TypedField<platform::FieldKind::kText, false, Width> field,
+                     const char *newText) {
+    copyText(reinterpret_cast<char *>(bytes + field.offset), Width, newText);
+  }
+};
+
+template <class Layout>
+class ViewBuffer : public RecordBuffer<Layout> {
+ public:
+  using Layout::bytes;
+
+  ViewBuffer() { writeHeader(); }
+
+  /// Makes the buffer fit for another read.
+  void reset() { prepareView(bytes, Layout::kSize); }
+
+  int32_t read(const char *instance) { return vcorDbGetView(Layout::kId, instance, bytes); }
+  int32_t write(const char *instance) { return vcorDbSetView(Layout::kId, instance, bytes); }
+  int32_t query(InstanceList *found) { return vcorDbQryView(Layout::kId, bytes, found); }
+
+  PM_INLINE void match(platform::Word field, uint32_t wanted) {
+    putWord(bytes, field.offset, wanted, Mark::kMatch);
+  }
+
+  PM_INLINE void match(platform::Mac field, const uint8_t *wantedMac) {
+    putMac(bytes, field.offset, wantedMac, Mark::kMatch);
+  }
+
+  template <uint32_t Width>
+  PM_INLINE void match(platform::TypedField<platform::FieldKind::kText, true, Width> field,
+                       const char *wanted) {
+    putText(bytes, field.offset, Width - 4, wanted, Mark::kMatch);
+  }
+
+ private:
+  void writeHeader() {
+    storePlain<uint32_t>(bytes, 0, Layout::kSize);
+    storePlain<uint32_t>(bytes, 4, PLATFORM_BLOCK_MARKER);
+  }
+};
+
+}  // namespace pm

@@ -1,0 +1,31 @@
+// Copies of texts between records whose fields need not end with a zero.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+namespace pm {
+
+/// Copies at most size-1 characters of `source` (which ends with a zero) and terminates.
+void copyText(char *destination, uint32_t size, const char *source);
+
+template <uint32_t Size>
+inline void copyText(char (&destination)[Size], const char *source) {
+  copyText(destination, Size, source);
+}
+
+/// Copies exactly the text's characters, at most `limit`, and no terminator: the caller of the
+/// handler has zeroed the destination.
+void copyExact(char *destination, const char *source, uint32_t limit);
+
+/// Whether `name` begins with `prefix`.
+inline bool startsWith(const char *name, const char *prefix) {
+  return strncmp(name, prefix, strlen(prefix)) == 0;
+}
+
+/// Whether `given`, taken over its own length, is a beginning of `word`; an empty text is.
+inline bool abbreviates(const char *given, const char *word) {
+  return strncmp(given, word, strlen(given)) == 0;
+}
+
+}  // namespace pm
