@@ -9,12 +9,16 @@ if(NOT TARGET pmapi)
   return()
 endif()
 
-install(TARGETS pmapi EXPORT pmapiTargets LIBRARY COMPONENT runtime)
-install(EXPORT pmapiTargets NAMESPACE pmapi:: COMPONENT development
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/pmapi)
+install(TARGETS pmapi LIBRARY COMPONENT runtime)
+set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/pmapi)
+configure_package_config_file(cmake/pmapiConfig.cmake.in pmapiConfig.cmake
+  INSTALL_DESTINATION ${package_directory}
+  PATH_VARS CMAKE_INSTALL_LIBDIR CMAKE_INSTALL_INCLUDEDIR
+  NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 write_basic_package_version_file(pmapiConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-install(FILES cmake/pmapiConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/pmapiConfigVersion.cmake
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/pmapi COMPONENT development)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/pmapiConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/pmapiConfigVersion.cmake
+  DESTINATION ${package_directory} COMPONENT development)
+file(RELATIVE_PATH PMAPI_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/pmapi.pc.in pmapi.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/pmapi.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

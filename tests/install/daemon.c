@@ -1,0 +1,5 @@
+/* A daemon without any platform: what needs none must load and work all the same. */
+#include <pmapi/pmapi.h>
+#include <platform/config_database.h>
+
+int main(void) { return HexCharToVal('a') == 10 ? 0 : 1; }
