@@ -1,4 +1,4 @@
-.PHONY: run test check coverage fuzz bench setup clean
+.PHONY: run test check format coverage fuzz bench setup clean
 
 run: setup
 	@scripts/build.sh host
@@ -9,6 +9,9 @@ test: setup
 
 check: setup
 	@scripts/check.sh
+
+format: setup
+	@git ls-files '*.c' '*.h' '*.cpp' '*.hpp' | xargs clang-format -i
 
 coverage: setup
 	@scripts/coverage.sh
