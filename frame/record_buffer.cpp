@@ -29,6 +29,18 @@ void putText(uint8_t *record, uint32_t offset, uint32_t usable, const char *text
   memset(record + offset + length, 0, usable + 4 - length);
 }
 
+void putWords(uint8_t *record, const FixedWord *words, uint32_t count) {
+  for (uint32_t i = 0; i < count; ++i) {
+    putWord(record, words[i].offset, static_cast<uint32_t>(int32_t{words[i].value}), Mark::kWrite);
+  }
+}
+
+void carryWords(uint8_t *record, const uint8_t *source, const CarriedWord *words, uint32_t count) {
+  for (uint32_t i = 0; i < count; ++i) {
+    putWord(record, words[i].to, loadAs<uint32_t>(source, words[i].from), Mark::kWrite);
+  }
+}
+
 void prepareView(uint8_t *view, uint32_t size) {
   memset(view, 0, size);
   storePlain<uint32_t>(view, 0, size);

@@ -28,6 +28,30 @@ void putMac(uint8_t *record, uint32_t offset, const uint8_t *mac, Mark mark);
 /// longer. The mark is written either way; the platform decides what an invalid field means.
 void putText(uint8_t *record, uint32_t offset, uint32_t usable, const char *text, Mark mark);
 
+/// A constant that a handler writes into one word of a record.
+struct FixedWord {
+  uint16_t offset;
+  int16_t value;
+};
+
+consteval FixedWord fixed(platform::Word field, int16_t value) {
+  return {static_cast<uint16_t>(field.offset), value};
+}
+
+/// A word that a handler carries from one record over into another.
+struct CarriedWord {
+  uint16_t from;
+  uint16_t to;
+};
+
+consteval CarriedWord carried(platform::Word from, platform::Word to) {
+  return {static_cast<uint16_t>(from.offset), static_cast<uint16_t>(to.offset)};
+}
+
+/// Stores and marks every word of a table.
+void putWords(uint8_t *record, const FixedWord *words, uint32_t count);
+void carryWords(uint8_t *record, const uint8_t *source, const CarriedWord *words, uint32_t count);
+
 /// Zeroes a view of `size` bytes and writes its header.
 void prepareView(uint8_t *view, uint32_t size);
 
@@ -122,14 +146,31 @@ class alignas(8) RecordBuffer : public Layout {
     putText(bytes, field.offset, Width - 4, newText, Mark::kWrite);
   }
 
+  template <uint32_t Count>
+  PM_INLINE void set(const FixedWord (&words)[Count]) {
+    putWords(bytes, words, Count);
+  }
+
+  template <uint32_t Count>
+  PM_INLINE void carry(const uint8_t *source, const CarriedWord (&words)[Count]) {
+    carryWords(bytes, source, words, Count);
+  }
+
   PM_INLINE void put(platform::PlainWord field, uint32_t newValue) {
     storePlain(bytes, field.offset, newValue);
   }
 
-  PM_INLINE void put(platform::PlainByte field, uint8_t newValue) { bytes[field.offset] = newValue; }
+  PM_INLINE void put(platform::PlainByte field, uint8_t newValue) {
+    bytes[field.offset] = newValue;
+  }
 
   PM_INLINE void put(platform::PlainMac field, const uint8_t *newMac) {
     memcpy(bytes + field.offset, newMac, 6);
+  }
+
+  template <uint32_t Width>
+  PM_INLINE void put(platform::PlainBytes<Width> field, const uint8_t *newBytes) {
+    memcpy(bytes + field.offset, newBytes, Width);
   }
 
   template <uint32_t Width>
