@@ -1,0 +1,98 @@
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/ports.h"
+#include "platform/records/port.hpp"
+#include "platform/views/eth_port_config.hpp"
+#include "platform/wan.h"
+#include "pmapi/helpers.h"
+#include "pmapi/port.h"
+
+using namespace pm;
+using PortConfigBuffer = ViewBuffer<platform::EthPortConfigView>;
+
+static constexpr char kSourceTag[] = "object_nexumd_port_pmapi.c";
+
+namespace {
+
+enum PortType : uint32_t { kUplinkPort = 0, kLanPort = 1 };
+
+// The uplink stops at the third rate: the platform never reports more for it.
+constexpr char kRates[][12] = {"10Mbps", "100Mbps", "1000Mbps", "10000Mbps"};
+constexpr uint32_t kLanRates = 4;
+constexpr uint32_t kUplinkRates = 3;
+
+constexpr uint32_t kPortSelector = static_cast<uint32_t>(-9);
+
+void readMac(PortConfigBuffer &config, PortInfoRecord *record) {
+  RecordBuffer<platform::PortMacParameterRecord> parameters;
+  parameters.put(parameters.selector, kPortSelector);
+  parameters.put(parameters.parameterRun1, config.get(config.parameterRun1));
+  parameters.put(parameters.parameterRun2, config.get(config.parameterRun2));
+  parameters.put(parameters.parameterRun3, config.get(config.parameterRun3));
+  RecordBuffer<platform::PortMacResultRecord> result;
+  pm_mac_prm_op(PM_MAC_PRM_OP_GET, result.bytes, config.bytes + config.macParameterId.offset,
+                parameters.bytes);
+  MacToStr(result.get(result.mac), record->portMac, sizeof record->portMac);
+}
+
+int32_t fillUplink(const LogOrigin &origin, uint32_t port, PortInfoRecord *record) {
+  record->portType = kUplinkPort;
+  uint32_t state = 0;
+  uint32_t rate = 0;
+  uint32_t unused = 0;
+  if (const int32_t status = pm_wan_get_port_link_state_type(&state, &rate, &unused, port);
+      status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "error:pm_wan_get_port_link_state_type\n");
+  }
+  copyText(record->portRate, rate < kUplinkRates ? kRates[rate] : "");
+  PM_LOG_FOR(origin, kInfo, 0, "stateResult=%d\n", state);
+  record->portConnection = state;
+  return kOk;
+}
+
+int32_t fillLan(const LogOrigin &origin, const char *instance, const PortConfigBuffer &config,
+                PortInfoRecord *record) {
+  record->portType = kLanPort;
+  RecordBuffer<platform::PortLinkStateRecord> link;
+  if (const int32_t status = pm_eth_get_port_link_state(instance, link.bytes); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "[pm_eth_get_port_link_state] failed, retcode = %d\n",
+               status);
+    return status;
+  }
+  record->portConnection = link.get(link.linkState);
+  PM_LOG_FOR(origin, kInfo, 0, "portConnection:%d \n", record->portConnection);
+  const uint32_t rate = config.get(config.rateCode);
+  if (rate < kLanRates) copyText(record->portRate, kRates[rate]);
+  PM_LOG_FOR(origin, kInfo, 0, "p_portinfo->portRate : %s!\n ", record->portRate);
+  return kOk;
+}
+
+}  // namespace
+
+int32_t pm_ubus_get_portinfo(uint32_t portIndex, const char *instance, PortInfoRecord *record) {
+  PM_LOG(kInfo, "now in nexumi_get_port_info\n ");
+  PM_LOG(kInfo, "szInstIdentity = %s\n ", instance);
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  record->portNumber = portIndex + 1;
+
+  PortConfigBuffer config;
+  if (const int32_t status = config.read(instance); status != kOk) {
+    PM_FAIL(status, "vcorDbGetView DBVIEW_ETH_PORTCONF failed!");
+    return kUnreadable;
+  }
+  readMac(config, record);
+  PM_LOG(kInfo, "p_portinfo->portMac : %s!\n ", record->portMac);
+
+  UpModeInfo uplink{};
+  if (const int32_t status = pm_upmode_info_get(&uplink); status != kOk) {
+    PM_FAIL(status, "[%s] pm_upmode_info_get error, iret = %d\n", __func__, status);
+    return status;
+  }
+  const uint32_t uplinkPort = uplink.port & 0xFFFF;
+  if (portIndex == uplinkPort) return fillUplink(PM_ORIGIN, uplinkPort, record);
+  return fillLan(PM_ORIGIN, instance, config, record);
+}
