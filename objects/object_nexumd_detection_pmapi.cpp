@@ -1,0 +1,63 @@
+#include <cstdio>
+
+#include "frame/log.hpp"
+#include "frame/proxy.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/records/http_speed.hpp"
+#include "pmapi/detection.h"
+
+using namespace pm;
+using platform::HttpSpeedReply;
+
+static constexpr char kSourceTag[] = "object_nexumd_detection_pmapi.c";
+
+namespace {
+
+constexpr uint32_t kTestMarker = 4;
+constexpr uint32_t kRateShift = 10;
+constexpr uint32_t kTextSize = 32;
+
+using SpeedReply = ProxyReply<HttpSpeedReply::kSize>;
+
+}  // namespace
+
+int32_t ubus_set_httpspeed_diagnostics(const HttpSpeedRequest *record) {
+  PM_LOG(kInfo, "now in function ubus_set_httpspeed_diagnostics\n");
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  RecordBuffer<platform::HttpSpeedRequest> request;
+  request.put(request.requestText, reinterpret_cast<const char *>(record));
+  request.put(request.requestWord, record->parameter);
+  request.put(request.word272, kTestMarker);
+  SpeedReply reply;
+  return reply.send(CTSGW_EVENT_SET_HTTPDOWNLOAD_DIAGNOSTICS, request.bytes, request.kSize);
+}
+
+int32_t ubus_get_httpspeed_result(HttpSpeedResult *record) {
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  SpeedReply reply;
+  const int32_t status = reply.send(CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT, nullptr, 0);
+  if (status < kOk) {
+    return PM_LOG_CODE(kInfo, status,
+                       "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d\n", status);
+  }
+  if (const int32_t refusal = reply.replyStatus(); refusal != kOk) {
+    return PM_LOG_CODE(
+        kInfo, refusal,
+        "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d, pAck->iRet=%d\n", status,
+        refusal);
+  }
+  const auto rate = loadAs<uint32_t>(reply.bytes, HttpSpeedReply::rate.offset);
+  snprintf(record->speed, sizeof record->speed, "%dMpbs", rate >> kRateShift);
+  char state[kTextSize];
+  copyText(state, reinterpret_cast<const char *>(reply.bytes + HttpSpeedReply::state.offset));
+  const int32_t difference = strcmp(state, "Completed");
+  record->status = difference == 0 ? 1 : 0;
+  return difference;
+}

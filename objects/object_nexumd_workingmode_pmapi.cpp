@@ -1,0 +1,45 @@
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/records/working_mode.hpp"
+#include "platform/wan.h"
+#include "pmapi/workingmode.h"
+
+using namespace pm;
+using platform::WorkingModeRecord;
+
+static constexpr char kSourceTag[] = "object_nexumd_workingmode_pmapi.c";
+
+namespace {
+
+constexpr uint32_t kApplyNow = 1;
+
+constexpr FixedWord kConnectionDefaults[] = {
+    fixed(WorkingModeRecord::setting80, 1),    fixed(WorkingModeRecord::setting912, 1),
+    fixed(WorkingModeRecord::setting1072, -1), fixed(WorkingModeRecord::setting1264, 0),
+    fixed(WorkingModeRecord::mtu, 1492),       fixed(WorkingModeRecord::setting2100, 1),
+    fixed(WorkingModeRecord::setting4068, 0),  fixed(WorkingModeRecord::ipv6Enable, 1),
+    fixed(WorkingModeRecord::setting4132, 0),  fixed(WorkingModeRecord::setting4164, 0),
+    fixed(WorkingModeRecord::setting4564, 1)};
+
+}  // namespace
+
+int32_t pm_ubus_workingmode_set(const UbusWorkingMode *record) {
+  PM_LOG(kInfo, "now in function %s\n", __func__);
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_workingmode_set para is null");
+    return kNullRecord;
+  }
+  PM_LOG(kInfo, "ubusworkingmode->workingMode:%d, ubusworkingmode->internetType:%d\n",
+         record->workingMode, record->internetType);
+  RecordBuffer<WorkingModeRecord> mode;
+  mode.put(mode.workingMode, record->workingMode);
+  mode.put(mode.internetType, record->internetType);
+  mode.set(kConnectionDefaults);
+  mode.set(mode.serviceList, "INTERNET");
+  mode.set(mode.addressingType, "DHCP");
+  mode.set(mode.text4516, "000000000000");
+  const int32_t status = pm_wanc_change_brg_route_mode(mode.bytes, kApplyNow);
+  if (status != kOk) PM_FAIL(status, "call pm_wanc_change_brg_route_mode faild,ret=%d\n", status);
+  return status;
+}
