@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "frame/instance.hpp"
+#include "frame/json_items.hpp"
 #include "frame/record_buffer.hpp"
 #include "platform/records/device.hpp"
 #include "platform/views/associated_device.hpp"
@@ -79,11 +80,15 @@ void del_char(char *text, char unwanted) {
   *kept = '\0';
 }
 
-int32_t IsJsonObjOrArray(const char *item) {
+const char *pm::findJsonItem(const char *item) {
   for (const char(&jsonItem)[20] : kJsonItems) {
-    if (strstr(item, jsonItem) != nullptr) return 1;
+    if (strstr(item, jsonItem) != nullptr) return jsonItem;
   }
-  return 0;
+  return nullptr;
+}
+
+int32_t IsJsonObjOrArray(const char *item) {
+  return pm::findJsonItem(item) != nullptr ? 1 : 0;
 }
 
 int32_t file_size(const char *path) {

@@ -21,8 +21,9 @@ typedef struct UbusAddItem {
 
 /**
  * Replaces the value on every line that matches, or appends the item if none does.
- * The text before the name and the character after it stay; a replaced line is cut at 4095
- * characters. The store is replaced only after the new content is complete and flushed to disk.
+ * The text before the name and the character after it stay; a line that ends with the name gets
+ * "=". A replaced line is cut at 4095 characters, an appended one at 4094. The store is replaced
+ * only after the new content is complete and flushed to disk.
  * @param record item and value
  * @param path the store; never created here
  * @param temporaryPath on the same file system as @p path
@@ -42,11 +43,12 @@ PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const cha
  * @param destination with @p length not 0 a text of that many bytes, which is zeroed first; with
  *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name
  *   (a value that does not parse as cJSON gives it)
- * @param length size of the text, not negative; a value of @p length characters or more is cut
+ * @param length size of the text; a value of @p length characters or more is cut
  *   there and leaves no terminating zero
  * @param path the store, not NULL
  * @retval 0 a line matched
- * @retval -1 @p item or @p destination is NULL, the store cannot be opened, or no line matches
+ * @retval -1 @p item or @p destination is NULL, @p length is negative, the store cannot be opened,
+ *   or no line matches
  */
 PMAPI_EXPORT int32_t pm_ubus_config_getitem(const char *item, void *destination, int32_t length,
                                             const char *path);
