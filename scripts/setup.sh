@@ -28,6 +28,7 @@ as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
 "${as_root[@]}" dpkg --add-architecture i386
 "${as_root[@]}" dpkg --add-architecture armel
-"${as_root[@]}" apt-get update -q
+# One archive that is just being updated need not stop the work: installing tells whether anything lacks.
+"${as_root[@]}" apt-get update -q -o Acquire::Retries=3 || echo "setup: some package lists are not up to date"
 "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
   apt-get install -q -y --no-install-recommends "${wanted[@]}"
