@@ -1,0 +1,288 @@
+#include <cstdio>
+
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "objects/wlan_tables.hpp"
+#include "platform/records/wlan_config.hpp"
+#include "platform/records/wlan_driver.hpp"
+#include "platform/records/wlan_keys.hpp"
+#include "platform/records/wlan_tx_power.hpp"
+#include "pmapi/wifiinfo.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_wifiinfo_pmapi.c";
+
+namespace {
+
+constexpr uint32_t kTextSize = 32;
+constexpr uint32_t kKeyNameLimit = 30;
+constexpr int32_t kWepKeyUnreadable = 1001;
+constexpr int32_t kPassphraseUnreadable = 1003;
+
+using WlanConfig = RecordBuffer<WlanConfigRecord>;
+
+using TextGetter = int32_t (*)(int32_t radioIndex, char *out);
+using NumberGetter = int32_t (*)(int32_t radioIndex, uint32_t *out);
+
+/// SSIDs are numbered from 1, the daemon's indices from 0.
+InstancePath ssidAt(int32_t radioIndex) {
+  return wlan::ssidInstance(static_cast<int32_t>(static_cast<uint32_t>(radioIndex) + 1));
+}
+
+int32_t checked(const LogOrigin &origin, int32_t status) {
+  if (status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "[%s] dbgetview fail(%d)\r\n", origin.function, status);
+  }
+  return status;
+}
+
+int32_t readConfig(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config) {
+  return checked(origin, pm_wlan_get_config(ssid.text, &config));
+}
+
+int32_t readConfigWord(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
+                       uint32_t *value) {
+  WlanConfig config;
+  const int32_t status = readConfig(origin, ssidAt(radioIndex), config);
+  *value = loadAs<uint32_t>(config.bytes, offset);
+  return status;
+}
+
+int32_t readDriverWord(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
+                       uint32_t *value) {
+  // The driver's call takes a longer instance name than the others.
+  char instance[64] = {};
+  copyText(instance, ssidAt(radioIndex).text);
+  RecordBuffer<WlanDriverRecord> driver;
+  const int32_t status = checked(origin, pm_wlan_get_config_driver(instance, &driver));
+  *value = loadAs<uint32_t>(driver.bytes, offset);
+  return status;
+}
+
+int32_t getFlag(const LogOrigin &origin, int32_t radioIndex, uint32_t offset, uint32_t *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t value;
+  if (readConfigWord(origin, radioIndex, offset, &value) != kOk) return kFailure;
+  *out = value == 1 ? 1 : 0;
+  return kOk;
+}
+
+void writeDecimal(uint32_t value, char *out) {
+  char text[kTextSize];
+  snprintf(text, sizeof text - 1, "%d", static_cast<int32_t>(value));
+  copyExact(out, text, kTextSize - 1);
+}
+
+int32_t getNamed(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
+                 const char *(*textOf)(uint32_t), char *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t code;
+  if (readConfigWord(origin, radioIndex, offset, &code) != kOk) return kFailure;
+  if (const char *text = textOf(code); text != nullptr) copyExact(out, text, kTextSize - 1);
+  return kOk;
+}
+
+int32_t getWepKey(const LogOrigin &origin, const InstancePath &ssid, uint32_t keyIndex, char *out) {
+  const InstancePath instance = wlan::keyInstance(ssid.text, ".WEP", keyIndex, kKeyNameLimit);
+  RecordBuffer<WlanWepRecord> wep;
+  const int32_t status = pm_wlan_get_wep(instance.text, &wep);
+  if (!appliedOrUnchanged(status)) {
+    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
+    return kWepKeyUnreadable;
+  }
+  copyExact(out, wep.text(wep.key), kTextSize - 1);
+  return kOk;
+}
+
+int32_t getPassphrase(const LogOrigin &origin, const InstancePath &ssid, char *out) {
+  const InstancePath instance = wlan::keyInstance(ssid.text, ".PSK", 1, kKeyNameLimit);
+  RecordBuffer<WlanPskRecord> psk;
+  const int32_t status = pm_wlan_get_psk(instance.text, &psk);
+  if (!appliedOrUnchanged(status)) {
+    PM_LOG_FOR(origin, kError, status, "pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
+    return kPassphraseUnreadable;
+  }
+  copyExact(out, psk.text(psk.passphrase), kTextSize - 1);
+  return kOk;
+}
+
+void fill(char (&field)[kTextSize], TextGetter get, int32_t radioIndex) {
+  char text[kTextSize] = {};
+  get(radioIndex, text);
+  copyText(field, text);
+}
+
+void fill(int32_t &field, NumberGetter get, int32_t radioIndex) {
+  uint32_t number = 0;
+  get(radioIndex, &number);
+  field = static_cast<int32_t>(number);
+}
+
+}  // namespace
+
+int32_t ubus_get_radios_Enable(int32_t radioIndex, uint32_t *out) {
+  return getFlag(PM_ORIGIN, radioIndex, WlanConfigRecord::radioEnable.offset, out);
+}
+
+int32_t ubus_get_radios_SSIDEnable(int32_t radioIndex, uint32_t *out) {
+  return getFlag(PM_ORIGIN, radioIndex, WlanConfigRecord::ssidEnable.offset, out);
+}
+
+int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
+  if (out == nullptr) return kFailure;
+  if (radioIndex != 0 && radioIndex != 4) return kOk;
+  const InstancePath instance =
+      wlan::txPowerInstance(radioIndex == 0 ? wlan::kBand24G : wlan::kBand5G);
+  RecordBuffer<WlanTxPowerRecord> power;
+  if (checked(PM_ORIGIN, pm_wlan_get_txpower(instance.text, &power)) != kOk) return kFailure;
+  copyExact(out, power.text(power.txPower), kTextSize - 1);
+  return kOk;
+}
+
+int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char *out) {
+  return getNamed(PM_ORIGIN, radioIndex, WlanConfigRecord::standardCode.offset, wlan::standardText,
+                  out);
+}
+
+int32_t ubus_get_radios_noiseLevel(int32_t radioIndex, char *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t level;
+  if (readDriverWord(PM_ORIGIN, radioIndex, WlanDriverRecord::noiseLevel.offset, &level) != kOk) {
+    return kFailure;
+  }
+  writeDecimal(level, out);
+  return kOk;
+}
+
+int32_t ubus_get_radios_interferencePercent(int32_t radioIndex, uint32_t *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t percent;
+  if (readDriverWord(PM_ORIGIN, radioIndex, WlanDriverRecord::interferencePercent.offset,
+                     &percent) != kOk) {
+    return kFailure;
+  }
+  *out = percent;
+  return kOk;
+}
+
+int32_t ubus_get_radios_Channel(int32_t radioIndex, char *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t channel;
+  if (readConfigWord(PM_ORIGIN, radioIndex, WlanConfigRecord::channel.offset, &channel) != kOk) {
+    return kFailure;
+  }
+  writeDecimal(channel, out);
+  return kOk;
+}
+
+int32_t ubus_get_config_Radio(int32_t radioIndex, char *out) {
+  return getNamed(PM_ORIGIN, radioIndex, WlanConfigRecord::band.offset, wlan::bandText, out);
+}
+
+int32_t ubus_get_config_Index(int32_t radioIndex, uint32_t *out) {
+  if (out == nullptr) return kFailure;
+  const InstancePath ssid = ssidAt(radioIndex);
+  // The last character alone: SSID 10 is reported as 0.
+  *out = static_cast<uint32_t>(ssid.text[strlen(ssid.text) - 1] - '0');
+  return kOk;
+}
+
+int32_t ubus_get_config_Ssid(int32_t radioIndex, char *out) {
+  if (out == nullptr) return kFailure;
+  WlanConfig config;
+  if (readConfig(PM_ORIGIN, ssidAt(radioIndex), config) != kOk) return kFailure;
+  copyExact(out, config.text(config.ssid), kTextSize - 1);
+  return kOk;
+}
+
+int32_t ubus_get_config_SecurityMode(int32_t radioIndex, char *out) {
+  return getNamed(PM_ORIGIN, radioIndex, WlanConfigRecord::securityMode.offset, wlan::securityText,
+                  out);
+}
+
+int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out) {
+  if (out == nullptr) return kFailure;
+  const InstancePath ssid = ssidAt(radioIndex);
+  WlanConfig config;
+  if (readConfig(PM_ORIGIN, ssid, config) != kOk) return kFailure;
+  switch (config.get(config.securityMode)) {
+    case wlan::kSecurityWep:
+      return getWepKey(PM_ORIGIN, ssid, config.get(config.wepKeyIndex), out);
+    case wlan::kSecurityNone:
+    case wlan::kSecurityWpa:
+    case wlan::kSecurityWpa2:
+    case wlan::kSecurityWpaWpa2:
+      return getPassphrase(PM_ORIGIN, ssid, out);
+    default:
+      // WPA3 passphrases are not given away.
+      return kOk;
+  }
+}
+
+int32_t ubus_get_config_MaxAssociateNum(int32_t radioIndex, uint32_t *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t stations;
+  if (readConfigWord(PM_ORIGIN, radioIndex, WlanConfigRecord::maxAssociateNum.offset, &stations) !=
+      kOk) {
+    return kFailure;
+  }
+  *out = stations;
+  return kOk;
+}
+
+int32_t ubus_get_config_SsidAdvertisementEnable(int32_t radioIndex, uint32_t *out) {
+  return getFlag(PM_ORIGIN, radioIndex, WlanConfigRecord::ssidAdvertisementEnabled.offset, out);
+}
+
+int32_t ubus_get_info_bandwidth(int32_t radioIndex, uint32_t *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t code;
+  const int32_t status =
+      readConfigWord(PM_ORIGIN, radioIndex, WlanConfigRecord::bandwidthCode.offset, &code);
+  if (status == kOk) *out = wlan::bandwidthForDaemon(code);
+  return status;
+}
+
+int32_t ubus_get_info_encrypt(int32_t radioIndex, uint32_t *out) {
+  if (out == nullptr) return kFailure;
+  WlanConfig config;
+  if (const int32_t status = readConfig(PM_ORIGIN, ssidAt(radioIndex), config); status != kOk) {
+    return status;
+  }
+  const uint32_t mode = config.get(config.securityMode);
+  if (mode == wlan::kSecurityNone || mode == wlan::kSecurityWep) {
+    *out = 0;
+    return kOk;
+  }
+  const uint32_t cipher = mode == wlan::kSecurityWpa2 ? config.get(config.wpa2Encryption)
+                                                      : config.get(config.wpaEncryption);
+  if (const auto encrypt = wlan::cipherForDaemon(cipher)) *out = *encrypt;
+  return kOk;
+}
+
+uint32_t pm_ubus_get_wifi_info(int32_t radioIndex, WifiInfoRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return static_cast<uint32_t>(kFailure);
+  }
+  fill(record->radio, ubus_get_config_Radio, radioIndex);
+  fill(record->enable, ubus_get_radios_Enable, radioIndex);
+  fill(record->transmitPower, ubus_get_radios_transmitPower, radioIndex);
+  fill(record->standard, ubus_get_radios_ssidStandard, radioIndex);
+  fill(record->noiseLevel, ubus_get_radios_noiseLevel, radioIndex);
+  record->interferencePercent = 0;
+  fill(record->channel, ubus_get_radios_Channel, radioIndex);
+  fill(record->index, ubus_get_config_Index, radioIndex);
+  fill(record->ssid, ubus_get_config_Ssid, radioIndex);
+  fill(record->securityMode, ubus_get_config_SecurityMode, radioIndex);
+  fill(record->pwd, ubus_get_config_Pwd, radioIndex);
+  fill(record->maxAssociateNum, ubus_get_config_MaxAssociateNum, radioIndex);
+  fill(record->ssidAdvertisementEnabled, ubus_get_config_SsidAdvertisementEnable, radioIndex);
+  fill(record->ssidEnable, ubus_get_radios_SSIDEnable, radioIndex);
+  fill(record->bandwidth, ubus_get_info_bandwidth, radioIndex);
+  fill(record->encrypt, ubus_get_info_encrypt, radioIndex);
+  return 0;
+}
