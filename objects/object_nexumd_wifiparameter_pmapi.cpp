@@ -1,0 +1,186 @@
+#include <cstdio>
+
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "objects/wlan_tables.hpp"
+#include "platform/records/wlan_config.hpp"
+#include "platform/records/wlan_keys.hpp"
+#include "pmapi/wifiparameter.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_wifiparameter_pmapi.c";
+
+namespace {
+
+constexpr int32_t kKeyRefused = -21;
+
+using WlanConfig = RecordBuffer<WlanConfigRecord>;
+
+void logRequest(const LogOrigin &origin, const WifiParameterRecord &request) {
+  PM_LOG_FOR(origin, kInfo, 0, "ubuswifiparameter->radio:%s, ubuswifiparameter->encrypt:%d\n",
+             request.radio, request.encrypt);
+  PM_LOG_FOR(origin, kInfo, 0, "ubuswifiparameter->index:%d, ubuswifiparameter->enable:%d\n",
+             request.index, request.enable);
+  PM_LOG_FOR(origin, kInfo, 0,
+             "ubuswifiparameter->ssid:%s, ubuswifiparameter->securityMode:%s, "
+             "ubuswifiparameter->pwd:%s\n",
+             request.ssid, request.securityMode, request.pwd);
+  PM_LOG_FOR(origin, kInfo, 0,
+             "ubuswifiparameter->maxAssociateNum:%d, "
+             "ubuswifiparameter->ssidAdvertisementEnabled:%d\n",
+             request.maxAssociateNum, request.ssidAdvertisementEnabled);
+}
+
+uint32_t bandOf(const LogOrigin &origin, const char *radio) {
+  const auto band = wlan::bandNamed(radio);
+  if (!band) PM_LOG_FOR(origin, kError, 0, "ubuswifiparameter->radio error %s \r\n", radio);
+  return band.value_or(wlan::kBand24G);
+}
+
+void printSecurity(const wlan::SecurityMode &mode) {
+  const bool wpaAlone = mode.code == wlan::kSecurityWpa || mode.code == wlan::kSecurityWpa2;
+  if (wpaAlone) {
+    printf("ENTER securityMode %s \r\n", mode.text);
+  } else {
+    printf("ENTER securityMode  %s\r\n", mode.text);
+  }
+}
+
+void setSecurity(WlanConfig &config, const wlan::SecurityMode &mode, uint32_t cipher) {
+  config.set(config.securityMode, mode.code);
+  switch (mode.code) {
+    case wlan::kSecurityWep:
+      config.set(config.wepKeyLength, mode.wepKeyLength);
+      break;
+    case wlan::kSecurityWpa:
+      config.set(config.wpaEncryption, cipher);
+      break;
+    case wlan::kSecurityWpa2:
+      config.set(config.wpa2Encryption, cipher);
+      break;
+    case wlan::kSecurityWpaWpa2:
+      config.set(config.wpaEncryption, cipher);
+      config.set(config.wpa2Encryption, cipher);
+      break;
+    case wlan::kSecurityWpa3:
+    case wlan::kSecurityWpa2Wpa3:
+      config.set(config.saeEnable, 1);
+      config.set(config.saeProtection, 1);
+      break;
+    default:
+      break;
+  }
+}
+
+void applyRequest(const LogOrigin &origin, const WifiParameterRecord &request, WlanConfig &config) {
+  const uint32_t cipher = wlan::cipherForPlatform(request.encrypt);
+  config.set(config.band, bandOf(origin, request.radio));
+  config.set(config.ssidEnable, static_cast<uint32_t>(request.enable));
+  config.set(config.ssid, request.ssid);
+  config.set(config.maxAssociateNum, static_cast<uint32_t>(request.maxAssociateNum));
+  config.set(config.ssidAdvertisementEnabled,
+             static_cast<uint32_t>(request.ssidAdvertisementEnabled));
+  if (const auto *mode = wlan::securityNamed(request.securityMode); mode != nullptr) {
+    printSecurity(*mode);
+    setSecurity(config, *mode, cipher);
+  }
+}
+
+void logKey(const LogOrigin &origin, WlanConfig &config, const char *key) {
+  PM_LOG_FOR(origin, kVerbose, 0, "tESSID:%s,tKeyPassphrase:%s", config.text(config.ssid), key);
+}
+
+int32_t writeWepKey(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config,
+                    const char *key) {
+  const InstancePath instance =
+      wlan::keyInstance(ssid.text, ".WEP", config.get(config.wepKeyIndex));
+  RecordBuffer<WlanWepRecord> wep;
+  if (const int32_t status = pm_wlan_get_wep(instance.text, &wep); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
+    return status;
+  }
+  wep.set(wep.key, key);
+  if (const int32_t status = pm_wlan_set_wep(instance.text, &wep); !appliedOrUnchanged(status)) {
+    printf("pm_wlan_set_wep=%s fail=%d\n", instance.text, status);
+    return kKeyRefused;
+  }
+  logKey(origin, config, wep.text(wep.key));
+  return kOk;
+}
+
+int32_t writePassphrase(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config,
+                        const char *passphrase) {
+  const InstancePath instance = wlan::keyInstance(ssid.text, ".PSK", 1);
+  RecordBuffer<WlanPskRecord> psk;
+  if (const int32_t status = pm_wlan_get_psk(instance.text, &psk); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_psk=%s fail=%d\n", instance.text, status);
+    return status;
+  }
+  psk.set(psk.passphrase, passphrase);
+  if (const int32_t status = pm_wlan_set_psk(instance.text, &psk); !appliedOrUnchanged(status)) {
+    printf("pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
+    return kKeyRefused;
+  }
+  logKey(origin, config, psk.text(psk.passphrase));
+  return kOk;
+}
+
+/// An open network keeps its passphrase for the day on which it is closed again.
+int32_t writeKey(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config,
+                 const char *key) {
+  switch (config.get(config.securityMode)) {
+    case wlan::kSecurityWep:
+      return writeWepKey(origin, ssid, config, key);
+    case wlan::kSecurityNone:
+    case wlan::kSecurityWpa:
+    case wlan::kSecurityWpa2:
+    case wlan::kSecurityWpaWpa2:
+    case wlan::kSecurityWpa3:
+    case wlan::kSecurityWpa2Wpa3:
+      return writePassphrase(origin, ssid, config, key);
+    default:
+      return kOk;
+  }
+}
+
+int32_t setParameters(const LogOrigin &origin, const WifiParameterRecord &request) {
+  const InstancePath ssid = wlan::ssidInstance(request.index);
+  PM_LOG_FOR(origin, kVerbose, 0, "get szInstIdentity %s \r\n", ssid.text);
+
+  WlanConfig config;
+  if (const int32_t status = pm_wlan_get_config(ssid.text, &config); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_config fail=%d\n", status);
+    return status;
+  }
+  applyRequest(origin, request, config);
+  if (const int32_t status = pm_wlan_set_config(ssid.text, &config); !appliedOrUnchanged(status)) {
+    PM_LOG_FOR(origin, kError, status, "pm_wlan_set_config=%s fail=%d\n", ssid.text, status);
+    return status;
+  }
+  return writeKey(origin, ssid, config, request.pwd);
+}
+
+}  // namespace
+
+uint32_t pm_ubus_wifiParameter_set(const WifiParameterRecord *record) {
+  PM_LOG(kInfo, "now in function %s\n", __func__);
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_wifiParameter_set para is null");
+    return static_cast<uint32_t>(kNullRecord);
+  }
+  logRequest(PM_ORIGIN, *record);
+  return static_cast<uint32_t>(setParameters(PM_ORIGIN, *record));
+}
+
+int32_t pm_ubus_wifiParameter_set_Multi(const WifiParameterRecord *records, int32_t count) {
+  PM_LOG(kInfo, "enter pm_ubus_wifiParameter_set_Multi function! wifi_i = %d\n ", count);
+  if (records == nullptr) return 0;
+  for (int32_t i = 0; i < count; ++i) {
+    PM_LOG(kInfo, "i =%d..\n ", i);
+    const auto status = static_cast<int32_t>(pm_ubus_wifiParameter_set(&records[i]));
+    if (status != kOk) PM_FAIL(status, "[%s] set wifi parameter error\n", __func__);
+  }
+  return 0;
+}
