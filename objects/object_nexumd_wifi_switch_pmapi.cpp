@@ -1,0 +1,31 @@
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "objects/wlan_tables.hpp"
+#include "platform/records/wlan_config.hpp"
+#include "pmapi/wifi_switch.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_wifi_switch_pmapi.c";
+
+uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_wifi_switch_set para is null");
+    return static_cast<uint32_t>(kNullRecord);
+  }
+  const auto band = wlan::bandNamed(record->radio);
+  if (!band) {
+    PM_FAIL(0, "ubuswifiparameter->radio error %s \r\n", record->radio);
+    return static_cast<uint32_t>(kNullRecord);
+  }
+  const InstancePath instance = wlan::radioInstance(*band);
+  RecordBuffer<WlanConfigRecord> config;
+  config.set(config.band, *band);
+  config.set(config.radioEnable, static_cast<uint32_t>(record->enable));
+  const int32_t status = pm_wlan_set_config(instance.text, &config);
+  if (appliedOrUnchanged(status)) return 0;
+  PM_FAIL(status, "pm_wlan_get_config=%s fail=%d\n", instance.text, status);
+  return static_cast<uint32_t>(status);
+}

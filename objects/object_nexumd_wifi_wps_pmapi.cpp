@@ -1,0 +1,44 @@
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "objects/wlan_tables.hpp"
+#include "platform/records/wlan_wps.hpp"
+#include "pmapi/wifi_wps.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_wifi_wps_pmapi.c";
+
+uint32_t pm_ubus_wifi_wps_set(const char *radio) {
+  PM_ENTER();
+  if (radio == nullptr) {
+    PM_FAIL(0, "pm_ubus_wifiParameter_set para is null");
+    return static_cast<uint32_t>(kNullRecord);
+  }
+  InstancePath first("");
+  InstancePath second("");
+  if (const auto band = wlan::bandNamed(radio)) {
+    first = wlan::wpsInstance(*band);
+  } else if (abbreviates(radio, "all")) {
+    first = wlan::wpsInstance(wlan::kBand24G);
+    second = wlan::wpsInstance(wlan::kBand5G);
+    PM_LOG(kInfo, "szInstIdentity %s \r\n", first.text);
+    PM_LOG(kInfo, "szTmpIdentity %s \r\n", second.text);
+  } else {
+    // The platform decides what an instance without a name means.
+    PM_FAIL(0, "ubus_wifi_wps_set->radio error %s \r\n", radio);
+  }
+
+  RecordBuffer<WlanWpsRecord> wps;
+  wps.set(wps.start, 1);
+  int32_t status = pm_wlan_set_wps(first.text, &wps);
+  if (!appliedOrUnchanged(status)) {
+    PM_FAIL(status, "t_wlan_wps=%s fail=%d\n", first.text, status);
+    return static_cast<uint32_t>(status);
+  }
+  if (second.text[0] == '\0') return 0;
+  status = pm_wlan_set_wps(second.text, &wps);
+  if (appliedOrUnchanged(status)) return 0;
+  PM_FAIL(status, "pm_wlan_set_wps error=%d\n", status);
+  return static_cast<uint32_t>(status);
+}

@@ -1,0 +1,118 @@
+#include <cstdlib>
+
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "objects/wlan_tables.hpp"
+#include "platform/records/wlan_card.hpp"
+#include "platform/records/wlan_config.hpp"
+#include "platform/records/wlan_tx_power.hpp"
+#include "pmapi/set_radio.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "objest_nexumd_set_radio_pmapi.c";
+
+namespace {
+
+constexpr int32_t kNo5GRadio = -7;
+constexpr uint32_t kSingleCard = 1;
+constexpr int32_t kFullPower = 100;
+constexpr int32_t kPowerPerLevel = 20;
+
+using WlanConfig = RecordBuffer<WlanConfigRecord>;
+using WlanTxPower = RecordBuffer<WlanTxPowerRecord>;
+
+/// Level 1 is the uppermost fifth of the power, level 5 the lowest; 0 is no level.
+uint32_t powerLevel(int32_t percent) {
+  if (percent < 1 || percent > kFullPower) return 0;
+  return static_cast<uint32_t>((kFullPower - percent) / kPowerPerLevel + 1);
+}
+
+bool hasNo5GRadio(const LogOrigin &origin) {
+  RecordBuffer<WlanCardRecord> card;
+  PM_LOG_FOR(origin, kInfo, 0, "before pm_wlan_get_card_max----------------------------------");
+  pm_wlan_get_card_max(&card);
+  PM_LOG_FOR(origin, kInfo, 0, "after pm_wlan_get_card_max----------------------------------");
+  return card.get(card.cardCount) == kSingleCard;
+}
+
+int32_t fillSettings(const LogOrigin &origin, const RadioRecord &request, WlanTxPower &power,
+                     WlanConfig &config) {
+  power.set(power.txPower, request.transmitPower);
+  const int32_t percent = atoi(request.transmitPower);
+  const uint32_t level = powerLevel(percent);
+  if (level == 0) {
+    PM_LOG_FOR(origin, kError, 0, " tmp error tmp = %d \r\n", percent);
+    return kFailure;
+  }
+  PM_LOG_FOR(origin, kInfo, 0, "net_json_parse_data transmitpower = %d \r\n",
+             static_cast<int32_t>(level));
+  config.set(config.txPowerLevel, level);
+  config.set(config.channel, static_cast<uint32_t>(atoi(request.channel)));
+  config.set(config.channelMode, 0);
+  config.set(config.bandwidthCode,
+             wlan::bandwidthForPlatform(static_cast<uint32_t>(request.bandwidth)));
+  return kOk;
+}
+
+int32_t chooseBand(const LogOrigin &origin, const char *radio, uint32_t *band) {
+  const bool no5GRadio = hasNo5GRadio(origin);
+  const auto named = wlan::bandNamed(radio);
+  if (!named) {
+    PM_LOG_FOR(origin, kError, 0, "radio->radio error %s \r\n", radio);
+    return kFailure;
+  }
+  *band = *named;
+  if (*band == wlan::kBand24G) {
+    PM_LOG_FOR(origin, kInfo, 0, "enter 2.4G-----------------------------------");
+    return kOk;
+  }
+  PM_LOG_FOR(origin, kInfo, 0, "enter 5G-------------------------------------");
+  if (no5GRadio) {
+    PM_LOG_FOR(origin, kError, kNo5GRadio, "error:there is no 5G info, iRet = %d\n", kNo5GRadio);
+    return kNo5GRadio;
+  }
+  return kOk;
+}
+
+int32_t writeSettings(const LogOrigin &origin, uint32_t band, WlanTxPower &power,
+                      WlanConfig &config) {
+  power.set(power.band, band);
+  config.set(config.band, band);
+  int32_t status = pm_wlan_set_txpower(wlan::txPowerInstance(band).text, &power);
+  if (status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "call pm_wlan_set_txpower faild,iRet=%d\n", status);
+    return status;
+  }
+  status = pm_wlan_set_config(wlan::radioInstance(band).text, &config);
+  if (appliedOrUnchanged(status)) return kOk;
+  PM_LOG_FOR(origin, kError, status, "pm_wlan_set_config error=%d\n", status);
+  return status;
+}
+
+int32_t setRadio(const LogOrigin &origin, const RadioRecord &request) {
+  WlanTxPower power;
+  WlanConfig config;
+  int32_t status = fillSettings(origin, request, power, config);
+  if (status != kOk) return status;
+  uint32_t band;
+  status = chooseBand(origin, request.radio, &band);
+  if (status != kOk) return status;
+  return writeSettings(origin, band, power, config);
+}
+
+}  // namespace
+
+uint32_t pm_ubus_radio_set(const RadioRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_radio_set para is null");
+    return static_cast<uint32_t>(kNullRecord);
+  }
+  PM_LOG(kInfo, "radio->radio:%s\n", record->radio);
+  PM_LOG(kInfo, "radio->transmitPower:%s\n", record->transmitPower);
+  PM_LOG(kInfo, "radio->channel:%s\n", record->channel);
+  PM_LOG(kInfo, "radio->bandwidth:%d\n", record->bandwidth);
+  return static_cast<uint32_t>(setRadio(PM_ORIGIN, *record));
+}
