@@ -1,0 +1,174 @@
+// Where the library's calls enter the platform: each is recorded once, and each may be made to
+// fail.
+//
+// A function of the platform is a few lines around what it does:
+//
+//   int32_t pm_dev_restart(uint32_t reason) {
+//     return boundary::status("pm_dev_restart", std::to_string(reason), [&](Gateway &gateway) {
+//       ...
+//       return kOk;
+//     });
+//   }
+//
+// The key says what a call is about, so that a fault can pick it: "DBVIEW_LAN_DEVICE IGD.LD1".
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "gateway/status.hpp"
+
+namespace gateway {
+
+class Gateway;
+
+/// One call of the library, as it left the platform again.
+struct Call {
+  std::string name;
+  std::string key;
+  std::string answer;
+  bool faulted = false;
+};
+
+/// "NAME(KEY) = ANSWER", with a mark when a fault made it so.
+std::string toString(const Call &call);
+
+/// Makes calls fail: those of this name ("*": every one that can fail) whose key contains `match`,
+/// beginning with the `from`-th of them.
+struct Fault {
+  static constexpr uint32_t kUnlimited = 0;
+
+  std::string call;
+  std::string match = {};
+  uint32_t from = 1;
+  uint32_t times = kUnlimited;
+  std::optional<int32_t> answer = {};      /**< none: the call's own natural failure */
+  std::optional<int32_t> replyStatus = {}; /**< proxy: the call succeeds, its reply says this */
+  std::optional<uint16_t> replyLength =
+      {}; /**< proxy, manager: the length reported for the reply */
+
+  uint32_t seen = 0;  /**< matching calls so far */
+  uint32_t fired = 0; /**< how many of them it changed */
+};
+
+std::string toString(const Fault &fault);
+
+/// Ends a platform function from within: its status, and a complaint unless the text is empty.
+class Refusal : public std::runtime_error {
+ public:
+  explicit Refusal(int32_t status, const std::string &complaint = {})
+      : std::runtime_error(complaint), status_(status) {}
+  int32_t status() const { return status_; }
+
+ private:
+  int32_t status_;
+};
+
+class Boundary {
+ public:
+  /// The number identifies the fault in fault().
+  size_t addFault(Fault fault);
+  const Fault &fault(size_t number) const { return faults_.at(number); }
+  std::vector<Fault> unfiredFaults() const;
+
+  const std::vector<Call> &calls() const { return calls_; }
+  /// Calls so far that could have been made to fail.
+  uint32_t fallibleCalls() const { return fallible_; }
+  void onCall(std::function<void(const Call &)> sink) { sink_ = std::move(sink); }
+
+  /// Counts a call that can fail and finds the fault that applies to it.
+  const Fault *enter(std::string_view name, std::string_view key);
+  void leave(Call call);
+
+  void clearCalls();
+  void reset();
+
+ private:
+  std::deque<Fault> faults_;
+  std::vector<Call> calls_;
+  uint32_t fallible_ = 0;
+  std::function<void(const Call &)> sink_;
+};
+
+namespace boundary {
+
+/// One call on its way through the boundary; it is recorded when the object goes.
+class Passage {
+ public:
+  enum class Kind { kFallible, kInfallible };
+
+  Passage(std::string name, std::string key, Kind kind = Kind::kFallible);
+  ~Passage();
+  Passage(const Passage &) = delete;
+  Passage &operator=(const Passage &) = delete;
+
+  const Fault *fault() const { return fault_; }
+  void answered(int64_t value) { call_.answer = std::to_string(value); }
+  void answered(const void *value) { call_.answer = value == nullptr ? "NULL" : "ok"; }
+  void answered(std::string text) { call_.answer = std::move(text); }
+  /// Keeps a complaint about this call.
+  void complain(const std::string &text);
+
+  /// Runs `body`; whatever it throws becomes a complaint and `failing`, or the refusal's status.
+  template <class Value, class Body>
+  Value run(Value failing, Body body) {
+    try {
+      return body(gateway());
+    } catch (const Refusal &refusal) {
+      refused(refusal);
+      if constexpr (std::is_same_v<Value, int32_t>) return refusal.status();
+    } catch (const std::exception &error) {
+      complain(error.what());
+    }
+    return failing;
+  }
+
+ private:
+  static Gateway &gateway();
+  void refused(const Refusal &refusal);
+
+  Call call_;
+  const Fault *fault_ = nullptr;
+};
+
+/// A call that answers a status; `failing` is what a fault without an answer of its own gives.
+template <class Body>
+int32_t status(const char *name, std::string key, Body body, int32_t failing = kFailed) {
+  Passage passage(name, std::move(key));
+  const int32_t result = passage.fault() != nullptr ? passage.fault()->answer.value_or(failing)
+                                                    : passage.run<int32_t>(failing, body);
+  passage.answered(result);
+  return result;
+}
+
+/// A call that answers a pointer; a fault makes it NULL.
+template <class Pointer, class Body>
+Pointer pointer(const char *name, std::string key, Body body) {
+  Passage passage(name, std::move(key));
+  Pointer result = nullptr;
+  if (passage.fault() == nullptr) result = passage.run<Pointer>(nullptr, body);
+  passage.answered(result);
+  return result;
+}
+
+/// A call that cannot fail; what it answers is not worth recording.
+template <class Body>
+void note(const char *name, std::string key, Body body) {
+  Passage passage(name, std::move(key), Passage::Kind::kInfallible);
+  passage.run<int32_t>(kFailed, [&](Gateway &gateway) {
+    body(gateway);
+    return kOk;
+  });
+}
+
+/// A text that the library handed over, "(null)" for none.
+std::string text(const char *given);
+
+}  // namespace boundary
+}  // namespace gateway

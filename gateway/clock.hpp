@@ -1,0 +1,43 @@
+// The gateway's time: it stands still until somebody sleeps or moves it.
+#pragma once
+
+#include <cstdint>
+
+namespace gateway {
+
+class Clock {
+ public:
+  static constexpr int64_t kDefaultUptime = 3600;
+  static constexpr int64_t kDefaultTime = 1700000000;
+
+  int64_t uptime() const { return uptime_; }
+  /// Seconds since 1970.
+  int64_t time() const { return time_; }
+  /// Seconds that the library slept.
+  int64_t slept() const { return slept_; }
+
+  void set(int64_t uptime, int64_t time) {
+    uptime_ = uptime;
+    time_ = time;
+  }
+  void advance(int64_t seconds) {
+    uptime_ += seconds;
+    time_ += seconds;
+  }
+  /// A sleep of the library: it moves the clock, and takes its time only when that is asked for.
+  void sleep(uint32_t seconds);
+  void useRealTime(bool real) { real_ = real; }
+
+  void reset() {
+    set(kDefaultUptime, kDefaultTime);
+    slept_ = 0;
+  }
+
+ private:
+  int64_t uptime_ = kDefaultUptime;
+  int64_t time_ = kDefaultTime;
+  int64_t slept_ = 0;
+  bool real_ = false;
+};
+
+}  // namespace gateway

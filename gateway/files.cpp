@@ -1,0 +1,209 @@
+#include "gateway/files.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string_view>
+
+#include "gateway/boundary.hpp"
+#include "gateway/gateway.hpp"
+
+namespace gateway {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kMapped[] = {"/userconfig/", "/proc/", "/tmp/"};
+constexpr mode_t kNewFileMode = 0644;
+
+/// What stands behind a stream of the library: a real descriptor, every use of which is a call.
+struct Cookie {
+  int descriptor;
+  std::string path;
+  FILE *stream = nullptr;
+};
+
+// The answer of a read or write: what `transfer` gives, or what the fault leaves of it.
+template <class Transfer>
+ssize_t transferred(const char *call, const Cookie &cookie, int failure, Transfer transfer) {
+  boundary::Passage passage(call, cookie.path);
+  ssize_t done = 0;
+  if (passage.fault() == nullptr) {
+    done = transfer(-1);
+  } else {
+    const int32_t part = passage.fault()->answer.value_or(0);
+    if (part > 0) done = transfer(part);
+    errno = failure;
+  }
+  passage.answered(done);
+  return done;
+}
+
+ssize_t readCookie(void *opaque, char *buffer, size_t size) {
+  const auto *cookie = static_cast<Cookie *>(opaque);
+  const ssize_t done = transferred("read", *cookie, EIO, [&](ssize_t part) {
+    return ::read(cookie->descriptor, buffer, part < 0 ? size : std::min<size_t>(size, part));
+  });
+  const std::vector<Call> &calls = Gateway::current().boundary().calls();
+  return done == 0 && calls.back().faulted ? -1 : done;
+}
+
+ssize_t writeCookie(void *opaque, const char *buffer, size_t size) {
+  const auto *cookie = static_cast<Cookie *>(opaque);
+  const ssize_t done = transferred("write", *cookie, ENOSPC, [&](ssize_t part) {
+    return ::write(cookie->descriptor, buffer, part < 0 ? size : std::min<size_t>(size, part));
+  });
+  return std::max<ssize_t>(done, 0);
+}
+
+int seekCookie(void *opaque, off64_t *offset, int whence) {
+  const auto *cookie = static_cast<Cookie *>(opaque);
+  const off64_t reached = ::lseek64(cookie->descriptor, *offset, whence);
+  if (reached < 0) return -1;
+  *offset = reached;
+  return 0;
+}
+
+int closeCookie(void *opaque) {
+  auto *cookie = static_cast<Cookie *>(opaque);
+  Gateway::current().files().closed(cookie->stream);
+  const int32_t result = boundary::status("fclose", cookie->path,
+                                          [&](Gateway &) { return ::close(cookie->descriptor); });
+  if (result != 0) {
+    ::close(cookie->descriptor);
+    errno = ENOSPC;
+  }
+  delete cookie;
+  return result == 0 ? 0 : EOF;
+}
+
+int openFlags(std::string_view mode) {
+  const bool both = mode.find('+') != std::string_view::npos;
+  if (mode.starts_with('r')) return both ? O_RDWR : O_RDONLY;
+  const int how = O_CREAT | (mode.starts_with('a') ? O_APPEND : O_TRUNC);
+  return how | (both ? O_RDWR : O_WRONLY);
+}
+
+}  // namespace
+
+Files::~Files() {
+  removeRoot();
+}
+
+void Files::makeRoot() {
+  if (root_.empty()) {
+    std::string name = (fs::temp_directory_path() / "pmapi-gateway-XXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr) {
+      throw std::runtime_error("cannot make a directory for the gateway's files: " + name);
+    }
+    root_ = name;
+    temporary_ = true;
+  }
+  for (const std::string_view directory : kMapped) {
+    fs::create_directories(root_ / directory.substr(1));
+  }
+}
+
+void Files::removeRoot() {
+  std::error_code ignored;
+  if (temporary_) fs::remove_all(root_, ignored);
+  root_.clear();
+  temporary_ = false;
+}
+
+void Files::useRoot(const fs::path &directory) {
+  removeRoot();
+  root_ = fs::absolute(directory);
+  makeRoot();
+}
+
+void Files::useTemporaryRoot() { removeRoot(); }
+
+const fs::path &Files::root() {
+  if (root_.empty()) makeRoot();
+  return root_;
+}
+
+std::string Files::map(const char *path) {
+  const std::string_view given = path;
+  const bool mapped =
+      std::any_of(std::begin(kMapped), std::end(kMapped),
+                  [&](std::string_view directory) { return given.starts_with(directory); });
+  if (!mapped) return path;
+  if (given.find("/../") != std::string_view::npos) {
+    throw std::invalid_argument("path leaves the gateway: " + std::string(given));
+  }
+  return (root() / given.substr(1)).string();
+}
+
+void Files::write(const std::string &path, const std::string &content) {
+  const fs::path real = map(path.c_str());
+  if (real == path) throw std::invalid_argument("not a path of the gateway");
+  fs::create_directories(real.parent_path());
+  std::ofstream(real, std::ios::binary) << content;
+}
+
+std::optional<std::string> Files::read(const std::string &path) {
+  std::ifstream file(map(path.c_str()), std::ios::binary);
+  if (!file) return std::nullopt;
+  std::ostringstream content;
+  content << file.rdbuf();
+  return content.str();
+}
+
+void Files::remove(const std::string &path) {
+  fs::remove(map(path.c_str()));
+}
+
+std::vector<std::string> Files::list() {
+  std::vector<std::string> paths;
+  for (const fs::directory_entry &entry : fs::recursive_directory_iterator(root())) {
+    if (!entry.is_regular_file()) continue;
+    paths.push_back("/" + entry.path().lexically_relative(root()).string());
+  }
+  std::sort(paths.begin(), paths.end());
+  return paths;
+}
+
+void Files::reset() {
+  // Streams that an earlier gateway's caller left open stay open, but are no longer counted.
+  streams_.clear();
+  if (temporary_) removeRoot();
+}
+
+FILE *Files::open(const char *path, const char *mode) {
+  const int descriptor = ::open(map(path).c_str(), openFlags(mode) | O_CLOEXEC, kNewFileMode);
+  if (descriptor < 0) return nullptr;
+  auto *cookie = new Cookie{descriptor, path};
+  FILE *stream = ::fopencookie(cookie, mode, {readCookie, writeCookie, seekCookie, closeCookie});
+  if (stream == nullptr) {
+    ::close(descriptor);
+    delete cookie;
+    return nullptr;
+  }
+  cookie->stream = stream;
+  streams_[stream] = {path, descriptor};
+  return stream;
+}
+
+int Files::descriptorOf(FILE *stream) const {
+  const auto found = streams_.find(stream);
+  return found == streams_.end() ? -1 : found->second.descriptor;
+}
+
+std::string Files::pathOfDescriptor(int descriptor) const {
+  for (const auto &[stream, opened] : streams_) {
+    if (opened.descriptor == descriptor) return opened.path;
+  }
+  return "descriptor " + std::to_string(descriptor);
+}
+
+}  // namespace gateway

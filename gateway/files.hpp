@@ -1,0 +1,61 @@
+// The gateway's file system: what the library opens under /userconfig, /proc and /tmp lies in a
+// directory of this machine.
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace gateway {
+
+class Files {
+ public:
+  Files() = default;
+  ~Files();
+  Files(const Files &) = delete;
+  Files &operator=(const Files &) = delete;
+
+  /// Keeps the gateway's files in a directory of the user's and leaves them there.
+  void useRoot(const std::filesystem::path &directory);
+  /// Back to a directory of its own, removed at the end.
+  void useTemporaryRoot();
+  const std::filesystem::path &root();
+
+  /// Where a path of the gateway lies on this machine; paths of no interest are themselves.
+  std::string map(const char *path);
+
+  void write(const std::string &path, const std::string &content);
+  std::optional<std::string> read(const std::string &path);
+  void remove(const std::string &path);
+  /// Every file below the root, by its path on the gateway.
+  std::vector<std::string> list();
+
+  /// Streams that the library opened and has not closed.
+  size_t openStreams() const { return streams_.size(); }
+
+  void reset();
+
+  // What stands behind the library's own calls of libc.
+  FILE *open(const char *path, const char *mode);
+  int descriptorOf(FILE *stream) const;
+  std::string pathOfDescriptor(int descriptor) const;
+  void closed(FILE *stream) { streams_.erase(stream); }
+
+ private:
+  struct Stream {
+    std::string path;
+    int descriptor;
+  };
+
+  void makeRoot();
+  void removeRoot();
+
+  std::filesystem::path root_;
+  bool temporary_ = false;
+  std::map<FILE *, Stream> streams_;
+};
+
+}  // namespace gateway

@@ -1,0 +1,63 @@
+#include "gateway/gateway.hpp"
+
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "gateway/library_calls.hpp"
+#include "gateway/profile.hpp"
+#include "gateway/section.hpp"
+
+namespace gateway {
+
+Gateway &Gateway::current() {
+  // Never destroyed: the library may close files and give blocks back until the process is gone.
+  static Gateway *const gateway = [] {
+    std::atexit([] { current().files().reset(); });
+    return new Gateway;
+  }();
+  takeOverLibraryCalls();
+  return *gateway;
+}
+
+Gateway::Gateway() = default;
+
+void Gateway::reset() {
+  store_.clear();
+  boundary_.reset();
+  clock_.reset();
+  files_.reset();
+  logs_.clear();
+  complaints_.clear();
+  logResult_ = 0;
+  for (Section *section : Section::all()) section->reset();
+}
+
+void Gateway::load(const Json &profile) {
+  reset();
+  loadProfile(*this, profile);
+}
+
+void Gateway::loadFile(const std::string &fileName) {
+  load(readProfile(fileName));
+}
+
+Json Gateway::save() {
+  return saveProfile(*this);
+}
+
+void Gateway::log(LogLine line) {
+  if (logSink_) logSink_(line);
+  logs_.push_back(std::move(line));
+}
+
+void Gateway::complain(const std::string &complaint) {
+  if (complaintSink_) complaintSink_(complaint);
+  complaints_.push_back(complaint);
+}
+
+std::vector<std::string> Gateway::takeComplaints() {
+  return std::exchange(complaints_, {});
+}
+
+}  // namespace gateway

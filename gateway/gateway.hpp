@@ -1,0 +1,88 @@
+// The virtual gateway: one object that holds everything that a real one would.
+//
+// How to add a family of platform calls:
+//  1. Make gateway/FAMILY.cpp; it is found by itself. Take the family's functions out of
+//     gateway/missing_*.cpp.
+//  2. Define each function with boundary::status or boundary::pointer: the call's name, a key that
+//     says what it is about, and what it does. Answer a Status; throw Refusal for what the platform
+//     would complain of.
+//  3. Keep state in the store where a view or record holds it (`gateway.store().row<View>(path)`),
+//     else in a Section at namespace scope with the family's member of the profile. A section must
+//     reset, load and save: a saved gateway loads to the same state.
+//  4. Answer proxy events with a ProxyEvent, manager messages with a ManagerReply or MessageSink at
+//     namespace scope (proxy.hpp, manager.hpp).
+//  5. Test the family through the library, with tests/support/gateway_test.hpp.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "gateway/boundary.hpp"
+#include "gateway/clock.hpp"
+#include "gateway/files.hpp"
+#include "gateway/json.hpp"
+#include "gateway/store.hpp"
+
+namespace gateway {
+
+/// One line that the library handed to the daemon's logger.
+struct LogLine {
+  std::string tag;
+  int32_t line = 0;
+  std::string function;
+  int32_t level = 0;
+  int32_t code = 0;
+  std::string text;
+};
+
+class Gateway {
+ public:
+  static Gateway &current();
+
+  Store &store() { return store_; }
+  Boundary &boundary() { return boundary_; }
+  Clock &clock() { return clock_; }
+  Files &files() { return files_; }
+
+  /// Back to an empty gateway: no records, files, faults, log lines or complaints.
+  void reset();
+  /// Replaces everything by a profile; throws ProfileError. The text form is a file's name.
+  void load(const Json &profile);
+  void loadFile(const std::string &fileName);
+  /// What the gateway has become, in the form that load() takes.
+  Json save();
+
+  const std::vector<LogLine> &logs() const { return logs_; }
+  void log(LogLine line);
+  void onLog(std::function<void(const LogLine &)> sink) { logSink_ = std::move(sink); }
+  /// What the daemon's logger answers; two handlers pass it on.
+  int32_t logResult() const { return logResult_; }
+  void setLogResult(int32_t result) { logResult_ = result; }
+
+  /// What a real platform would refuse: the library broke its side of the contract.
+  const std::vector<std::string> &complaints() const { return complaints_; }
+  void complain(const std::string &complaint);
+  std::vector<std::string> takeComplaints();
+  void onComplaint(std::function<void(const std::string &)> sink) {
+    complaintSink_ = std::move(sink);
+  }
+
+  void clearLogs() { logs_.clear(); }
+
+ private:
+  Gateway();
+
+  Store store_;
+  Boundary boundary_;
+  Clock clock_;
+  Files files_;
+  std::vector<LogLine> logs_;
+  std::vector<std::string> complaints_;
+  std::function<void(const LogLine &)> logSink_;
+  std::function<void(const std::string &)> complaintSink_;
+  int32_t logResult_ = 0;
+};
+
+}  // namespace gateway

@@ -1,0 +1,189 @@
+// What the library calls in libc, the gateway answers: files, sleeping, uptime, and the one
+// allocation that must be able to fail. The library's own import slots are pointed here, so that
+// nobody else in the process notices.
+#include "gateway/library_calls.hpp"
+
+#include <link.h>
+#include <sys/mman.h>
+#include <sys/sysinfo.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+#include "gateway/gateway.hpp"
+
+namespace gateway {
+
+namespace {
+
+FILE *openForLibrary(const char *path, const char *mode) {
+  const std::string key = boundary::text(path) + " " + boundary::text(mode);
+  errno = EIO;
+  return boundary::pointer<FILE *>("fopen", key, [&](Gateway &gateway) {
+    if (path == nullptr || mode == nullptr) throw Refusal(kNullArgument, "no path or mode");
+    return gateway.files().open(path, mode);
+  });
+}
+
+int descriptorForLibrary(FILE *stream) {
+  const int own = Gateway::current().files().descriptorOf(stream);
+  return own >= 0 ? own : ::fileno(stream);
+}
+
+int syncForLibrary(int descriptor) {
+  const std::string path = Gateway::current().files().pathOfDescriptor(descriptor);
+  errno = EIO;
+  return boundary::status("fsync", path, [&](Gateway &) { return ::fsync(descriptor); });
+}
+
+int renameForLibrary(const char *from, const char *to) {
+  errno = EIO;
+  return boundary::status("rename", boundary::text(from) + " " + boundary::text(to),
+                          [&](Gateway &gateway) {
+                            if (from == nullptr || to == nullptr)
+                              throw Refusal(kNullArgument, "no path");
+                            Files &files = gateway.files();
+                            return std::rename(files.map(from).c_str(), files.map(to).c_str());
+                          });
+}
+
+int unlinkForLibrary(const char *path) {
+  errno = EIO;
+  return boundary::status("unlink", boundary::text(path), [&](Gateway &gateway) {
+    if (path == nullptr) throw Refusal(kNullArgument, "no path");
+    return ::unlink(gateway.files().map(path).c_str());
+  });
+}
+
+void *allocateForLibrary(size_t count, size_t size) {
+  const std::string key = std::to_string(count) + " " + std::to_string(size);
+  errno = ENOMEM;
+  return boundary::pointer<void *>("calloc", key,
+                                   [&](Gateway &) { return std::calloc(count, size); });
+}
+
+unsigned sleepForLibrary(unsigned seconds) {
+  boundary::note("sleep", std::to_string(seconds),
+                 [&](Gateway &gateway) { gateway.clock().sleep(seconds); });
+  return 0;
+}
+
+int sysinfoForLibrary(struct sysinfo *info) {
+  errno = EFAULT;
+  return boundary::status("sysinfo", "", [&](Gateway &gateway) {
+    std::memset(info, 0, sizeof *info);
+    info->uptime = static_cast<decltype(info->uptime)>(gateway.clock().uptime());
+    info->mem_unit = 1;
+    return kOk;
+  });
+}
+
+struct Replacement {
+  std::string_view symbol;
+  uintptr_t function;
+};
+
+template <class Function>
+Replacement replacement(std::string_view symbol, Function function) {
+  return {symbol, reinterpret_cast<uintptr_t>(function)};
+}
+
+const Replacement kReplacements[] = {
+    replacement("fopen", openForLibrary),    replacement("fileno", descriptorForLibrary),
+    replacement("fsync", syncForLibrary),    replacement("rename", renameForLibrary),
+    replacement("unlink", unlinkForLibrary), replacement("calloc", allocateForLibrary),
+    replacement("sleep", sleepForLibrary),   replacement("sysinfo", sysinfoForLibrary),
+};
+
+/// The tables of one loaded library that say which of its slots holds which import.
+struct Imports {
+  ElfW(Addr) base = 0;
+  const ElfW(Sym) *symbols = nullptr;
+  const char *names = nullptr;
+  const ElfW(Rel) * relocations[2] = {};
+  size_t counts[2] = {};
+};
+
+Imports importsOf(const dl_phdr_info &library, const ElfW(Dyn) * dynamic) {
+  Imports imports;
+  imports.base = library.dlpi_addr;
+  // The loader may or may not have added the base to the addresses of its dynamic section.
+  const auto address = [&](ElfW(Addr) value) {
+    return value < imports.base ? imports.base + value : value;
+  };
+  for (; dynamic->d_tag != DT_NULL; ++dynamic) {
+    const ElfW(Addr) value = dynamic->d_un.d_ptr;
+    switch (dynamic->d_tag) {
+      case DT_SYMTAB:
+        imports.symbols = reinterpret_cast<const ElfW(Sym) *>(address(value));
+        break;
+      case DT_STRTAB:
+        imports.names = reinterpret_cast<const char *>(address(value));
+        break;
+      case DT_JMPREL:
+        imports.relocations[0] = reinterpret_cast<const ElfW(Rel) *>(address(value));
+        break;
+      case DT_PLTRELSZ:
+        imports.counts[0] = value / sizeof(ElfW(Rel));
+        break;
+      case DT_REL:
+        imports.relocations[1] = reinterpret_cast<const ElfW(Rel) *>(address(value));
+        break;
+      case DT_RELSZ:
+        imports.counts[1] = value / sizeof(ElfW(Rel));
+        break;
+      default:
+        break;
+    }
+  }
+  return imports;
+}
+
+void writeSlot(ElfW(Addr) slot, uintptr_t function) {
+  const auto pageSize = static_cast<uintptr_t>(::sysconf(_SC_PAGESIZE));
+  auto *page = reinterpret_cast<void *>(slot & ~(pageSize - 1));
+  ::mprotect(page, pageSize, PROT_READ | PROT_WRITE);
+  std::memcpy(reinterpret_cast<void *>(slot), &function, sizeof function);
+}
+
+void redirect(const Imports &imports) {
+  for (int table = 0; table < 2; ++table) {
+    for (size_t i = 0; i < imports.counts[table]; ++i) {
+      const ElfW(Rel) &relocation = imports.relocations[table][i];
+      const ElfW(Sym) &symbol = imports.symbols[ELF32_R_SYM(relocation.r_info)];
+      const std::string_view name = imports.names + symbol.st_name;
+      for (const Replacement &replacement : kReplacements) {
+        if (name == replacement.symbol) {
+          writeSlot(imports.base + relocation.r_offset, replacement.function);
+        }
+      }
+    }
+  }
+}
+
+int visitLibrary(dl_phdr_info *library, size_t, void *found) {
+  const std::string_view path = library->dlpi_name;
+  if (path.find("/libpmapi.so") == std::string_view::npos) return 0;
+  for (int i = 0; i < library->dlpi_phnum; ++i) {
+    const ElfW(Phdr) &header = library->dlpi_phdr[i];
+    if (header.p_type != PT_DYNAMIC) continue;
+    redirect(importsOf(*library,
+                       reinterpret_cast<const ElfW(Dyn) *>(library->dlpi_addr + header.p_vaddr)));
+    *static_cast<bool *>(found) = true;
+  }
+  return 1;
+}
+
+}  // namespace
+
+bool takeOverLibraryCalls() {
+  static bool taken = false;
+  if (!taken) ::dl_iterate_phdr(visitLibrary, &taken);
+  return taken;
+}
+
+}  // namespace gateway

@@ -1,0 +1,105 @@
+#include "gateway/boundary.hpp"
+
+#include "gateway/host.hpp"
+#include "gateway/status.hpp"
+#include "platform/device.h"
+#include "platform/proxy.h"
+#include "platform/wan.h"
+#include "tests/support/gateway_test.hpp"
+
+namespace gateway {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::SizeIs;
+
+class BoundaryTest : public GatewayTest {
+ protected:
+  static int32_t call(const char *key, int32_t answer = 0) {
+    return boundary::status("some_call", key, [&](Gateway &) { return answer; });
+  }
+};
+
+TEST_F(BoundaryTest, FaultFiresFromTheNthMatchingCallAsOftenAsItSays) {
+  fail("some_call", "b", -77, 2, 2);
+  std::vector<int32_t> answers;
+  for (const char *key : {"ab", "a", "ab", "cb", "b"}) answers.push_back(call(key));
+  EXPECT_THAT(answers, ElementsAre(0, 0, -77, -77, 0));
+  EXPECT_THAT(trace(),
+              ElementsAre("some_call(ab) = 0", "some_call(a) = 0", "some_call(ab) = -77 [fault]",
+                          "some_call(cb) = -77 [fault]", "some_call(b) = 0"));
+}
+
+TEST_F(BoundaryTest, FaultWithoutAnAnswerFailsEachCallItsOwnWay) {
+  fail("*");
+  uint8_t mac[6] = {};
+  uint32_t size = 5;
+  EXPECT_EQ(GetUB(8), nullptr);
+  EXPECT_EQ(StrToMAC("00:1a:2b:3c:4d:5e", mac), 0);
+  EXPECT_EQ(GetRamSizeTotal(&size), kFailed);
+  EXPECT_EQ(size, 5u);
+  EXPECT_EQ(gateway().boundary().fallibleCalls(), 3u);
+}
+
+TEST_F(BoundaryTest, FaultThatNeverFiresIsReported) {
+  gateway().boundary().addFault({"some_call", "", 3});
+  call("x");
+  const std::vector<Fault> unfired = gateway().boundary().unfiredFaults();
+  ASSERT_THAT(unfired, SizeIs(1));
+  EXPECT_EQ(toString(unfired[0]), "some_call from call 3 (met 1)");
+  call("x");
+  call("x");
+  EXPECT_THAT(gateway().boundary().unfiredFaults(), SizeIs(0));
+}
+
+TEST_F(BoundaryTest, WhatTheBodyThrowsIsComplainedOfAndFails) {
+  expectComplaint("some_call(key): broken");
+  EXPECT_EQ(boundary::status("some_call", "key",
+                             [](Gateway &) -> int32_t { throw std::runtime_error("broken"); }),
+            kFailed);
+  expectComplaint("some_call(key): refused");
+  EXPECT_EQ(boundary::status("some_call", "key",
+                             [](Gateway &) -> int32_t { throw Refusal(kTableFull, "refused"); }),
+            kTableFull);
+  EXPECT_THAT(trace(), ElementsAre("some_call(key) = -1", "some_call(key) = -2006"));
+}
+
+TEST_F(BoundaryTest, WhatIsMissingSaysSo) {
+  expectComplaint("not there yet in the virtual gateway");
+  uint32_t reply = 0;
+  uint16_t length = sizeof reply;
+  EXPECT_EQ(ctSgw_ssend_to_proxy(9999, nullptr, 0, &reply, &length), kNotThereYet);
+  EXPECT_EQ(length, sizeof reply);
+}
+
+TEST_F(BoundaryTest, ProxyFaultsAnswerThroughTheReplyToo) {
+  int32_t reply[2] = {11, 22};
+  uint16_t length = sizeof reply;
+  Fault refused{"ctSgw_ssend_to_proxy", "SET_LOCK", 1, 1};
+  refused.replyStatus = 5;
+  fail(refused);
+  EXPECT_EQ(ctSgw_ssend_to_proxy(CTSGW_EVENT_SET_LOCK, nullptr, 0, reply, &length), 0);
+  EXPECT_EQ(length, 4);
+  EXPECT_THAT(reply, ElementsAre(5, 22));
+
+  Fault longer{"ctSgw_ssend_to_proxy", "SET_LOCK", 1, 1};
+  longer.replyLength = 3000;
+  fail(longer);
+  EXPECT_EQ(ctSgw_ssend_to_proxy(CTSGW_EVENT_SET_LOCK, nullptr, 0, reply, &length), 0);
+  EXPECT_EQ(length, 3000);
+}
+
+TEST_F(BoundaryTest, SweepFailsEveryCallOnceAndOnward) {
+  std::vector<std::string> runs;
+  const auto handler = [&] { return call("1") + call("2") + call("3"); };
+  const uint32_t calls = sweepFaults(handler, [&](const testing::SweepRun &run) {
+    runs.push_back(std::to_string(run.failed) + (run.once ? " once " : " on ") +
+                   std::to_string(run.status));
+  });
+  EXPECT_EQ(calls, 3u);
+  EXPECT_THAT(runs,
+              ElementsAre("1 once -1", "2 once -1", "3 once -1", "1 on -3", "2 on -2", "3 on -1"));
+}
+
+}  // namespace
+}  // namespace gateway
