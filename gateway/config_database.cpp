@@ -1,0 +1,113 @@
+// vcorDb*: the store behind the platform's checks of views and paths.
+#include "platform/config_database.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "gateway/boundary.hpp"
+#include "gateway/gateway.hpp"
+#include "gateway/instances.hpp"
+
+using namespace gateway;
+
+namespace {
+
+const Layout &layoutOfView(uint32_t viewId) {
+  const Layout *layout = viewById(viewId);
+  if (layout == nullptr) throw Refusal(kUnknownView, "no such view");
+  return *layout;
+}
+
+void checkHeader(const Layout &layout, const void *view) {
+  if (view == nullptr) throw Refusal(kNullArgument, "no view buffer");
+  uint32_t header[2];
+  std::memcpy(header, view, sizeof header);
+  if (header[0] != layout.size) {
+    throw Refusal(kBadHeader, "the header says " + std::to_string(header[0]) +
+                                  " bytes, the view has " + std::to_string(layout.size));
+  }
+  if (header[1] != PLATFORM_BLOCK_MARKER) throw Refusal(kBadHeader, "the header has no marker");
+}
+
+void checkCleared(const Layout &layout, const void *view) {
+  const auto *bytes = static_cast<const uint8_t *>(view);
+  const bool cleared = std::all_of(bytes + layout.headerSize(), bytes + layout.size,
+                                   [](uint8_t byte) { return byte == 0; });
+  if (!cleared) throw Refusal(kBadRequest, "the view buffer was not cleared");
+}
+
+std::string key(uint32_t viewId, const char *instance) {
+  return viewName(viewId) + " " + boundary::text(instance);
+}
+
+}  // namespace
+
+int32_t vcorDbGetView(uint32_t viewId, const char *instance, void *view) {
+  return boundary::status("vcorDbGetView", key(viewId, instance), [&](Gateway &gateway) {
+    const Layout &layout = layoutOfView(viewId);
+    const std::string path = pathFrom(instance);
+    checkHeader(layout, view);
+    checkCleared(layout, view);
+    return gateway.store().get(layout, path, view);
+  });
+}
+
+int32_t vcorDbSetView(uint32_t viewId, const char *instance, void *view) {
+  return boundary::status("vcorDbSetView", key(viewId, instance), [&](Gateway &gateway) {
+    const Layout &layout = layoutOfView(viewId);
+    const std::string path = pathFrom(instance);
+    checkHeader(layout, view);
+    return gateway.store().set(layout, path, view);
+  });
+}
+
+int32_t vcorDbQryView(uint32_t viewId, void *keyView, InstanceList *list) {
+  return boundary::status("vcorDbQryView", viewName(viewId), [&](Gateway &gateway) {
+    const Layout &layout = layoutOfView(viewId);
+    checkHeader(layout, keyView);
+    std::vector<std::string> found;
+    const int32_t status = gateway.store().query(layout, keyView, &found);
+    if (status == kOk) fill(list, found);
+    return status;
+  });
+}
+
+int32_t vcorDbLstView(uint32_t viewId, const char *parent, InstanceList *list, uint32_t capacity) {
+  return boundary::status("vcorDbLstView", key(viewId, parent), [&](Gateway &gateway) {
+    const Layout &layout = layoutOfView(viewId);
+    const std::string path = pathFrom(parent);
+    if (list != nullptr && list->capacity != capacity) {
+      throw Refusal(kBadRequest, "two capacities, " + std::to_string(list->capacity) + " and " +
+                                     std::to_string(capacity));
+    }
+    fill(list, gateway.store().list(layout, path));
+    return kOk;
+  });
+}
+
+int32_t vcorDbAddView(uint32_t viewId, const char *parent, char identity[PLATFORM_INSTANCE_SIZE]) {
+  return boundary::status("vcorDbAddView", key(viewId, parent), [&](Gateway &gateway) {
+    const Layout &layout = layoutOfView(viewId);
+    const std::string path = pathFrom(parent);
+    if (identity == nullptr) throw Refusal(kNullArgument, "nowhere to write the instance");
+    std::string made;
+    const int32_t status = gateway.store().add(layout, path, &made);
+    if (status == kOk) writePath(made, identity);
+    return status;
+  });
+}
+
+int32_t vcorDbDelView(uint32_t viewId, const char *instance) {
+  return boundary::status("vcorDbDelView", key(viewId, instance), [&](Gateway &gateway) {
+    const Layout &layout = layoutOfView(viewId);
+    return gateway.store().remove(layout, pathFrom(instance));
+  });
+}
+
+int32_t vcorDbSave(void) {
+  return boundary::status("vcorDbSave", "", [](Gateway &) { return kOk; });
+}
+
+int32_t vcorDbSaveDbus(void) {
+  return boundary::status("vcorDbSaveDbus", "", [](Gateway &) { return kOk; });
+}

@@ -1,0 +1,40 @@
+#include "gateway/instances.hpp"
+
+#include <cstring>
+
+#include "gateway/boundary.hpp"
+
+namespace gateway {
+
+std::string pathFrom(const char *path) {
+  if (path == nullptr) throw Refusal(kNullArgument, "no instance path");
+  const size_t length = strnlen(path, PLATFORM_INSTANCE_SIZE + 1);
+  if (length > PLATFORM_INSTANCE_SIZE) {
+    throw Refusal(kPathTooLong, "the instance path is longer than " +
+                                    std::to_string(PLATFORM_INSTANCE_SIZE) + " characters");
+  }
+  return {path, length};
+}
+
+void writePath(const std::string &path, char out[PLATFORM_INSTANCE_SIZE]) {
+  if (path.size() >= PLATFORM_INSTANCE_SIZE) {
+    throw Refusal(kPathTooLong, "the path " + path + " does not fit a list");
+  }
+  std::memset(out, 0, PLATFORM_INSTANCE_SIZE);
+  std::memcpy(out, path.data(), path.size());
+}
+
+uint32_t writePaths(const std::vector<std::string> &paths, uint32_t capacity,
+                    char (*instances)[PLATFORM_INSTANCE_SIZE]) {
+  if (instances == nullptr && capacity > 0) throw Refusal(kNullArgument, "a list without room");
+  for (size_t i = 0; i < paths.size() && i < capacity; ++i) writePath(paths[i], instances[i]);
+  return static_cast<uint32_t>(paths.size());
+}
+
+void fill(InstanceList *list, const std::vector<std::string> &paths) {
+  if (list == nullptr) throw Refusal(kNullArgument, "no list");
+  if (list->marker != PLATFORM_BLOCK_MARKER) throw Refusal(kBadHeader, "the list has no marker");
+  list->dwCount = writePaths(paths, list->capacity, list->instances);
+}
+
+}  // namespace gateway

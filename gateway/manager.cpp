@@ -1,0 +1,111 @@
+#include "gateway/manager.hpp"
+
+#include <cstdio>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "gateway/boundary.hpp"
+#include "gateway/gateway.hpp"
+#include "gateway/reply.hpp"
+#include "gateway/section.hpp"
+#include "platform/proxy.h"
+
+namespace gateway {
+
+namespace {
+
+using MessageKey = std::pair<std::string, uint32_t>;
+
+std::map<MessageKey, ManagerReply::Answer> &answers() {
+  static std::map<MessageKey, ManagerReply::Answer> registered;
+  return registered;
+}
+
+std::map<std::string, MessageSink::Take> &sinks() {
+  static std::map<std::string, MessageSink::Take> registered;
+  return registered;
+}
+
+/// The queue of the modules: gone after a restart, so no part of a profile.
+class Messages : public Section {
+ public:
+  Messages() : Section("messages") {}
+
+  std::vector<ReceivedMessage> received;
+
+  void load(const Json &, const std::string &place) override {
+    throw ProfileError(place, "no such member");
+  }
+  Json save() const override { return nullptr; }
+  void reset() override { received.clear(); }
+};
+
+Messages messages;
+
+std::string key(const char *module, uint32_t messageId) {
+  char number[16];
+  std::snprintf(number, sizeof number, "0x%x", messageId);
+  return boundary::text(module) + " " + number;
+}
+
+[[noreturn]] void refuseAsMissing() {
+  throw Refusal(kNotThereYet, "this message is not there yet in the virtual gateway");
+}
+
+}  // namespace
+
+ManagerReply::ManagerReply(std::string_view module, uint32_t messageId, Answer answer) {
+  answers()[{std::string(module), messageId}] = answer;
+}
+
+MessageSink::MessageSink(std::string_view module, Take take) {
+  sinks()[std::string(module)] = take;
+}
+
+const std::vector<ReceivedMessage> &receivedMessages() {
+  return messages.received;
+}
+
+}  // namespace gateway
+
+using namespace gateway;
+
+int32_t pm_send_msg_2mm(const char *module, uint32_t messageClass, uint32_t messageId,
+                        const void *request, uint32_t requestLength, uint32_t flags, void *reply,
+                        uint16_t *replyLength) {
+  boundary::Passage passage("pm_send_msg_2mm", key(module, messageId));
+  int32_t result = kOk;
+  if (const Fault *fault = passage.fault()) {
+    writeFaultyReply(*fault, reply, replyLength);
+    result = fault->answer.value_or(fault->replyLength ? kOk : kFailed);
+  } else {
+    result = passage.run<int32_t>(kFailed, [&](Gateway &gateway) -> int32_t {
+      if (module == nullptr) throw Refusal(kNullArgument, "no module");
+      if (messageClass != MANAGER_MESSAGE_CLASS || flags != 0) {
+        throw Refusal(kBadRequest, "unknown class or flags");
+      }
+      const auto found = answers().find({module, messageId});
+      if (found == answers().end()) refuseAsMissing();
+      const auto *begin = static_cast<const uint8_t *>(request);
+      writeReply(found->second(gateway, {begin, begin == nullptr ? 0 : requestLength}), reply,
+                 replyLength);
+      return kOk;
+    });
+  }
+  passage.answered(result);
+  return result;
+}
+
+int32_t ASEND(uint32_t messageId, const void *data, uint32_t length, const char *module) {
+  return boundary::status("ASEND", key(module, messageId), [&](Gateway &gateway) -> int32_t {
+    if (module == nullptr) throw Refusal(kNullArgument, "no module");
+    const auto found = sinks().find(module);
+    if (found == sinks().end()) refuseAsMissing();
+    const auto *begin = static_cast<const uint8_t *>(data);
+    ReceivedMessage message{module, messageId, {begin, begin + (begin == nullptr ? 0 : length)}};
+    const int32_t status = found->second(gateway, message);
+    if (status == kOk) messages.received.push_back(std::move(message));
+    return status;
+  });
+}

@@ -1,0 +1,99 @@
+#include "gateway/proxy.hpp"
+
+#include <cstring>
+#include <map>
+#include <string>
+
+#include "gateway/boundary.hpp"
+#include "gateway/gateway.hpp"
+#include "gateway/reply.hpp"
+#include "platform/proxy.h"
+
+namespace gateway {
+
+namespace {
+
+struct EventName {
+  uint32_t event;
+  const char *name;
+};
+
+constexpr EventName kNames[] = {
+    {CTSGW_EVENT_SET_HTTPDOWNLOAD_DIAGNOSTICS, "CTSGW_EVENT_SET_HTTPDOWNLOAD_DIAGNOSTICS"},
+    {CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT,
+     "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT"},
+    {CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE, "CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE"},
+    {CTSGW_EVENT_GET_PORTLINKSTAT_TYPE, "CTSGW_EVENT_GET_PORTLINKSTAT_TYPE"},
+    {CTSGW_EVENT_QUERY_ADEV_PARAM, "CTSGW_EVENT_QUERY_ADEV_PARAM"},
+    {CTSGW_EVENT_GET_WLANRADIOINFO, "CTSGW_EVENT_GET_WLANRADIOINFO"},
+    {CTSGW_EVENT_GET_BW_STATS, "CTSGW_EVENT_GET_BW_STATS"},
+    {CTSGW_EVENT_GET_HARD_STATS, "CTSGW_EVENT_GET_HARD_STATS"},
+    {CTSGW_EVENT_DEL_BW, "CTSGW_EVENT_DEL_BW"},
+    {CTSGW_EVENT_SET_BW, "CTSGW_EVENT_SET_BW"},
+    {CTSGW_EVENT_SET_LOCK, "CTSGW_EVENT_SET_LOCK"},
+    {CTSGW_EVENT_GET_BANDWIDTH, "CTSGW_EVENT_GET_BANDWIDTH"},
+    {CTSGW_EVENT_CLEAN_HWNAT, "CTSGW_EVENT_CLEAN_HWNAT"},
+    {CTSGW_EVENT_SET_KERNELCOUNT, "CTSGW_EVENT_SET_KERNELCOUNT"},
+};
+
+std::map<uint32_t, ProxyEvent::Answer> &answers() {
+  static std::map<uint32_t, ProxyEvent::Answer> registered;
+  return registered;
+}
+
+std::string eventName(uint32_t event) {
+  for (const EventName &known : kNames) {
+    if (known.event == event) return known.name;
+  }
+  return "event " + std::to_string(event);
+}
+
+Bytes answer(Gateway &gateway, uint32_t event, std::span<const uint8_t> request) {
+  const auto found = answers().find(event);
+  if (found == answers().end()) {
+    throw Refusal(kNotThereYet, "this event is not there yet in the virtual gateway");
+  }
+  const ProxyReply reply = found->second(gateway, request);
+  Bytes framed = bytesOf(reply.status);
+  framed.insert(framed.end(), reply.payload.begin(), reply.payload.end());
+  return framed;
+}
+
+}  // namespace
+
+ProxyEvent::ProxyEvent(uint32_t event, Answer answer) {
+  answers()[event] = answer;
+}
+
+std::string_view textOf(std::span<const uint8_t> request) {
+  const char *begin = reinterpret_cast<const char *>(request.data());
+  return {begin, strnlen(begin, request.size())};
+}
+
+}  // namespace gateway
+
+using namespace gateway;
+
+int32_t ctSgw_ssend_to_proxy(uint32_t event, const void *request, uint32_t requestLength,
+                             void *reply, uint16_t *replyLength) {
+  const std::span given(static_cast<const uint8_t *>(request),
+                        request == nullptr ? 0 : requestLength);
+  std::string key = eventName(event);
+  // Requests that begin with a text name what they are about.
+  if (given.size() >= 32 && given[0] >= ' ') key += " " + std::string(textOf(given));
+
+  boundary::Passage passage("ctSgw_ssend_to_proxy", key);
+  int32_t result = kOk;
+  if (const Fault *fault = passage.fault()) {
+    const bool replies = fault->replyStatus || fault->replyLength;
+    writeFaultyReply(*fault, reply, replyLength);
+    result = fault->answer.value_or(replies ? kOk : kFailed);
+  } else {
+    result = passage.run<int32_t>(kFailed, [&](Gateway &gateway) {
+      writeReply(answer(gateway, event, given), reply, replyLength);
+      return kOk;
+    });
+  }
+  passage.answered(result);
+  return result;
+}
