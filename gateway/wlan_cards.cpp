@@ -1,0 +1,25 @@
+// How many Wi-Fi cards there are; the record stands in the store under the first radio's base.
+#include "gateway/gateway.hpp"
+#include "gateway/manager.hpp"
+#include "platform/proxy.h"
+#include "platform/records/card_count.hpp"
+#include "platform/records/wlan_card.hpp"
+
+namespace gateway {
+
+namespace {
+
+Bytes cardCount(Gateway &gateway, std::span<const uint8_t> request) {
+  if (request.size() != platform::CardCountRequest::kSize) {
+    throw Refusal(kBadRequest, "a request of " + std::to_string(request.size()) + " bytes");
+  }
+  const std::string instance(textOf(request));
+  if (!gateway.store().has<WlanCardRecord>(instance)) throw Refusal(kUnknownInstance);
+  return bytesOf(gateway.store().row<WlanCardRecord>(instance).word(WlanCardRecord::cardCount));
+}
+
+const ManagerReply kCardCount{MANAGER_MODULE_WLAN, WLAN_MGR_GET_CARD_MAX, cardCount};
+
+}  // namespace
+
+}  // namespace gateway
