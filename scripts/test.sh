@@ -20,6 +20,9 @@ for preset in host sanitize arm fuzz; do
   [ -f "build/$preset/ctest.log" ] || continue
   echo "$preset:"
   grep -E 'tests passed|No tests were found|Total Test time' "build/$preset/ctest.log"
+  # Under the emulator many tests share a process, which ctest counts as one.
+  sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?\.$/\1/p' "build/$preset/Testing/Temporary/LastTest.log" |
+    awk '{ sum += $1 } END { if (NR) print "  of these GoogleTest: " sum " tests in " NR " processes" }'
 done
 if [ ${#failed[@]} -gt 0 ]; then
   printf 'FAILED: %s\n' "${failed[@]}"
