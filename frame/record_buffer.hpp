@@ -168,6 +168,10 @@ class alignas(8) RecordBuffer : public Layout {
     memcpy(bytes + field.offset, newMac, 6);
   }
 
+  PM_INLINE void put(platform::PlainPointer field, const void *newPointer) {
+    storePlain(bytes, field.offset, newPointer);
+  }
+
   template <uint32_t Width>
   PM_INLINE void put(platform::PlainBytes<Width> field, const uint8_t *newBytes) {
     memcpy(bytes + field.offset, newBytes, Width);
@@ -190,8 +194,8 @@ class ViewBuffer : public RecordBuffer<Layout> {
   /// Makes the buffer fit for another read.
   void reset() { prepareView(bytes, Layout::kSize); }
 
-  int32_t read(const char *instance) { return vcorDbGetView(Layout::kId, instance, bytes); }
-  int32_t write(const char *instance) { return vcorDbSetView(Layout::kId, instance, bytes); }
+  int32_t read(const char *path) { return vcorDbGetView(Layout::kId, path, bytes); }
+  int32_t write(const char *path) { return vcorDbSetView(Layout::kId, path, bytes); }
   int32_t query(InstanceList *found) { return vcorDbQryView(Layout::kId, bytes, found); }
 
   PM_INLINE void match(platform::Word field, uint32_t wanted) {
