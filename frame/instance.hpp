@@ -22,6 +22,13 @@ struct InstancePath {
   }
 };
 
+/// How many of the reported items really lie in a table of `capacity`; the platform may count more
+/// than fit, or a negative number.
+constexpr uint32_t clampCount(uint32_t reported, uint32_t capacity) {
+  if (static_cast<int32_t>(reported) < 0) return 0;
+  return reported < capacity ? reported : capacity;
+}
+
 /// A list descriptor together with the room for its paths.
 template <uint32_t Capacity>
 class InstanceTable {
@@ -33,11 +40,8 @@ class InstanceTable {
   /// What the platform counted, as it said it.
   uint32_t reported() const { return list.dwCount; }
 
-  /// Paths that really lie here; the platform may count more than fit, or a negative number.
-  uint32_t count() const {
-    if (static_cast<int32_t>(list.dwCount) < 0) return 0;
-    return list.dwCount < Capacity ? list.dwCount : Capacity;
-  }
+  /// Paths that really lie here.
+  uint32_t count() const { return clampCount(list.dwCount, Capacity); }
 
   InstancePath at(uint32_t index) const { return InstancePath(paths_[index]); }
 
