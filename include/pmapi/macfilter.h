@@ -36,7 +36,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_mac_filter(UbusMacFilter *record);
  * @param record at most 2047 characters of entries are read, names are cut at 15 characters
  *   Without entries the state and policy alone are set (and the old entries removed if it is on)
  * @retval 0 applied; an entry whose MAC is not hexadecimal, or that the platform refuses, is logged
- *   and left out; so is every entry with a state or policy above 1
+ *   and left out; so is every entry with a state or policy above 1 (of which the lowest byte
+ * counts)
  * @retval 1001 an entry has no name, or a MAC that is not 12 characters long; nothing was changed
  * @retval -1 @p record is NULL
  */
