@@ -1,0 +1,138 @@
+#include <cstdio>
+
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/host.h"
+#include "platform/traffic_rules.h"
+#include "platform/views/qos_classification.hpp"
+#include "pmapi/helpers.h"
+#include "pmapi/qos.h"
+
+using namespace pm;
+using RuleBuffer = RecordBuffer<platform::QosClassificationRecord>;
+using RuleView = ViewBuffer<platform::QosClassificationView>;
+
+static constexpr char kSourceTag[] = "object_nexumd_qos_pmapi.c";
+
+namespace {
+
+constexpr uint32_t kCapacity = 30;
+using RuleTable = InstanceTable<kCapacity>;
+
+uint32_t addressOf(const char *text) {
+  uint32_t address = 0;
+  StrToIP(text, &address);
+  return address;
+}
+
+uint32_t numberOf(const char *text) {
+  int32_t number = 0;
+  StrToInt(text, &number);
+  return static_cast<uint32_t>(number);
+}
+
+/// Writes one rule over what the rule before it left.
+void fillRule(RuleBuffer &rule, uint32_t qosCommon, const UbusQosRule &asked) {
+  rule.set(rule.qosCommon, static_cast<uint8_t>(qosCommon));
+  rule.set(rule.param1, static_cast<uint32_t>(asked.param1));
+  rule.set(rule.writtenParam2, static_cast<uint32_t>(asked.param2));
+  rule.set(rule.param3, static_cast<uint32_t>(asked.param3));
+  rule.set(rule.writtenParam4, static_cast<uint32_t>(asked.param4));
+  rule.set(rule.param5, static_cast<uint32_t>(asked.param5));
+  rule.set(rule.ip1, addressOf(asked.ip1));
+  rule.set(rule.port1, numberOf(asked.port1));
+  rule.set(rule.ip2, addressOf(asked.ip2));
+  rule.set(rule.port2, numberOf(asked.port2));
+  rule.set(rule.label, asked.label);
+  uint8_t mac[6] = {};
+  StrToMAC(asked.mac1, mac);
+  rule.set(rule.mac1, mac);
+  memset(mac, 0, sizeof mac);
+  StrToMAC(asked.mac2, mac);
+  rule.set(rule.mac2, mac);
+}
+
+void reportRule(RuleView &rule, UbusQosRule &reported) {
+  reported.param1 = rule.getSigned(rule.param1);
+  reported.param2 = rule.getSigned(rule.reportedParam2);
+  reported.param3 = rule.getSigned(rule.param3);
+  reported.param4 = rule.getSigned(rule.reportedParam4);
+  IPToStr(rule.get(rule.ip1), reported.ip1, sizeof reported.ip1);
+  snprintf(reported.port1, sizeof reported.port1, "%d", rule.get(rule.port1));
+  IPToStr(rule.get(rule.ip2), reported.ip2, sizeof reported.ip2);
+  snprintf(reported.port2, sizeof reported.port2, "%d", rule.get(rule.port2));
+  memset(reported.label, 0, sizeof reported.label);
+  copyExact(reported.label, rule.text(rule.label), sizeof reported.label);
+  MACToStr(rule.get(rule.mac1), reported.mac1, sizeof reported.mac1);
+  MACToStr(rule.get(rule.mac2), reported.mac2, sizeof reported.mac2);
+}
+
+int32_t listRules(const LogOrigin &origin, RuleTable &table) {
+  const int32_t status = vcorDbLstView(DBVIEW_QOS_CLASSIFICATION, "IGD", &table.list, kCapacity);
+  if (status != kOk) {
+    PM_LOG_FOR(origin, kError, status,
+               "vcorDbQryView DBVIEW_QOS_CLASSIFICATION failure! iRet = %d.\n", status);
+  }
+  return status;
+}
+
+}  // namespace
+
+int32_t pm_ubus_nexumd_qos_set(const UbusQos *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_nexumd_qos_set argument is NULL");
+    return kFailure;
+  }
+  RuleBuffer rule;
+  for (uint32_t i = 0; i < record->count; ++i) {
+    fillRule(rule, record->qosCommon, record->rules[i]);
+    PM_LOG(kInfo, " paraseOK before pm_ubus_nexumd ");
+    char identity[PLATFORM_INSTANCE_SIZE] = {};
+    pm_qos_qc_set_config(identity, rule.bytes);
+  }
+  PM_LOG(kInfo, " pm_ubus_nexumd_qos_set success");
+  return kOk;
+}
+
+int32_t pm_ubus_nexumd_qos_get(UbusQos *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  RuleTable table;
+  if (const int32_t status = listRules(PM_ORIGIN, table); status != kOk) return status;
+  if (table.count() == 0) return kFailure;
+  PM_LOG(kInfo, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is %d \n", table.reported());
+  for (uint32_t i = 0; i < table.count(); ++i) {
+    RuleView rule;
+    if (const int32_t status = rule.read(table.at(i).text); status != kOk) {
+      PM_FAIL(status, "vcorDbGetView DBVIEW_QOS_CLASSIFICATION failure");
+      continue;
+    }
+    record->qosCommon = rule.get(rule.qosCommon);
+    ++record->count;
+    reportRule(rule, record->rules[i]);
+  }
+  PM_LOG(kInfo, " pm_ubus_nexumd_qos_get success");
+  return kOk;
+}
+
+int32_t pm_qc_clear_all(void) {
+  RuleTable table;
+  if (const int32_t status = listRules(PM_ORIGIN, table); status != kOk) return status;
+  PM_LOG(kInfo, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is %d \n", table.reported());
+  for (uint32_t i = 0; i < table.count(); ++i) {
+    const InstancePath instance = table.at(i);
+    RuleView rule;
+    if (rule.read(instance.text) != kOk) continue;
+    const char *ruleName = rule.text(rule.ruleName);
+    printf("viewname is %s before \n", instance.text);
+    printf("viewname is %s   qcviername is %s \n", instance.text, ruleName);
+    pm_qos_qc_del_config(ruleName);
+  }
+  return kOk;
+}
