@@ -1,0 +1,276 @@
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/records/timer_control.hpp"
+#include "platform/timers.h"
+#include "pmapi/timedtask.h"
+
+using namespace pm;
+using platform::TimerControlRecord;
+using EntryBuffer = RecordBuffer<platform::TimerEntry>;
+using ControlBuffer = RecordBuffer<TimerControlRecord>;
+
+static constexpr char kSourceTag[] = "object_nexumd_timedtask_pmapi.c";
+
+namespace {
+
+constexpr int32_t kNoRecord = -10;
+constexpr int32_t kServiceUnreadable = -6;
+
+enum Action { kWakeUp = 1, kWlanSchedule = 2 };
+enum Operation : uint32_t { kAddEntry = 0, kDeleteEntry = 1 };
+enum Edge : uint8_t { kStart = 0, kEnd = 1 };
+
+constexpr uint32_t kDaySeconds = 86400;
+constexpr uint32_t kSunday = 7;
+constexpr uint32_t kWeekdays = 8;
+constexpr uint32_t kTimeSize = 32;
+constexpr int32_t kReplaceableTasks = 32;
+constexpr uint32_t kRequestSize = 32;
+
+using ServiceCall = int32_t (*)(void *, void *);
+
+int32_t call(ServiceCall service, ControlBuffer &control) {
+  uint8_t request[kRequestSize] = {};
+  return service(request, control.bytes);
+}
+
+uint32_t entryCount(const ControlBuffer &control) {
+  const int32_t count = control.getSigned(control.entryCount);
+  if (count < 0) return 0;
+  const auto entries = static_cast<uint32_t>(count);
+  return entries < TimerControlRecord::kMaxEntries ? entries : TimerControlRecord::kMaxEntries;
+}
+
+/// Takes one entry out of a service's answer, its day count bounded.
+void loadEntry(const ControlBuffer &control, uint32_t position, EntryBuffer &entry) {
+  memcpy(entry.bytes, control.get(control.entries) + position * entry.kSize, entry.kSize);
+  if (entry.get(entry.weekdayCount) > kWeekdays) entry.put(entry.weekdayCount, kWeekdays);
+}
+
+int32_t sendEntry(ServiceCall set, const EntryBuffer &entry, Operation operation,
+                  ControlBuffer &control) {
+  control.set(control.entryCount, 1);
+  memcpy(control.bytes + control.entries.offset, entry.bytes, entry.kSize);
+  control.set(control.operation, operation);
+  return call(set, control);
+}
+
+void printTime(uint32_t seconds, char (&text)[kTimeSize]) {
+  if (seconds >= kDaySeconds) seconds -= kDaySeconds;
+  const uint32_t hours = seconds / 3600;
+  snprintf(text, sizeof text, "%02d:%02d", hours, seconds / 60 - hours * 60);
+}
+
+uint32_t secondsOf(const char *text) {
+  auto minutes = static_cast<uint32_t>(atoi(text));
+  if (const char *colon = strchr(text, ':'); colon != nullptr) {
+    minutes = minutes * 60 + static_cast<uint32_t>(atoi(colon + 1));
+  }
+  return minutes * 60;
+}
+
+/// The days are added, not or-ed: a day that stands twice carries into the next one.
+uint32_t maskOf(const EntryBuffer &entry) {
+  uint32_t mask = 0;
+  for (uint32_t i = 0; i < entry.get(entry.weekdayCount); ++i) {
+    const auto day = loadAs<uint32_t>(entry.get(entry.weekdays), i * sizeof(uint32_t));
+    if (day == kSunday) mask += 1;
+    if (day >= 1 && day < kSunday) mask += 1U << day;
+  }
+  return mask;
+}
+
+/// What both kinds of task have in common.
+void fillEntry(EntryBuffer &entry, const UbusWifiTimer &task, Edge edge, const char *time) {
+  WeekdayList days = {};
+  si_deal_num_conv_weekday(task.weekMask, &days);
+  entry.put(entry.time, time);
+  memcpy(entry.bytes + entry.weekdays.offset, days.Weekday, sizeof days.Weekday);
+  entry.put(entry.weekdayCount, days.nCnt);
+  entry.put(entry.edge, edge);
+  entry.put(entry.enable, static_cast<uint8_t>(task.enable));
+  entry.put(entry.taskId, static_cast<uint32_t>(task.taskId));
+}
+
+void reportEntry(EntryBuffer &entry, Action action, UbusWifiTimer &task) {
+  task.taskId = entry.getSigned(entry.taskId);
+  task.enable = entry.get(entry.enable);
+  task.weekMask = maskOf(entry);
+  task.Action = action;
+  task.timeOffset = secondsOf(entry.text(entry.time));
+  task.index = entry.getSigned(entry.index);
+}
+
+}  // namespace
+
+void si_deal_num_conv_weekday(uint32_t weekMask, WeekdayList *out) {
+  for (uint32_t day = 1; day <= kSunday; ++day) {
+    const uint32_t bit = day == kSunday ? 0 : day;
+    if ((weekMask >> bit & 1) == 0 || out->nCnt >= kWeekdays) continue;
+    out->Weekday[out->nCnt] = day;
+    PM_LOG(kInfo, "weekday_out->Weekday[%d]=%d\n", out->nCnt, day);
+    ++out->nCnt;
+  }
+  PM_LOG(kInfo, "weekday_out->nCnt=%d\n", out->nCnt);
+}
+
+namespace {
+
+int32_t readService(const LogOrigin &origin, const char *name, ServiceCall get,
+                    ControlBuffer &control) {
+  const int32_t status = call(get, control);
+  if (status == kOk) return kOk;
+  PM_LOG_FOR(origin, kError, status, "%s error\n", name);
+  return kServiceUnreadable;
+}
+
+int32_t readWakeUps(const LogOrigin &origin, ControlBuffer &control) {
+  return readService(origin, "pm_app_wake_up_control_get", pm_app_wake_up_control_get, control);
+}
+
+int32_t readSchedules(const LogOrigin &origin, ControlBuffer &control) {
+  return readService(origin, "pm_wlan_ex_control_get", pm_wlan_ex_control_get, control);
+}
+
+/// Lists at most `capacity` tasks. The lines are the listing handler's, whoever asks.
+int32_t listTasks(UbusWifiTimer *records, int32_t capacity, int32_t *count) {
+  const LogOrigin origin{kSourceTag, "pm_ubus_nexumd_wifi_timer_list"};
+  PM_LOG_FOR(origin, kInfo, 0, "now in %s\n", origin.function);
+  int32_t written = 0;
+  EntryBuffer entry;
+  {
+    ControlBuffer wakeUps;
+    if (const int32_t status = readWakeUps(origin, wakeUps); status != kOk) return status;
+    for (uint32_t i = 0; i < entryCount(wakeUps) && written < capacity; ++i) {
+      loadEntry(wakeUps, i, entry);
+      reportEntry(entry, kWakeUp, records[written++]);
+    }
+  }
+  ControlBuffer schedules;
+  if (const int32_t status = readSchedules(origin, schedules); status != kOk) return status;
+  for (uint32_t i = 0; i + 1 < entryCount(schedules) && written < capacity; i += 2) {
+    UbusWifiTimer &task = records[written++];
+    loadEntry(schedules, i, entry);
+    reportEntry(entry, kWlanSchedule, task);
+    loadEntry(schedules, i + 1, entry);
+    task.timeOffset2 = secondsOf(entry.text(entry.time));
+  }
+  *count = written;
+  return kOk;
+}
+
+void deleteSameTask(const LogOrigin &origin, int32_t taskId) {
+  UbusWifiTimer tasks[kReplaceableTasks] = {};
+  int32_t count = 0;
+  if (listTasks(tasks, kReplaceableTasks, &count) != kOk) return;
+  for (int32_t i = 0; i < count; ++i) {
+    if (tasks[i].taskId != taskId) continue;
+    pm_ubus_nexumd_wifi_timer_del(taskId);
+    PM_LOG_FOR(origin, kInfo, 0, "First delete  taskId:%d\n", taskId);
+  }
+}
+
+int32_t addEntry(const LogOrigin &origin, ServiceCall set, const EntryBuffer &entry) {
+  ControlBuffer control;
+  const int32_t status = sendEntry(set, entry, kAddEntry, control);
+  if (status == kOk) return kOk;
+  PM_LOG_FOR(origin, kError, status, "iRet = %d,Reason:%s\n", status,
+             control.text(control.failureReason));
+  PM_LOG_FOR(origin, kError, status, "pm_ubus_wifi_timer_add fail, iRet =%d\n ", status);
+  return status;
+}
+
+int32_t addWakeUp(const LogOrigin &origin, const UbusWifiTimer &task) {
+  char time[kTimeSize];
+  printTime(task.timeOffset, time);
+  EntryBuffer entry;
+  fillEntry(entry, task, kStart, time);
+  PM_LOG_FOR(origin, kInfo, 0, "TaskId:%d\n", task.taskId);
+  PM_LOG_FOR(origin, kInfo, 0, "set Enable:%d\n", task.enable);
+  PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
+  return addEntry(origin, pm_app_wake_up_control_set, entry);
+}
+
+int32_t addSchedule(const LogOrigin &origin, const UbusWifiTimer &task) {
+  char time[kTimeSize];
+  printTime(task.timeOffset, time);
+  EntryBuffer entry;
+  fillEntry(entry, task, kStart, time);
+  entry.put(entry.index, static_cast<uint32_t>(task.index));
+  PM_LOG_FOR(origin, kInfo, 0, "TaskId:%d\n", task.taskId);
+  PM_LOG_FOR(origin, kInfo, 0, "Enable:%d\n", task.enable);
+  PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
+  PM_LOG_FOR(origin, kInfo, 0, "index:%d\n", task.index);
+  if (const int32_t status = addEntry(origin, pm_wlan_ex_control_set, entry); status != kOk) {
+    return status;
+  }
+  printTime(task.timeOffset2, time);
+  entry.put(entry.time, time);
+  entry.put(entry.edge, kEnd);
+  PM_LOG_FOR(origin, kInfo, 0, "timeOffset2:%d = Time:%s \n", task.timeOffset2, time);
+  return addEntry(origin, pm_wlan_ex_control_set, entry);
+}
+
+/// Deletes every entry of the task from one service. The wake-up service knows no index.
+int32_t deleteEntries(const LogOrigin &origin, const ControlBuffer &held, ServiceCall set,
+                      int32_t taskId, bool hasIndex) {
+  for (uint32_t i = 0; i < entryCount(held); ++i) {
+    EntryBuffer entry;
+    loadEntry(held, i, entry);
+    if (entry.getSigned(entry.taskId) != taskId) continue;
+    if (!hasIndex) entry.put(entry.index, 0);
+    ControlBuffer control;
+    if (const int32_t status = sendEntry(set, entry, kDeleteEntry, control); status != kOk) {
+      PM_LOG_FOR(origin, kError, status, "delete taskid error!\n");
+      return kFailure;
+    }
+  }
+  return kOk;
+}
+
+}  // namespace
+
+int32_t pm_ubus_nexumd_wifi_timer_add(const UbusWifiTimer *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "buff is NULL\n");
+    return kNoRecord;
+  }
+  deleteSameTask(PM_ORIGIN, record->taskId);
+  switch (record->Action) {
+    case kWakeUp:
+      return addWakeUp(PM_ORIGIN, *record);
+    case kWlanSchedule:
+      return addSchedule(PM_ORIGIN, *record);
+    default:
+      PM_FAIL(0, "pm_ubus_wifi_timer_add can't match Action 1 or 2!\n");
+      return kFailure;
+  }
+}
+
+int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId) {
+  PM_ENTER();
+  {
+    ControlBuffer wakeUps;
+    if (const int32_t status = readWakeUps(PM_ORIGIN, wakeUps); status != kOk) return status;
+    if (deleteEntries(PM_ORIGIN, wakeUps, pm_app_wake_up_control_set, taskId, false) != kOk) {
+      return kFailure;
+    }
+  }
+  ControlBuffer schedules;
+  if (const int32_t status = readSchedules(PM_ORIGIN, schedules); status != kOk) return status;
+  return deleteEntries(PM_ORIGIN, schedules, pm_wlan_ex_control_set, taskId, true);
+}
+
+int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count) {
+  if (records == nullptr || count == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  return listTasks(records, INT_MAX, count);
+}
