@@ -1,0 +1,45 @@
+// Registers what to measure. A case is one handler beside its floor:
+//
+//   const bench::Cases cases{{
+//       .name = "ubus_getDeviceSn",
+//       .platform = [](uint32_t) {
+//         bench::viewAnswer(DBVIEW_DEVICE_INFO).set(platform::DeviceInfoView::serialNumber, "S1");
+//       },
+//       .handler = [](uint32_t) { ubus_getDeviceSn(text); },
+//   }};
+//
+// Buffers that the daemon owns are static: what a handler does not do, its figure must not hold.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <vector>
+
+#include "bench/platform/answer.hpp"
+
+namespace bench {
+
+/// All functions get the number of items, 0 in a case without growth.
+struct Case {
+  const char *name;
+  /// Sets the platform's answers, once.
+  void (*platform)(uint32_t items) = nullptr;
+  /// Puts everything back to where a call starts; runs before each one and is not counted.
+  void (*before)(uint32_t items) = nullptr;
+  void (*handler)(uint32_t items);
+  /// Left out, the floor is the handler's own platform calls with the clears that they ask for, and
+  /// what cannot be done without besides: a parse, an allocation.
+  void (*floor)(uint32_t items) = nullptr;
+  void (*besides)(uint32_t items) = nullptr;
+  /// Measures once per number, and what one more item costs.
+  std::vector<uint32_t> items = {};
+  /// The handler may cost this many percent of its floor; 0: any.
+  uint32_t limitPercent = 0;
+};
+
+class Cases {
+ public:
+  Cases(std::initializer_list<Case> cases);
+};
+
+}  // namespace bench
