@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# bench.sh: prints the instructions per call of the ARM build, each handler beside its floor. Ends with an
-# error when a figure exceeds its limit.
+# Prints the instructions that the library's calls take on the ARM build, each beside its floor. Ends with
+# an error when a figure exceeds its limit.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
