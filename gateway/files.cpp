@@ -31,35 +31,34 @@ struct Cookie {
   FILE *stream = nullptr;
 };
 
-// The answer of a read or write: what `transfer` gives, or what the fault leaves of it.
+/// Moves up to `size` bytes; a fault lets through only as many as it answers, and then fails.
 template <class Transfer>
-ssize_t transferred(const char *call, const Cookie &cookie, int failure, Transfer transfer) {
+ssize_t transferred(const char *call, const Cookie &cookie, int failure, size_t size,
+                    Transfer transfer) {
   boundary::Passage passage(call, cookie.path);
-  ssize_t done = 0;
   if (passage.fault() == nullptr) {
-    done = transfer(-1);
-  } else {
-    const int32_t part = passage.fault()->answer.value_or(0);
-    if (part > 0) done = transfer(part);
-    errno = failure;
+    const ssize_t done = transfer(size);
+    passage.answered(done);
+    return done;
   }
+  const int32_t allowed = std::max(passage.fault()->answer.value_or(0), 0);
+  const ssize_t done =
+      allowed == 0 ? kFailed : transfer(std::min(size, static_cast<size_t>(allowed)));
   passage.answered(done);
+  errno = failure;
   return done;
 }
 
 ssize_t readCookie(void *opaque, char *buffer, size_t size) {
   const auto *cookie = static_cast<Cookie *>(opaque);
-  const ssize_t done = transferred("read", *cookie, EIO, [&](ssize_t part) {
-    return ::read(cookie->descriptor, buffer, part < 0 ? size : std::min<size_t>(size, part));
-  });
-  const std::vector<Call> &calls = Gateway::current().boundary().calls();
-  return done == 0 && calls.back().faulted ? -1 : done;
+  return transferred("read", *cookie, EIO, size,
+                     [&](size_t most) { return ::read(cookie->descriptor, buffer, most); });
 }
 
 ssize_t writeCookie(void *opaque, const char *buffer, size_t size) {
   const auto *cookie = static_cast<Cookie *>(opaque);
-  const ssize_t done = transferred("write", *cookie, ENOSPC, [&](ssize_t part) {
-    return ::write(cookie->descriptor, buffer, part < 0 ? size : std::min<size_t>(size, part));
+  const ssize_t done = transferred("write", *cookie, ENOSPC, size, [&](size_t most) {
+    return ::write(cookie->descriptor, buffer, most);
   });
   return std::max<ssize_t>(done, 0);
 }
@@ -125,7 +124,9 @@ void Files::useRoot(const fs::path &directory) {
   makeRoot();
 }
 
-void Files::useTemporaryRoot() { removeRoot(); }
+void Files::useTemporaryRoot() {
+  removeRoot();
+}
 
 const fs::path &Files::root() {
   if (root_.empty()) makeRoot();

@@ -163,8 +163,9 @@ Row Store::row(const Layout &layout, std::string_view path) const {
 
 Row Store::create(const Layout &layout, std::string_view path) {
   if (has(layout, path)) return row(layout, path);
-  Instance &made =
-      tables_[&layout].emplace_back(std::string(path), std::vector<uint8_t>(layout.size));
+  Table &table = tables_[&layout];
+  table.push_back({std::string(path), std::vector<uint8_t>(layout.size)});
+  Instance &made = table.back();
   Row result(layout, made.bytes.data());
   const Field *name = layout.find("name");
   const bool named = name != nullptr && name->kind == FieldKind::kText &&
