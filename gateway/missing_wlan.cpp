@@ -3,42 +3,6 @@
 
 using namespace gateway;
 
-int32_t pm_wlan_get_config(const char *instance, WlanConfigRecord *) {
-  return notThereYet("pm_wlan_get_config", instance);
-}
-int32_t pm_wlan_set_config(const char *instance, WlanConfigRecord *) {
-  return notThereYet("pm_wlan_set_config", instance);
-}
-int32_t pm_wlan_get_config_driver(const char *instance, WlanDriverRecord *) {
-  return notThereYet("pm_wlan_get_config_driver", instance);
-}
-int32_t pm_wlan_get_txpower(const char *instance, WlanTxPowerRecord *) {
-  return notThereYet("pm_wlan_get_txpower", instance);
-}
-int32_t pm_wlan_set_txpower(const char *instance, WlanTxPowerRecord *) {
-  return notThereYet("pm_wlan_set_txpower", instance);
-}
-int32_t pm_wlan_get_wep(const char *keyInstance, WlanWepRecord *) {
-  return notThereYet("pm_wlan_get_wep", keyInstance);
-}
-int32_t pm_wlan_set_wep(const char *keyInstance, WlanWepRecord *) {
-  return notThereYet("pm_wlan_set_wep", keyInstance);
-}
-int32_t pm_wlan_get_psk(const char *keyInstance, WlanPskRecord *) {
-  return notThereYet("pm_wlan_get_psk", keyInstance);
-}
-int32_t pm_wlan_set_psk(const char *keyInstance, WlanPskRecord *) {
-  return notThereYet("pm_wlan_set_psk", keyInstance);
-}
-int32_t pm_wlan_get_card_max(WlanCardRecord *) {
-  return notThereYet("pm_wlan_get_card_max");
-}
-int32_t pm_wlan_set_wps(const char *instance, WlanWpsRecord *) {
-  return notThereYet("pm_wlan_set_wps", instance);
-}
-int32_t pm_wlan_set_pmf(const char *instance, uint32_t) {
-  return notThereYet("pm_wlan_set_pmf", instance);
-}
 int32_t pm_wlan_set_scan_ap(const char *instance, WlanScanRequest *) {
   return notThereYet("pm_wlan_set_scan_ap", instance);
 }
