@@ -1,0 +1,23 @@
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/records/wlan_easymesh.hpp"
+#include "pmapi/setmeshroam.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_setmeshroam_pmapi.c";
+
+uint32_t pm_ubus_set_meshroam(const MeshRoamRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_set_meshroam para is null");
+    return static_cast<uint32_t>(kNullRecord);
+  }
+  PM_LOG(kInfo, "p_ubus_meshroam->meshRoamingEnable:%d\n", record->meshRoamingEnable);
+  RecordBuffer<WlanEasyMeshRecord> easyMesh;
+  easyMesh.set(easyMesh.roamingEnable, static_cast<uint32_t>(record->meshRoamingEnable));
+  const int32_t status = pm_wlan_set_easymesh(&easyMesh);
+  if (status != kOk) PM_FAIL(status, "call pm_wlan_set_easymesh faild,ret=%d\n", status);
+  return static_cast<uint32_t>(status);
+}
