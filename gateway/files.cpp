@@ -145,15 +145,20 @@ std::string Files::map(const char *path) {
   return (root() / given.substr(1)).string();
 }
 
-void Files::write(const std::string &path, const std::string &content) {
-  const fs::path real = map(path.c_str());
+fs::path Files::mapOwn(const std::string &path) {
+  const std::string real = map(path.c_str());
   if (real == path) throw std::invalid_argument("not a path of the gateway");
+  return real;
+}
+
+void Files::write(const std::string &path, const std::string &content) {
+  const fs::path real = mapOwn(path);
   fs::create_directories(real.parent_path());
   std::ofstream(real, std::ios::binary) << content;
 }
 
 std::optional<std::string> Files::read(const std::string &path) {
-  std::ifstream file(map(path.c_str()), std::ios::binary);
+  std::ifstream file(mapOwn(path), std::ios::binary);
   if (!file) return std::nullopt;
   std::ostringstream content;
   content << file.rdbuf();
@@ -161,7 +166,7 @@ std::optional<std::string> Files::read(const std::string &path) {
 }
 
 void Files::remove(const std::string &path) {
-  fs::remove(map(path.c_str()));
+  fs::remove(mapOwn(path));
 }
 
 std::vector<std::string> Files::list() {

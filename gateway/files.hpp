@@ -27,6 +27,7 @@ class Files {
   /// Where a path of the gateway lies on this machine; paths of no interest are themselves.
   std::string map(const char *path);
 
+  // The gateway's own files: std::invalid_argument for a path anywhere else.
   void write(const std::string &path, const std::string &content);
   std::optional<std::string> read(const std::string &path);
   void remove(const std::string &path);
@@ -50,6 +51,7 @@ class Files {
     int descriptor;
   };
 
+  std::filesystem::path mapOwn(const std::string &path);
   void makeRoot();
   void removeRoot();
 

@@ -58,10 +58,9 @@ void loadFiles(Gateway &gateway, const Json &files, const std::string &place) {
   for (const auto &[path, value] : files.items()) {
     const std::string filePlace = place + "." + path;
     const std::string content = fileContent(value, filePlace);
-    // A directory of the user's keeps what is in it.
-    if (gateway.files().read(path)) continue;
     try {
-      gateway.files().write(path, content);
+      // A directory of the user's keeps what is in it.
+      if (!gateway.files().read(path)) gateway.files().write(path, content);
     } catch (const std::exception &error) {
       throw ProfileError(filePlace, error.what());
     }

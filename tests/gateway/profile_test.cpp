@@ -1,0 +1,137 @@
+#include "gateway/profile.hpp"
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "platform/all_records.hpp"
+#include "tests/support/gateway_test.hpp"
+
+namespace gateway {
+namespace {
+
+using platform::DeviceRecord;
+using platform::GatewayIdentityView;
+using platform::LanDeviceView;
+using platform::PortStatisticsRecord;
+using platform::RouteInfoRecord;
+using ::testing::ElementsAre;
+
+class ProfileTest : public GatewayTest {
+ protected:
+  std::string refusal(const std::string &profile) {
+    try {
+      gateway().load(Json::parse(profile));
+    } catch (const ProfileError &error) {
+      return error.what();
+    }
+    return "accepted";
+  }
+};
+
+TEST_F(ProfileTest, EveryKindOfFieldIsRead) {
+  loadProfile(R"({
+    "clock": {"uptime": 12, "time": 34},
+    "views": {"DBVIEW_GATEWAY_IDENTITY": {"IGD": {"captureEth": "eth4"}},
+              "DBVIEW_LAN_DEVICE": {"IGD.LD1": {"mac": "00:1a:2b:3c:4d:5e"}}},
+    "records": {"RouteInfoRecord": {"IGD.A": {"ipv4Address": "10.0.0.2", "flags": true,
+                                              "ipv6Address": "2001:db8::1", "wanType": -2}}},
+    "files": {"/userconfig/a": "text", "/proc/net/arp": ["one", "two"]}
+  })");
+  EXPECT_EQ(gateway().clock().uptime(), 12);
+  EXPECT_EQ(gateway().clock().time(), 34);
+  EXPECT_EQ(store().row<GatewayIdentityView>("IGD").text(GatewayIdentityView::captureEth), "eth4");
+  EXPECT_THAT(store().row<LanDeviceView>("IGD.LD1").mac(LanDeviceView::mac),
+              ElementsAre(0, 0x1a, 0x2b, 0x3c, 0x4d, 0x5e));
+  const Row route = store().row<RouteInfoRecord>("IGD.A");
+  EXPECT_EQ(route.word(RouteInfoRecord::ipv4Address), 0x0a000002u);
+  EXPECT_EQ(route.word(RouteInfoRecord::flags), 1u);
+  EXPECT_EQ(route.word(RouteInfoRecord::wanType), 0xfffffffeu);
+  EXPECT_EQ(route.bytes(RouteInfoRecord::ipv6Address)[15], 1);
+  EXPECT_EQ(files().read("/userconfig/a"), "text");
+  EXPECT_EQ(files().read("/proc/net/arp"), "one\ntwo\n");
+}
+
+TEST_F(ProfileTest, WrongProfileIsRefusedWithPlaceAndReason) {
+  const std::string identity = R"({"views": {"DBVIEW_GATEWAY_IDENTITY": {"IGD": )";
+  const struct {
+    std::string profile;
+    const char *refusal;
+  } cases[] = {
+      {"[]", "must be an object"},
+      {R"({"vues": {}})", "vues: no such member"},
+      {R"({"views": {"DBVIEW_X": {}}})", "views.DBVIEW_X: no such view"},
+      {R"({"views": {"RouteInfoRecord": {}}})", "views.RouteInfoRecord: no such view"},
+      {R"({"records": {"DBVIEW_LANINFO": {}}})", "records.DBVIEW_LANINFO: no such record"},
+      {identity + R"({"captureEth": ")" + std::string(40, 'x') + R"("}}}})",
+       "views.DBVIEW_GATEWAY_IDENTITY.IGD.captureEth: text of 40 characters does not fit 32"},
+      {identity + R"({"captureEth": 4}}}})",
+       "views.DBVIEW_GATEWAY_IDENTITY.IGD.captureEth: must be a text"},
+      {identity + R"({"captureEht": "e"}}}})",
+       "views.DBVIEW_GATEWAY_IDENTITY.IGD.captureEht: no such field"},
+      {identity + "4}}}", "views.DBVIEW_GATEWAY_IDENTITY.IGD: must be an object"},
+      {R"({"views": {"DBVIEW_LAN_DEVICE": {"IGD.LD1": {"mac": "00:1a"}}}})",
+       "views.DBVIEW_LAN_DEVICE.IGD.LD1.mac: must be a MAC address"},
+      {R"({"records": {"RouteInfoRecord": {"IGD": {"flags": 4294967296}}}})",
+       "records.RouteInfoRecord.IGD.flags: number out of range"},
+      {R"({"records": {"RouteInfoRecord": {"IGD": {"flags": 1.5}}}})",
+       "records.RouteInfoRecord.IGD.flags: must be a whole number"},
+      {R"({"records": {"RouteInfoRecord": {"IGD": {"ipv6Address": "1.2"}}}})",
+       "records.RouteInfoRecord.IGD.ipv6Address: must be an IPv6 address"},
+      {R"({"files": {"/etc/passwd": ""}})", "files./etc/passwd: not a path of the gateway"},
+      {R"({"files": {"/tmp/a": [1]}})", "files./tmp/a: a line must be a text"},
+      {R"({"clock": {"uptime": "1"}})", "clock.uptime: must be a whole number"},
+      {R"({"host": {"memory": {"totl": 1}}})", "host.memory.totl: no such member"},
+      {R"({"host": {"cpuType": -1}})", "host.cpuType: number out of range"},
+      {R"({"wan": {"connections": [{}]}})",
+       "wan.connections[0].instance: must be a path of 1 to 31 characters"},
+      {R"({"mesh": {"state": "asleep"}})",
+       R"(mesh.state: must be one of "up", "down", "failing", "timing out")"},
+  };
+  for (const auto &[profile, expected] : cases) EXPECT_EQ(refusal(profile), expected) << profile;
+}
+
+TEST_F(ProfileTest, FileThatIsNoProfileIsNamed) {
+  EXPECT_THROW(gateway().loadFile("/nowhere.json"), ProfileError);
+  const std::string name = (files().root() / "broken.json").string();
+  std::ofstream(name) << "{\"views\": ";
+  try {
+    readProfile(name);
+    FAIL() << "accepted";
+  } catch (const ProfileError &error) {
+    EXPECT_EQ(error.what(), name + ": not JSON at byte 11");
+  }
+}
+
+TEST_F(ProfileTest, SavedGatewayLoadsToTheSameState) {
+  loadExample("home_router.json");
+  gateway().clock().sleep(5);
+  files().write("/userconfig/new", "made by the library\n");
+  store()
+      .row<RouteInfoRecord>("IGD.WD1.WCD1.WCPPP1")
+      .setWord(RouteInfoRecord::wanType, static_cast<uint32_t>(-70));
+  store()
+      .create<PortStatisticsRecord>("IGD.LD1.ETH1")
+      .setCounter(PortStatisticsRecord::fields[0], 0xffffffffffffffffu);
+  store().create<DeviceRecord>("IGD.LD1.Hosts.Adev10");
+  store().create<DeviceRecord>("IGD.LD1.Hosts.Adev2");
+
+  const Json saved = gateway().save();
+  gateway().load(saved);
+  EXPECT_EQ(gateway().save(), saved);
+  EXPECT_EQ(files().read("/userconfig/new"), "made by the library\n");
+  EXPECT_EQ(saved["records"]["RouteInfoRecord"]["IGD.WD1.WCD1.WCPPP1"]["wanType"], -70);
+  EXPECT_THAT(store().paths(layoutOf<DeviceRecord>()),
+              ElementsAre("IGD.LD1.Hosts.Adev10", "IGD.LD1.Hosts.Adev2"));
+}
+
+TEST_F(ProfileTest, ResetLeavesNothing) {
+  loadExample("home_router.json");
+  gateway().reset();
+  const Json empty = gateway().save();
+  EXPECT_TRUE(empty["views"].empty() && empty["records"].empty() && empty["files"].empty());
+  EXPECT_TRUE(empty["wan"]["connections"].empty());
+  EXPECT_EQ(empty["mesh"]["state"], "down");
+}
+
+}  // namespace
+}  // namespace gateway
