@@ -11,7 +11,8 @@ struct AccessDeviceView : View<DBVIEW_ACCESS_DEV, 2492> {
   static constexpr Text<64> vendor{"vendor", 100};
   static constexpr Text<32> lastConnection{"lastConnection", 196};
   static constexpr Word adevValue{"adevValue", 360};
-  static constexpr Text<256> ipv6Address{"ipv6Address", 392};
+  /// All addresses of the device in one text.
+  static constexpr PlainText<1024> ipv6Address{"ipv6Address", 392};
   static constexpr auto fields = layout(name, vendor, lastConnection, adevValue, ipv6Address);
 };
 
