@@ -1,0 +1,568 @@
+#include <cstdio>
+
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/proxy.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "objects/uplink_rates.hpp"
+#include "platform/host.h"
+#include "platform/ports.h"
+#include "platform/records/link_status.hpp"
+#include "platform/records/port.hpp"
+#include "platform/views/dss_config.hpp"
+#include "platform/views/dss_info.hpp"
+#include "platform/views/networking_device.hpp"
+#include "platform/views/prefix_config.hpp"
+#include "platform/views/route_interface.hpp"
+#include "platform/views/wan_connection.hpp"
+#include "platform/views/wan_ppp_connection.hpp"
+#include "platform/wan.h"
+#include "pmapi/helpers.h"
+#include "pmapi/uplinkinfo.h"
+
+using namespace pm;
+using platform::DssConfigView;
+using platform::DssInfoView;
+using platform::NetworkingDeviceView;
+using platform::PortStatisticsRecord;
+using platform::PrefixConfigView;
+using platform::RouteInterfaceView;
+using platform::WanConnectionView;
+using platform::WanPppConnectionView;
+
+static constexpr char kSourceTag[] = "object_nexumd_uplinkinfo_pmapi.c";
+
+namespace {
+
+constexpr int32_t kNotOneMatch = -2;
+constexpr uint32_t kTextSize = 32;
+
+/// Where a view keeps the text by which it is looked up.
+struct KeyField {
+  uint32_t viewId;
+  uint32_t viewSize;
+  uint32_t offset;
+  uint32_t usable;
+};
+
+template <class View, uint32_t Width>
+consteval KeyField keyField(platform::TypedField<platform::FieldKind::kText, true, Width> field) {
+  return {View::kId, View::kSize, field.offset, Width - 4};
+}
+
+/// Reads the one instance whose key field holds `key`.
+int32_t readMatch(const LogOrigin &origin, const KeyField &field, const char *key, void *view) {
+  auto *bytes = static_cast<uint8_t *>(view);
+  prepareView(bytes, field.viewSize);
+  putText(bytes, field.offset, field.usable, key, Mark::kMatch);
+  InstanceTable<16> found;
+  if (vcorDbQryView(field.viewId, bytes, &found.list) != kOk) return kFailure;
+  if (found.reported() != 1) {
+    PM_LOG_FOR(origin, kError, 0, "No Run Info [%s] [%d]", key, found.reported());
+    return kNotOneMatch;
+  }
+  prepareView(bytes, field.viewSize);
+  return vcorDbGetView(field.viewId, found.at(0).text, bytes);
+}
+
+constexpr KeyField kByService = keyField<WanConnectionView>(WanConnectionView::serviceList);
+constexpr KeyField kRouteByWan = keyField<RouteInterfaceView>(RouteInterfaceView::wanInstance);
+constexpr KeyField kDssInfoByWan = keyField<DssInfoView>(DssInfoView::wanInstance);
+constexpr KeyField kDssConfigByWan = keyField<DssConfigView>(DssConfigView::wanInstance);
+constexpr KeyField kPrefixByWan = keyField<PrefixConfigView>(PrefixConfigView::wanInstance);
+
+void readNetworking(const LogOrigin &origin, ViewBuffer<NetworkingDeviceView> &networking) {
+  if (const int32_t status = networking.read("IGD"); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:%d\n", status);
+  }
+}
+
+}  // namespace
+
+int32_t ubus_get_manger_mac(uint8_t mac[6]) {
+  PM_ENTER();
+  if (mac == nullptr) return kFailure;
+  ViewBuffer<WanConnectionView> connection;
+  if (const int32_t status = readMatch(PM_ORIGIN, kByService, "INTERNET", connection.bytes);
+      status != kOk) {
+    return status;
+  }
+  memcpy(mac, connection.get(connection.mac), 6);
+  return kOk;
+}
+
+int32_t ubus_getPPPOEUserPwd(char *user, char *password) {
+  PM_ENTER();
+  if (user == nullptr || password == nullptr) return kFailure;
+  ViewBuffer<NetworkingDeviceView> networking;
+  readNetworking(PM_ORIGIN, networking);
+  const InstancePath instance(networking.text(networking.wanInstance));
+  ViewBuffer<WanPppConnectionView> ppp;
+  if (const int32_t status = ppp.read(instance.text); status != kOk) {
+    PM_FAIL(status, "[%s] dbgetview fail(%d)\r\n", __func__, status);
+    return kFailure;
+  }
+  copyExact(user, ppp.text(ppp.userName), kTextSize - 1);
+  PM_LOG(kInfo, "pUser:%s\n", ppp.text(ppp.userName));
+  copyExact(password, ppp.text(ppp.password), kTextSize - 1);
+  PM_LOG(kInfo, "pPwd:%s\n", ppp.text(ppp.password));
+  return kOk;
+}
+
+namespace {
+
+/// A module that does not answer is logged and what the connection before it left is added again.
+BandwidthAnswer askManagerForBandwidth(const LogOrigin &origin,
+                                       const BandwidthRequestBuffer &request,
+                                       BandwidthBuffer &counters) {
+  auto length = static_cast<uint16_t>(counters.kSize);
+  const int32_t status = askManager(MANAGER_MODULE_BANDINFO, BANDINFO_MGR_GET_BANDWIDTH,
+                                    request.bytes, request.kSize, counters.bytes, &length);
+  if (status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "net_json_get_wan_rate_rt CmSendMsg2MM fail,iRet = %d\n",
+               status);
+  }
+  return {false, kOk};
+}
+
+}  // namespace
+
+int32_t ubus_get_rate_rt(char *rxText, char *txText) {
+  PM_ENTER();
+  return sumUplinkRates(PM_ORIGIN, askManagerForBandwidth, kUnreadable, rxText, txText);
+}
+
+namespace {
+
+constexpr long kArpHeaderLength =
+    sizeof "IP address       HW type     Flags       HW address            Mask     Device" - 1;
+
+struct ArpEntry {
+  char ipAddress[16];
+  char hardwareType[8];
+  char flags[8];
+  char mac[32];
+  char mask[20];
+  char device[8];
+};
+
+bool readArpEntry(FILE *table, ArpEntry &entry) {
+  return fscanf(table, "%15s %7s %7s %31s %19s %7s\n", entry.ipAddress, entry.hardwareType,
+                entry.flags, entry.mac, entry.mask, entry.device) == 6;
+}
+
+}  // namespace
+
+int32_t ubus_getGatewayMac(char *mac) {
+  PM_ENTER();
+  if (mac == nullptr) return kFailure;
+  FILE *table = fopen("/proc/net/arp", "r");
+  if (table == nullptr) {
+    PM_LOG(kTrace, "/proc/net/arp can not open!");
+    return kFailure;
+  }
+  if (fseek(table, kArpHeaderLength, SEEK_SET) != 0) {
+    fclose(table);
+    return kFailure;
+  }
+  // From here on the table stays open: the daemon's descriptor accounting counts on it.
+  ArpEntry entry = {};
+  for (int32_t i = 0; readArpEntry(table, entry); ++i) {
+    if (strstr(entry.device, "nbif") != nullptr) {
+      copyExact(mac, entry.mac, kTextSize - 1);
+      PM_LOG(kInfo, "pGatewayMac:%s\n", entry.mac);
+      return kOk;
+    }
+    PM_LOG(kInfo,
+           "i =%d,szIpAddr =%s,dwType =%s, dwStatus =%s,szMacAddr =%s,szMask =%s,"
+           "szIntferaceName =%s \n",
+           i, entry.ipAddress, entry.hardwareType, entry.flags, entry.mac, entry.mask,
+           entry.device);
+  }
+  return kOk;
+}
+
+int32_t ubus_get_route_if_into(const char *instance, void *view) {
+  PM_ENTER();
+  if (instance == nullptr || view == nullptr) return kFailure;
+  return readMatch(PM_ORIGIN, kRouteByWan, instance, view);
+}
+
+int32_t ubus_get_dssinto(const char *instance, void *view) {
+  PM_ENTER();
+  if (instance == nullptr || view == nullptr) return kFailure;
+  return readMatch(PM_ORIGIN, kDssInfoByWan, instance, view);
+}
+
+int32_t ubus_get_dsscfg(const char *instance, void *view) {
+  PM_ENTER();
+  if (instance == nullptr || view == nullptr) return kFailure;
+  return readMatch(PM_ORIGIN, kDssConfigByWan, instance, view);
+}
+
+int32_t ubus_get_prefixcfg(const char *instance, void *view) {
+  PM_ENTER();
+  if (instance == nullptr || view == nullptr) return kFailure;
+  return readMatch(PM_ORIGIN, kPrefixByWan, instance, view);
+}
+
+namespace {
+
+constexpr uint32_t kPppoe = 2;
+constexpr int32_t kWithIpv6 = 1;
+constexpr uint32_t kLowHalf = 0xFFFF;
+
+const char *ponName(const LogOrigin &origin) {
+  uint32_t mask = 0;
+  if (const int32_t status = GetUpMode(&mask); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "GetUpMode %d!", status);
+    return "";
+  }
+  if ((mask & UP_MODE_MASK_GPON) != 0) return "GPON";
+  return (mask & UP_MODE_MASK_XGPON) != 0 ? "XGPON" : "";
+}
+
+const char *uplinkName(const LogOrigin &origin, uint32_t mode) {
+  if (mode == UP_MODE_ETHERNET) return "Ethernet";
+  return mode == UP_MODE_WLAN ? "WLAN" : ponName(origin);
+}
+
+void fillMacs(const LogOrigin &origin, UplinkInfoRecord *record) {
+  uint8_t mac[6] = {};
+  if (const int32_t status = ubus_get_manger_mac(mac); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "ubus_get_manger_mac fail = %d \n", status);
+  }
+  PM_LOG_FOR(origin, kInfo, 0, "ubus_get_manger_mac, %02x:%02x:%02x:%02x:%02x:%02x !\n", mac[0],
+             mac[1], mac[2], mac[3], mac[4], mac[5]);
+  char managerMac[sizeof record->managerMac] = {};
+  MacToString(mac, managerMac, sizeof managerMac);
+  ToUpperCase(managerMac);
+  copyText(record->managerMac, managerMac);
+
+  char gatewayMac[kTextSize] = {};
+  ubus_getGatewayMac(gatewayMac);
+  del_char(gatewayMac, ':');
+  ToUpperCase(gatewayMac);
+  PM_LOG_FOR(origin, kInfo, 0, "GatewayMac=%s\n", gatewayMac);
+  copyText(record->GatewayMac, gatewayMac);
+}
+
+void fillAccess(ViewBuffer<NetworkingDeviceView> &networking, UplinkInfoRecord *record) {
+  record->accessMode = networking.getSigned(networking.accessMode);
+  record->netIpMode = networking.getSigned(networking.netIpMode);
+  char user[kTextSize] = {};
+  char password[kTextSize] = {};
+  if (networking.get(networking.accessMode) == kPppoe) ubus_getPPPOEUserPwd(user, password);
+  copyText(record->pppoeUserName, user);
+  copyText(record->pppoePassword, password);
+  snprintf(record->runningTime, sizeof record->runningTime, "%d", GetUpTime());
+}
+
+using LinkBuffer = RecordBuffer<platform::LinkStatusRecord>;
+
+/// Asks for the link of the gateway as a client in one band; a link that cannot be asked for is
+/// down.
+void readWlanLink(const LogOrigin &origin, uint32_t band, LinkBuffer &link) {
+  link.clear();
+  ProxyReply<2048> reply;
+  const int32_t outcome =
+      reply.outcome(reply.send(CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE, &band, sizeof band));
+  if (outcome != kOk) {
+    PM_LOG_FOR(origin, kError, outcome,
+               "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE error!\n");
+    link.put(link.linkDown, 1);
+    return;
+  }
+  reply.copyPayload(link.bytes, link.kSize);
+}
+
+template <uint32_t Size>
+void printWord(char (&field)[Size], uint32_t value) {
+  snprintf(field, Size, "%d", value);
+}
+
+void fillWlanLink(const LogOrigin &origin, UplinkInfoRecord *record) {
+  LinkBuffer link;
+  uint32_t band = 0;
+  readWlanLink(origin, band, link);
+  if (link.get(link.linkDown) != 0) {
+    PM_LOG_FOR(origin, kInfo, 0, "pm_wlan_get_linkStatus_bystamode 5G  %d\n",
+               link.get(link.linkDown));
+    band = 1;
+    readWlanLink(origin, band, link);
+  }
+  const bool isDown = link.get(link.linkDown) != 0;
+  PM_LOG_FOR(origin, kInfo, 0, "wlan status %d\n ", link.get(link.linkDown));
+  copyText(record->radioBand, isDown ? "" : band == 0 ? "2.4G" : "5G");
+  copyText(record->linkName, link.text(link.ssid));
+  printWord(record->wlanStatus1, link.get(link.wlanStatus1));
+  printWord(record->wlanStatus2, link.get(link.wlanStatus2));
+  printWord(record->wlanStatus3, link.get(link.wlanStatus3));
+  printWord(record->wlanStatus4, link.get(link.wlanStatus4));
+  printWord(record->linkRate, link.get(link.linkRate));
+  printWord(record->linkRate2, link.get(link.linkRate2));
+}
+
+int32_t readPortSpeed(const LogOrigin &origin) {
+  constexpr int32_t kUnknownSpeed = -1;
+  ProxyReply<2048> reply;
+  const int32_t outcome = reply.outcome(reply.send(CTSGW_EVENT_GET_PORTLINKSTAT_TYPE, nullptr, 0));
+  if (outcome != kOk) {
+    PM_LOG_FOR(origin, kError, outcome,
+               "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_PORTLINKSTAT_TYPE error!\n");
+    return kUnknownSpeed;
+  }
+  int32_t speed = 0;
+  return reply.copyPayload(&speed, sizeof speed) == sizeof speed ? speed : kUnknownSpeed;
+}
+
+const char *speedText(int32_t speed) {
+  switch (speed) {
+    case 0:
+      return "10";
+    case 1:
+      return "100";
+    case 2:
+      return "1000";
+    default:
+      return "";
+  }
+}
+
+constexpr uint16_t kCounterOffsets[8] = {
+    PortStatisticsRecord::counter280.offset, PortStatisticsRecord::counter28.offset,
+    PortStatisticsRecord::counter316.offset, PortStatisticsRecord::counter64.offset,
+    PortStatisticsRecord::counter460.offset, PortStatisticsRecord::counter208.offset,
+    PortStatisticsRecord::counter496.offset, PortStatisticsRecord::counter244.offset};
+
+void fillWiredLink(const LogOrigin &origin, uint32_t port, UplinkInfoRecord *record) {
+  InstancePath instance("");
+  pm_switch_get_inst_id_by_port(port, instance.text);
+  const int32_t speed = readPortSpeed(origin);
+  PM_LOG_FOR(origin, kInfo, 0, "speedResult:%d\n", speed);
+  const char *rate = speedText(speed);
+  PM_LOG_FOR(origin, kInfo, 0, "pm_wan_get_port_link_state_type Rate = %s \n", rate);
+  record->radioBand[0] = '\0';
+  record->linkName[0] = '\0';
+  record->wlanStatus1[0] = '\0';
+  record->wlanStatus2[0] = '\0';
+  record->wlanStatus3[0] = '\0';
+  record->wlanStatus4[0] = '\0';
+  copyText(record->linkRate, rate);
+  copyText(record->linkRate2, rate);
+
+  RecordBuffer<PortStatisticsRecord> statistics;
+  pm_eth_get_port_basic_statstics(instance.text, statistics.bytes);
+  for (uint32_t i = 0; i < 8; ++i) {
+    record->ethCounters[i] = loadAs<uint64_t>(statistics.bytes, kCounterOffsets[i]);
+  }
+}
+
+void fillCurrentRate(const LogOrigin &origin, UplinkInfoRecord *record) {
+  char rxText[kRateTextSize] = {};
+  char txText[kRateTextSize] = {};
+  ubus_get_rate_rt(rxText, txText);
+  PM_LOG_FOR(origin, kInfo, 0, " RxRate_rt  RxRate_rt :%s TxRate_rt: %s", rxText, txText);
+  copyText(record->RxRate_rt, rxText);
+  copyText(record->TxRate_rt, txText);
+}
+
+constexpr uint32_t kAddressTextSize = 128;
+
+/// The IPv6 side of the Internet connection: four views of it, each empty when it cannot be read.
+struct Ipv6State {
+  ViewBuffer<RouteInterfaceView> route;
+  ViewBuffer<DssInfoView> dss;
+  ViewBuffer<DssConfigView> dssConfig;
+  ViewBuffer<PrefixConfigView> prefix;
+};
+
+/// A view that was prepared for its query must not show the key when the query fails.
+template <class View>
+int32_t readOrClear(int32_t (*read)(const char *, void *), const InstancePath &wan,
+                    ViewBuffer<View> &view) {
+  const int32_t status = read(wan.text, view.bytes);
+  if (status != kOk) view.clear();
+  return status;
+}
+
+void readIpv6(const LogOrigin &origin, const InstancePath &wan, Ipv6State &state) {
+  PM_LOG_FOR(origin, kInfo, 0, "the result of ubus_get_route_if_into = %d\n",
+             readOrClear(ubus_get_route_if_into, wan, state.route));
+  PM_LOG_FOR(origin, kInfo, 0, "the result of ubus_get_dssinto = %d\n",
+             readOrClear(ubus_get_dssinto, wan, state.dss));
+  PM_LOG_FOR(origin, kInfo, 0, "the result of tDssCfg = %d\n",
+             readOrClear(ubus_get_dsscfg, wan, state.dssConfig));
+  PM_LOG_FOR(origin, kInfo, 0, "the result of tPrefixcfg = %d\n",
+             readOrClear(ubus_get_prefixcfg, wan, state.prefix));
+}
+
+const char *addressOriginText(uint32_t addressOrigin) {
+  switch (addressOrigin) {
+    case 1:
+      return "AutoConfigured";
+    case 2:
+      return "Static";
+    case 3:
+      return "DHCPv6";
+    default:
+      return "";
+  }
+}
+
+const char *prefixOriginText(uint32_t prefixOrigin) {
+  switch (prefixOrigin) {
+    case 1:
+    case 3:
+      return "Static";
+    case 2:
+      return "PrefixDelegation";
+    default:
+      return "";
+  }
+}
+
+template <uint32_t Size>
+void copyAddress(char (&field)[Size], const uint8_t *address) {
+  char text[kAddressTextSize] = {};
+  IPv6ToStr(address, text, sizeof text);
+  copyText(field, text);
+}
+
+void fillDnsServers(const LogOrigin &origin, const ViewBuffer<DssInfoView> &dss,
+                    UplinkInfoRecord *record) {
+  const uint8_t *servers[] = {dss.get(dss.dnsServer1), dss.get(dss.dnsServer2),
+                              dss.get(dss.dnsServer3)};
+  char list[3 * kAddressTextSize] = {};
+  uint32_t length = 0;
+  for (const uint8_t *server : servers) {
+    char text[kAddressTextSize] = {};
+    IPv6ToStr(server, text, sizeof text);
+    if (ChkIPv6(server) == -1) continue;
+    if (length > 0) list[length++] = ',';
+    copyText(list + length, kAddressTextSize - 1, text);
+    length += static_cast<uint32_t>(strlen(list + length));
+  }
+  PM_LOG_FOR(origin, kInfo, 0, "dhsv6_servers=%s\n", list);
+  copyText(record->dhsv6_servers, list);
+}
+
+void fillIpv6(const LogOrigin &origin, const InstancePath &wan, UplinkInfoRecord *record) {
+  constexpr uint32_t kConnected = 2;
+  Ipv6State state;
+  readIpv6(origin, wan, state);
+  const auto &route = state.route;
+  const auto &dss = state.dss;
+  const auto &prefix = state.prefix;
+  copyText(record->v6Status,
+           route.get(route.connectionState) == kConnected ? "Connected" : "Unconnected ");
+  PM_LOG_FOR(origin, kInfo, 0, "v6Status=%s\n", record->v6Status);
+  copyText(record->v6AddressOrigin, addressOriginText(dss.get(dss.addressOrigin)));
+  PM_LOG_FOR(origin, kInfo, 0, "v6AddressOrigin=%s\n", record->v6AddressOrigin);
+  copyAddress(record->v6IPAddress, route.get(route.ipv6Address));
+  PM_LOG_FOR(origin, kInfo, 0, "v6IPAddress=%s\n", record->v6IPAddress);
+  fillDnsServers(origin, dss, record);
+  record->v6PrefixMode = state.dssConfig.getSigned(state.dssConfig.prefixMode);
+  copyText(record->v6PrefixOrigin, prefixOriginText(prefix.get(prefix.prefixOrigin)));
+  PM_LOG_FOR(origin, kInfo, 0, "v6PrefixOrigin=%s\n", record->v6PrefixOrigin);
+  copyAddress(record->v6Prefix, prefix.get(prefix.prefix));
+  PM_LOG_FOR(origin, kInfo, 0, "v6Prefix=%s\n", record->v6Prefix);
+  itoa(dss.getSigned(dss.preferredLifetime), record->PreferLifetime, 10);
+  PM_LOG_FOR(origin, kInfo, 0, "PreferLifetime=%s\n", record->PreferLifetime);
+  itoa(dss.getSigned(dss.validLifetime), record->ValidLifetime, 10);
+  PM_LOG_FOR(origin, kInfo, 0, "ValidLifetime=%s\n", record->ValidLifetime);
+  copyAddress(record->defaultIPv6Gateway, route.get(route.ipv6Gateway));
+  PM_LOG_FOR(origin, kInfo, 0, "defaultIPv6Gateway=%s\n", record->defaultIPv6Gateway);
+}
+
+void clearIpv6(UplinkInfoRecord *record) {
+  record->v6Status[0] = '\0';
+  record->v6AddressOrigin[0] = '\0';
+  record->v6IPAddress[0] = '\0';
+  record->dhsv6_servers[0] = '\0';
+  record->v6PrefixMode = 0;
+  record->v6PrefixOrigin[0] = '\0';
+  record->v6Prefix[0] = '\0';
+  record->PreferLifetime[0] = '\0';
+  record->ValidLifetime[0] = '\0';
+  record->defaultIPv6Gateway[0] = '\0';
+}
+
+template <uint32_t Size>
+void printStatistic(char (&field)[Size], int32_t value) {
+  snprintf(field, Size, "%d", value);
+}
+
+bool fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_t mode,
+                   const char *type, UplinkRateBlock &block) {
+  copyText(block.statType, type);
+  si_net_sample_statics statistics = {};
+  if (si_net_sample_list_statics(&key, &statistics, mode) != kOk) {
+    block.AverRxRate[0] = '\0';
+    block.AverTxRate[0] = '\0';
+    block.MaxRxRate[0] = '\0';
+    block.MaxTxRate[0] = '\0';
+    return false;
+  }
+  PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics succeed \n");
+  PM_LOG_FOR(origin, kInfo, 0, "AverRxRate is %d  : %d :%d :%d\n", statistics.rx_aver,
+             statistics.tx_aver, statistics.rx_max, statistics.tx_max);
+  printStatistic(block.AverRxRate, statistics.rx_aver);
+  printStatistic(block.AverTxRate, statistics.tx_aver);
+  printStatistic(block.MaxRxRate, statistics.rx_max);
+  printStatistic(block.MaxTxRate, statistics.tx_max);
+  return true;
+}
+
+void fillRateStatistics(const LogOrigin &origin, UplinkInfoRecord *record) {
+  constexpr int32_t kUplinkIpv4 = 3;
+  constexpr int32_t kUplinkIpv6 = 4;
+  record->rateStatsValid = 1;
+  si_net_sample_dev key = {};
+  copyText(key.name, "uplink");
+  if (!fillRateBlock(origin, key, kUplinkIpv4, "IFA", record->ipv4Rates)) {
+    PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics ifa failed [name %s] \n", key.name);
+  }
+  if (!fillRateBlock(origin, key, kUplinkIpv6, "IF6", record->ipv6Rates)) {
+    PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics if6 failed [name %s]\n", key.name);
+  }
+}
+
+}  // namespace
+
+int32_t pm_ubus_get_uplinkinfo(UplinkInfoRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  UpModeInfo uplink{};
+  if (const int32_t status = pm_upmode_info_get(&uplink); status != kOk) {
+    PM_FAIL(status, "[%s] pm_upmode_info_get error, iret = %d\n", __func__, status);
+    return status;
+  }
+  const LogOrigin origin = PM_ORIGIN;
+  const uint32_t mode = uplink.mode & kLowHalf;
+  copyText(record->uplinkType, uplinkName(origin, mode));
+  fillMacs(origin, record);
+
+  ViewBuffer<NetworkingDeviceView> networking;
+  readNetworking(origin, networking);
+  fillAccess(networking, record);
+
+  PM_LOG(kInfo, "up_mode=%d\n", mode);
+  if (mode == UP_MODE_WLAN) {
+    fillWlanLink(origin, record);
+  } else {
+    fillWiredLink(origin, uplink.port & kLowHalf, record);
+  }
+  fillCurrentRate(origin, record);
+  if (record->netIpMode == kWithIpv6) {
+    fillIpv6(origin, InstancePath(networking.text(networking.wanInstance)), record);
+  } else {
+    clearIpv6(record);
+  }
+  fillRateStatistics(origin, record);
+  return kOk;
+}
