@@ -1,0 +1,293 @@
+#include <cstdio>
+
+#include "frame/attached_device.hpp"
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/rate_text.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/host.h"
+#include "platform/ports.h"
+#include "platform/records/wlan_config.hpp"
+#include "platform/views/access_device.hpp"
+#include "platform/views/associated_device.hpp"
+#include "platform/wlan.h"
+#include "pmapi/helpers.h"
+#include "pmapi/stainfo.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_stainfo_pmapi.c";
+
+namespace {
+
+constexpr uint32_t kTextSize = 32;
+constexpr char kKinds[][8] = {"phone", "pad", "pc", "stb", "ap", "iot"};
+constexpr uint32_t kKindCount = sizeof kKinds / sizeof kKinds[0];
+
+int32_t listDevices(DeviceTable &devices) {
+  return plib_adev_list_view_all(&devices.list) == kOk ? kOk : kMalformed;
+}
+
+/// The path at a position, whether or not the list reaches that far.
+InstancePath pathAt(const DeviceTable &devices, int32_t index) {
+  if (index < 0 || index >= PLATFORM_ATTACHED_DEVICES_MAX) return InstancePath("");
+  return devices.at(static_cast<uint32_t>(index));
+}
+
+int32_t lookUp(const LogOrigin &origin, int32_t index, DeviceBuffer &device) {
+  DeviceTable devices;
+  if (const int32_t status = listDevices(devices); status != kOk) return status;
+  DeviceReply reply;
+  return queryDevice(origin, pathAt(devices, index), reply, device);
+}
+
+}  // namespace
+
+int32_t ubus_getIpAddress(int32_t index, char *out) {
+  if (out == nullptr) return kFailure;
+  DeviceBuffer device;
+  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
+  char text[kTextSize] = {};
+  IPToStr(device.get(device.ipv4Address), text, sizeof text);
+  copyExact(out, text, sizeof text - 1);
+  return kOk;
+}
+
+int32_t ubus_getHostName(int32_t index, char *out) {
+  if (out == nullptr) return kFailure;
+  DeviceBuffer device;
+  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
+  copyExact(out, device.text(device.hostName), kTextSize - 1);
+  return kOk;
+}
+
+int32_t ubus_getMacAddress(int32_t index, char *out) {
+  if (out == nullptr) return kFailure;
+  DeviceBuffer device;
+  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
+  char text[kTextSize] = {};
+  MacToString(device.get(device.mac), text, sizeof text);
+  copyExact(out, text, sizeof text - 1);
+  return kOk;
+}
+
+int32_t ubus_getStatype(int32_t index, char *out) {
+  if (out == nullptr) return kFailure;
+  DeviceBuffer device;
+  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
+  const uint32_t kind = device.get(device.kind);
+  const char *name = kind >= 1 && kind <= kKindCount ? kKinds[kind - 1] : "other";
+  copyExact(out, name, kTextSize - 1);
+  PM_LOG(kInfo, "statype:%s\n", name);
+  return kOk;
+}
+
+int32_t ubus_getUptime(int32_t index, char *out) {
+  if (out == nullptr) return kFailure;
+  DeviceBuffer device;
+  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
+  const auto now = static_cast<uint32_t>(GetUpTime());
+  const uint32_t connected = device.get(device.connectionTime);
+  // An earlier "now" means that the uptime counter has wrapped since.
+  const uint32_t online = now >= connected ? now - connected : now + (UINT32_MAX - connected);
+  snprintf(out, kTextSize, "%u", online);
+  PM_LOG(kInfo, "uptime:%s\n", out);
+  return kOk;
+}
+
+namespace {
+
+constexpr uint32_t kRateUnit = 1000;
+
+/// Fills what the association says.
+void fillAssociation(const LogOrigin &origin,
+                     ViewBuffer<platform::AssociatedDeviceView> &association,
+                     StaConfigResult *result) {
+  const int32_t rssi = association.getSigned(association.rssi);
+  PM_LOG_FOR(origin, kError, 0, "staconfig -> rssi=%d\n", rssi);
+  snprintf(result->rssi, sizeof result->rssi, "%d", rssi);
+  snprintf(result->linkRate, sizeof result->linkRate, "%d",
+           association.get(association.linkRate) / kRateUnit);
+  snprintf(result->linkRate2, sizeof result->linkRate2, "%d",
+           association.get(association.linkRate2) / kRateUnit);
+}
+
+/// Fills what the configuration of the station's SSID says.
+int32_t fillRadio(const char *ssidInstance, StaConfigResult *result) {
+  RecordBuffer<WlanConfigRecord> config;
+  if (const int32_t status = pm_wlan_get_config(ssidInstance, &config); status != kOk) {
+    printf("pm_wlan_get_config fail=%d\n", status);
+    return status;
+  }
+  const uint32_t band = config.get(config.band);
+  if (band == 0) copyText(result->band, "2.4G");
+  if (band == 1) copyText(result->band, "5G");
+  copyExact(result->wlanName, config.text(config.ssid), sizeof result->wlanName - 1);
+  snprintf(result->radioValue, sizeof result->radioValue, "%d", config.get(config.channel));
+  return kOk;
+}
+
+int32_t readWirelessLink(const LogOrigin &origin, const uint8_t *mac, StaConfigResult *result) {
+  AssociationTable matches;
+  if (const int32_t status = findAssociations(mac, matches); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
+    return status;
+  }
+  if (matches.reported() != 1) {
+    PM_LOG_FOR(origin, kError, 0, "tAdList.dwCount=%d\n", matches.reported());
+    return kFailure;
+  }
+  ViewBuffer<platform::AssociatedDeviceView> association;
+  if (const int32_t status = association.read(matches.at(0).text); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
+    return status;
+  }
+  fillAssociation(origin, association, result);
+  return fillRadio(association.text(association.ssidInstance), result);
+}
+
+int32_t readWiredLink(const char *interfaceName, StaConfigResult *result) {
+  LanInfoBuffer lan;
+  if (!findLanInterface(interfaceName, lan)) return kFailure;
+  const char *speed = lan.text(lan.speed);
+  const char *rate = "";
+  if (startsWith(speed, "10Mbps")) rate = "10";
+  if (startsWith(speed, "100Mbps")) rate = "100";
+  if (startsWith(speed, "1000Mbps")) rate = "1000";
+  copyText(result->linkRate, rate);
+  copyText(result->linkRate2, rate);
+  return kOk;
+}
+
+int32_t readMeasuredTraffic(const LogOrigin &origin, const uint8_t *mac,
+                            StationStatisticsBuffer &traffic) {
+  const bool read = queryStationStatistics(origin, CTSGW_EVENT_GET_BW_STATS, mac, traffic);
+  return read ? kOk : kFailure;
+}
+
+/// The hardware's counters, or the measured ones where the hardware has run out of registers.
+int32_t readWiredTraffic(const LogOrigin &origin, const uint8_t *mac,
+                         StationStatisticsBuffer &traffic) {
+  if (!queryStationStatistics(origin, CTSGW_EVENT_GET_HARD_STATS, mac, traffic)) return kFailure;
+  if (traffic.get(traffic.notEnoughRegister) == 0) return kOk;
+  printf("pm_bw_get_hard_stats not enough register, use olt func\n");
+  traffic.clear();
+  return readMeasuredTraffic(origin, mac, traffic);
+}
+
+void fillRates(const StationStatisticsBuffer &traffic, StaConfigResult *result) {
+  printRate(result->rxRate, sizeof result->rxRate,
+            static_cast<float>(traffic.getSigned(traffic.rxRate)));
+  printRate(result->txRate, sizeof result->txRate,
+            static_cast<float>(traffic.getSigned(traffic.txRate)));
+  result->valid = 1;
+}
+
+}  // namespace
+
+int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
+  PM_ENTER();
+  if (result == nullptr) return kFailure;
+  DeviceTable devices;
+  if (const int32_t status = listDevices(devices); status != kOk) return status;
+  DeviceBuffer device;
+  {
+    DeviceReply reply;
+    queryDevice(PM_ORIGIN, pathAt(devices, index), reply, device);
+  }
+  const char *interfaceName = device.text(device.interfaceName);
+  const uint8_t *mac = device.get(device.mac);
+  const bool isWireless = startsWith(interfaceName, "wlan");
+  if (!isWireless && !startsWith(interfaceName, "eth")) return kOk;
+
+  const int32_t link =
+      isWireless ? readWirelessLink(PM_ORIGIN, mac, result) : readWiredLink(interfaceName, result);
+  if (link != kOk) return link;
+  StationStatisticsBuffer traffic;
+  const int32_t status = isWireless ? readMeasuredTraffic(PM_ORIGIN, mac, traffic)
+                                    : readWiredTraffic(PM_ORIGIN, mac, traffic);
+  if (status != kOk) return status;
+  fillRates(traffic, result);
+  return kOk;
+}
+
+namespace {
+
+template <uint32_t Size>
+void fillText(char (&field)[Size], int32_t index, int32_t (*getter)(int32_t, char *)) {
+  char value[kTextSize] = {};
+  getter(index, value);
+  copyText(field, value);
+}
+
+int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
+  ViewBuffer<platform::AccessDeviceView> access;
+  if (const int32_t status = access.read(path.text); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "get DBVIEW_ACCESS_DEV failed, iRet=%d\n", status);
+    return kUnreadable;
+  }
+  PM_LOG_FOR(origin, kVerbose, 0, " get DBVIEW_ACCESS_DEV succ");
+  record->adevValue = access.getSigned(access.adevValue);
+  copyText(record->vendor, access.text(access.vendor));
+  PM_LOG_FOR(origin, kInfo, 0, "tVendor=%s\n", access.text(access.vendor));
+  copyText(record->ipv6Address, access.text(access.ipv6Address));
+  PM_LOG_FOR(origin, kInfo, 0, "tIPV6Address=%s\n", access.text(access.ipv6Address));
+  copyText(record->accessTime, access.text(access.lastConnection));
+  PM_LOG_FOR(origin, kInfo, 0, "tLastConnection=%s\n", access.text(access.lastConnection));
+  PM_LOG_FOR(origin, kInfo, 0, "p_ubus_sta_info -> accessTime=%s\n", record->accessTime);
+  return kOk;
+}
+
+int32_t fillTraffic(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
+  StationStatisticsBuffer traffic;
+  if (pm_bw_get_hard_stats(path.text, traffic.bytes) != kOk) return kUnreadable;
+  PM_LOG_FOR(origin, kInfo, 0, "out pm_bw_get_hard_stats");
+  record->totalBytesSent = traffic.get(traffic.totalBytesSent);
+  record->totalBytesReceived = traffic.get(traffic.totalBytesReceived);
+  record->totalPacketsSent = traffic.get(traffic.totalPacketsSent);
+  record->totalPacketsReceived = traffic.get(traffic.totalPacketsReceived);
+  PM_LOG_FOR(origin, kInfo, 0,
+             "[pm_ubus_get_sta_info] p_ubus_sta_info -> totalBytesReceived: %llu\n",
+             record->totalBytesReceived);
+  PM_LOG_FOR(origin, kInfo, 0, "[pm_ubus_get_sta_info] tBwstats.ttotalPacketsSent: %llu\n",
+             record->totalPacketsSent);
+  return kOk;
+}
+
+void fillConfig(int32_t index, StaInfoRecord *record) {
+  StaConfigResult config = {};
+  ubus_get_sta_config(index, &config);
+  copyText(record->band, config.band);
+  copyText(record->wlanName, config.wlanName);
+  copyText(record->rssi, config.rssi);
+  copyText(record->radioValue, config.radioValue);
+  copyText(record->linkRate, config.linkRate);
+  copyText(record->linkRate2, config.linkRate2);
+  copyText(record->rxRate, config.rxRate);
+  copyText(record->txRate, config.txRate);
+  record->staConfigValid = config.valid;
+}
+
+}  // namespace
+
+int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record) {
+  PM_LOG(kInfo, "enter pm_ubus_get_sta_info");
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  fillText(record->ipAddress, index, ubus_getIpAddress);
+  const auto position = static_cast<int32_t>(static_cast<uint32_t>(index) + 1);
+  const InstancePath path = InstancePath::numbered("IGD.LD1.Hosts.Adev", position);
+  PM_LOG(kInfo, "szViewName=%s\n", path.text);
+  if (const int32_t status = fillAccess(PM_ORIGIN, path, record); status != kOk) return status;
+  if (const int32_t status = fillTraffic(PM_ORIGIN, path, record); status != kOk) return status;
+  fillText(record->hostName, index, ubus_getHostName);
+  fillText(record->macAddress, index, ubus_getMacAddress);
+  fillText(record->staType, index, ubus_getStatype);
+  fillText(record->onlineTime, index, ubus_getUptime);
+  fillConfig(index, record);
+  printf("===================pmapi end========================");
+  return kOk;
+}
