@@ -1,0 +1,33 @@
+// Scanning for access points: the request, and the list that comes back.
+#pragma once
+
+#include "frame/record_buffer.hpp"
+#include "platform/records/wlan_scan.hpp"
+#include "platform/wlan.h"
+
+namespace pm {
+
+using ApListBuffer = RecordBuffer<WlanApList>;
+
+/// One access point heard; the SSID is terminated, which the platform's is not always.
+struct HeardAccessPoint {
+  char ssid[33];
+  uint8_t bssid[6];
+  int32_t channel;
+  int32_t rssi;
+  int32_t securityMode;
+  int32_t encryption;
+};
+
+/// Starts a scan on a radio, "IGD.LD1.WLANBase1" or 2; the result takes its time.
+int32_t startScan(const char *radioInstance);
+
+/// Reads what the last scan of an SSID's radio has heard into a cleared list.
+int32_t listAccessPoints(const char *ssidInstance, ApListBuffer &list);
+
+/// Access points that really lie in the list, whatever the platform counted.
+uint32_t countOf(const ApListBuffer &list);
+
+HeardAccessPoint accessPointAt(const ApListBuffer &list, uint32_t position);
+
+}  // namespace pm
