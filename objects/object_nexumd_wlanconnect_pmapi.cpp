@@ -1,0 +1,134 @@
+#include <unistd.h>
+
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/status.hpp"
+#include "objects/wlan_scan.hpp"
+#include "platform/records/wan.hpp"
+#include "platform/views/networking_device.hpp"
+#include "platform/views/wlan_client.hpp"
+#include "platform/wan.h"
+#include "pmapi/wlanconnect.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_wlanconnect_pmapi.c";
+
+namespace {
+
+constexpr uint32_t kWlanClientUplink = 2;
+constexpr uint32_t kScanSeconds = 10;
+constexpr uint32_t kJoinSeconds = 10;
+constexpr uint32_t kPassphraseSize = 63;
+
+constexpr char kRadioInstances[][20] = {"IGD.LD1.WLANBase1", "IGD.LD1.WLANBase2"};
+constexpr char kSsidInstances[][16] = {"IGD.LD1.WLAN1", "IGD.LD1.WLAN5"};
+constexpr uint32_t kRadios = 2;
+
+/// Makes Wi-Fi the uplink. A platform that does not take over the new mode at once is only logged.
+int32_t switchUplink(const LogOrigin &origin) {
+  UpModeInfo before{};
+  if (const int32_t status = pm_upmode_info_get(&before); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "[%s] pm_upmode_info_get error, iret = %d\n",
+               origin.function, status);
+    return status;
+  }
+  ViewBuffer<platform::NetworkingDeviceView> networking;
+  networking.set(networking.uplinkMode, kWlanClientUplink);
+  if (const int32_t status = networking.write("IGD"); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "[%s] set DBVIEW_NETWORKING_DEV_INFO failed! iRet:%d\n",
+               origin.function, status);
+    return status;
+  }
+  vcorDbSave();
+  RecordBuffer<platform::UpModeBlock> block;
+  block.put(block.mode, before.mode);
+  block.put(block.port, before.port);
+  const UpModeInfo after{UP_MODE_WLAN, before.port};
+  if (const int32_t status = pm_upmode_info_set(&before, &after, block.bytes); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "error:pm_upmode_info_set\n");
+  }
+  return kOk;
+}
+
+/// Looks for the network in one band; `status` keeps the scan's or the list's result.
+bool findNetwork(const LogOrigin &origin, uint32_t radio, const char *ssid, int32_t &status,
+                 HeardAccessPoint &found) {
+  status = startScan(kRadioInstances[radio]);
+  if (status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "tScanPara fail=%d\n", status);
+    return false;
+  }
+  sleep(kScanSeconds);
+  ApListBuffer list;
+  status = listAccessPoints(kSsidInstances[radio], list);
+  if (status != kOk) {
+    PM_LOG_FOR(origin, kError, status, " pm_wlan_list_ap=%d ", status);
+    return false;
+  }
+  const uint32_t heard = countOf(list);
+  PM_LOG_FOR(origin, kInfo, 0, " radiotype %d , tWLANAPList.dwCount=%d ", radio, heard);
+  for (uint32_t i = 0; i < heard; ++i) {
+    PM_LOG_FOR(origin, kInfo, 0, "dwCount = %d, LINE =%d\n", i, __LINE__);
+    found = accessPointAt(list, i);
+    if (strcmp(found.ssid, ssid) == 0) return true;
+  }
+  return false;
+}
+
+int32_t selectNetwork(const LogOrigin &origin, uint32_t radio, const HeardAccessPoint &network,
+                      const char *passphrase) {
+  RecordBuffer<WlanSelectRecord> selection;
+  selection.set(selection.bssid, network.bssid);
+  selection.set(selection.securityMode, static_cast<uint32_t>(network.securityMode));
+  selection.set(selection.channel, static_cast<uint32_t>(network.channel));
+  selection.set(selection.passphrase, passphrase);
+  const int32_t status = pm_wlan_select_ap_bystamode(radio, &selection);
+  if (status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "pm_wlan_select_ap_bystamode fail=%d\n", status);
+  }
+  return status;
+}
+
+int32_t recordClient(const LogOrigin &origin) {
+  ViewBuffer<platform::WlanClientView> client;
+  client.set(client.clientFlag1, 1);
+  client.set(client.clientFlag2, 1);
+  client.set(client.clientFlag3, 1);
+  client.set(client.clientFlag4, 1);
+  const InstancePath instance("IGD.LD1.WLANApcli1");
+  if (const int32_t status = client.write(instance.text); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "Set DBVIEW_WLAN_APCLI error! line(%d)\n", __LINE__);
+    return kUnreadable;
+  }
+  PM_LOG_FOR(origin, kInfo, 0, "Find Uplink ssid and uplink success!!! line(%d)\n", __LINE__);
+  return kOk;
+}
+
+}  // namespace
+
+int32_t pm_ubus_wlanconnect_set(const WlanConnectRecord *record) {
+  PM_ENTER();
+  if (const int32_t status = switchUplink(PM_ORIGIN); status != kOk) return status;
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_wlanconnect_set_new para is null");
+    return kNullRecord;
+  }
+  char ssid[sizeof record->ssid];
+  copyText(ssid, record->ssid);
+  char passphrase[kPassphraseSize];
+  copyText(passphrase, record->pwd);
+
+  int32_t status = kOk;
+  HeardAccessPoint network = {};
+  uint32_t radio = 0;
+  while (radio < kRadios && !findNetwork(PM_ORIGIN, radio, ssid, status, network)) ++radio;
+  if (radio == kRadios) {
+    PM_FAIL(status, "Cannot find Uplink ssid  line(%d)\n", __LINE__);
+    return status;
+  }
+  if (status = selectNetwork(PM_ORIGIN, radio, network, passphrase); status != kOk) return status;
+  PM_LOG(kInfo, "Find ssid!!! LINE =%d\n", __LINE__);
+  sleep(kJoinSeconds);
+  return recordClient(PM_ORIGIN);
+}
