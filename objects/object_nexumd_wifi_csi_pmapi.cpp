@@ -1,0 +1,162 @@
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/records/wlan_csi.hpp"
+#include "platform/wlan.h"
+#include "pmapi/wifi_csi.h"
+
+using namespace pm;
+using CsiBuffer = RecordBuffer<WlanCsiRecord>;
+using StationBuffer = RecordBuffer<WlanCsiMacRecord>;
+
+static constexpr char kSourceTag[] = "object_nexumd_wifi_csi_pmapi.c";
+
+namespace {
+
+constexpr char kCsi24G[] = "IGD.CsiInfo1";
+constexpr char kCsi5G[] = "IGD.CsiInfo2";
+
+enum StationOperation { kAddStation = 1, kDeleteStation = 2 };
+
+constexpr uint32_t kMacDigits = 12;
+constexpr uint32_t kMacStep = kMacDigits + 1;
+constexpr uint32_t kStations = 32;
+
+/// Writes the record to the radios that the text names; false for a text that names none.
+bool writeToRadios(const char *radio, CsiBuffer &csi, int32_t &status) {
+  if (strcmp(radio, "2.4G") == 0) {
+    status = pm_wlan_set_csi_info(kCsi24G, &csi);
+  } else if (strcmp(radio, "5G") == 0) {
+    status = pm_wlan_set_csi_info(kCsi5G, &csi);
+  } else if (strcmp(radio, "All") == 0) {
+    pm_wlan_set_csi_info(kCsi24G, &csi);
+    status = pm_wlan_set_csi_info(kCsi5G, &csi);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+int32_t pm_ubus_set_csi_enable(const CsiEnableSetRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_set_csi_enable para is null");
+    return kNullRecord;
+  }
+  CsiBuffer csi;
+  csi.set(csi.csiEnable, static_cast<uint32_t>(record->enable));
+  int32_t status = kOk;
+  if (!writeToRadios(record->radio, csi, status)) {
+    PM_FAIL(0, "radio illegal!");
+    return kFailure;
+  }
+  if (status != kOk) {
+    PM_FAIL(status, "pm_wlan_set_csi_info  fail=%d\n", status);
+    return kFailure;
+  }
+  return kOk;
+}
+
+int32_t pm_ubus_get_csi_enable(CsiEnableRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_get_csi_enable para is null");
+    return kNullRecord;
+  }
+  CsiBuffer csi24G;
+  CsiBuffer csi5G;
+  int32_t status = pm_wlan_get_csi_info(kCsi24G, &csi24G);
+  if (status == kOk) status = pm_wlan_get_csi_info(kCsi5G, &csi5G);
+  if (status != kOk) {
+    PM_FAIL(status, "[%s] pm_ubus_get_csi_enable fail(%d)\r\n", __func__, status);
+    return kFailure;
+  }
+  copyText(record->radio1, csi24G.text(csi24G.radioName));
+  record->enable1 = csi24G.getSigned(csi24G.csiEnable);
+  copyText(record->radio2, csi5G.text(csi5G.radioName));
+  record->enable2 = csi5G.getSigned(csi5G.csiEnable);
+  return kOk;
+}
+
+int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_set_csi_mac para is null");
+    return kNullRecord;
+  }
+  if (record->operation != kAddStation && record->operation != kDeleteStation) {
+    PM_FAIL(0, "pm_ubus_set_csi_mac  fail=%d\n", 0);
+    return kFailure;
+  }
+  const size_t length = strlen(record->macList);
+  for (size_t position = 0; position < length; position += kMacStep) {
+    char mac[kMacStep];
+    copyText(mac, record->macList + position);
+    StationBuffer station;
+    station.set(station.macText, mac);
+    if (record->operation == kAddStation) {
+      pm_wlan_add_csi_mac("IGD", &station);
+    } else {
+      pm_wlan_del_csi_mac("IGD", &station);
+    }
+  }
+  return kOk;
+}
+
+int32_t pm_ubus_get_csi_mac(CsiMacRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) return kFailure;
+  InstanceTable<kStations> stations;
+  CsiMacList list{PLATFORM_INSTANCE_SIZE, 0, stations.list.instances};
+  if (const int32_t status = pm_wlan_list_csi_mac("IGD", &list); status != kOk) {
+    PM_FAIL(status, "pm_wlan_list_csi_mac fail=%d\n", status);
+    return status;
+  }
+  stations.list.dwCount = list.dwCount;
+  for (uint32_t i = 0; i < stations.count(); ++i) {
+    StationBuffer station;
+    if (const int32_t status = pm_wlan_get_csi_mac_par(stations.at(i).text, &station);
+        status != kOk) {
+      PM_FAIL(status, "pm_wlan_get_csi_mac_par(%d) fail=%d\n", __LINE__, status);
+      return kOk;
+    }
+    char *mac = record->macList + i * kMacStep;
+    copyText(mac, kMacStep, station.text(station.macText));
+    if (i > 0) mac[-1] = ',';
+  }
+  return kOk;
+}
+
+int32_t pm_ubus_set_csi_config(const CsiConfigRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_set_csi_config para is null");
+    return kNullRecord;
+  }
+  CsiBuffer csi;
+  csi.set(csi.csiParam1, static_cast<uint32_t>(record->csiParam1));
+  csi.set(csi.csiParam2, static_cast<uint32_t>(record->csiParam2));
+  int32_t status = pm_wlan_set_csi_info(kCsi24G, &csi);
+  if (status == kOk) status = pm_wlan_set_csi_info(kCsi5G, &csi);
+  if (status != kOk) {
+    PM_FAIL(status, "pm_ubus_set_csi_config  fail=%d\n", status);
+    return kFailure;
+  }
+  return kOk;
+}
+
+int32_t pm_ubus_get_csi_config(CsiConfigRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) return kFailure;
+  CsiBuffer csi;
+  if (const int32_t status = pm_wlan_get_csi_info(kCsi24G, &csi); status != kOk) {
+    PM_FAIL(status, "[%s] pm_ubus_get_csi_config fail(%d)\r\n", __func__, status);
+    return kFailure;
+  }
+  record->csiParam1 = csi.getSigned(csi.csiParam1);
+  record->csiParam2 = csi.getSigned(csi.csiParam2);
+  return kOk;
+}
