@@ -1,0 +1,404 @@
+#include <cstdio>
+
+#include "frame/attached_device.hpp"
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/proxy.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "platform/host.h"
+#include "platform/records/radio_info.hpp"
+#include "platform/records/wlan_band_steering.hpp"
+#include "platform/records/wlan_config.hpp"
+#include "platform/records/wlan_hosts.hpp"
+#include "platform/views/associated_device.hpp"
+#include "platform/wlan.h"
+#include "pmapi/helpers.h"
+#include "pmapi/roaming.h"
+
+using namespace pm;
+using AssociationBuffer = ViewBuffer<platform::AssociatedDeviceView>;
+using SteeringBuffer = RecordBuffer<WlanBandSteeringRecord>;
+
+static constexpr char kSourceTag[] = "object_nexumd_roaming_pmapi.c";
+
+namespace {
+
+constexpr char kFirst24GSsid[] = "IGD.LD1.WLAN1";
+constexpr char kFirst5GSsid[] = "IGD.LD1.WLAN5";
+constexpr int32_t kAssociationFault = 1566;
+
+/// Reads one word of the record that roaming and band steering share.
+int32_t readSteeringWord(const LogOrigin &origin, uint32_t offset, uint32_t *out) {
+  PM_LOG_FOR(origin, kInfo, 0, "now in %s\n", origin.function);
+  if (out == nullptr) return kFailure;
+  SteeringBuffer steering;
+  if (const int32_t status = pm_wlan_get_wifibandsteering(&steering); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "[%s] pm_wlan_get_wifibandsteering fail(%d)\r\n",
+               origin.function, status);
+    return kFailure;
+  }
+  *out = loadAs<uint32_t>(steering.bytes, offset);
+  return kOk;
+}
+
+}  // namespace
+
+int32_t ubus_getRoamingSwitch(uint32_t *out) {
+  const uint32_t offset = WlanBandSteeringRecord::steeringEnable.offset;
+  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
+  PM_LOG(kInfo, "roamingSwitch:%d\n", *out);
+  return kOk;
+}
+
+int32_t ubus_getLowRSSI24G(uint32_t *out) {
+  const uint32_t offset = WlanBandSteeringRecord::lowRssi24G.offset;
+  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
+  PM_LOG(kInfo, "LowRSSI24G:%d\n", *out);
+  return kOk;
+}
+
+int32_t ubus_getLowRSSI5G(uint32_t *out) {
+  const uint32_t offset = WlanBandSteeringRecord::lowRssi5G.offset;
+  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
+  PM_LOG(kInfo, "LowRSSI5G:%d\n", *out);
+  return kOk;
+}
+
+int32_t ubus_getRssiThreshold(uint32_t *out) {
+  const uint32_t offset = WlanBandSteeringRecord::lowRssi24G.offset;
+  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
+  PM_LOG(kInfo, "RssiThreshold:%d\n", *out);
+  return kOk;
+}
+
+int32_t ubus_getRssiThreshold5G(uint32_t *out) {
+  const uint32_t offset = WlanBandSteeringRecord::lowRssi5G.offset;
+  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
+  PM_LOG(kInfo, "RssiThreshold5G:%d\n", *out);
+  return kOk;
+}
+
+int32_t ubus_getBandSteeringStatus(uint32_t *out) {
+  PM_ENTER();
+  if (out == nullptr) return kFailure;
+  RecordBuffer<WlanConfigRecord> config;
+  if (const int32_t status = pm_wlan_get_config(kFirst24GSsid, &config); status != kOk) {
+    PM_FAIL(status, "[%s] dbgetview fail(%d)\r\n", __func__, status);
+    return kFailure;
+  }
+  *out = config.get(config.bandSteering);
+  PM_LOG(kInfo, "BandSteeringStatus:%d\n", *out);
+  return kOk;
+}
+
+namespace {
+
+int32_t writeSteering(const LogOrigin &origin, bool enable, uint32_t low24G, uint32_t low5G) {
+  SteeringBuffer steering;
+  steering.set(steering.steeringEnable, enable ? 1 : 0);
+  steering.set(steering.lowRssi24G, low24G);
+  steering.set(steering.lowRssi5G, low5G);
+  const int32_t status = pm_wlan_set_wifibandsteering(&steering);
+  if (status == kOk) return kOk;
+  PM_LOG_FOR(origin, kError, status, "pm_wlan_set_wifibandsteering  fail=%d\n", status);
+  return kFailure;
+}
+
+}  // namespace
+
+int32_t ubus_setLowRSSI(int32_t roamingSwitch, uint32_t low24G, uint32_t low5G) {
+  return writeSteering(PM_ORIGIN, roamingSwitch == 1, low24G, low5G);
+}
+
+int32_t ubus_getPacketLoss(void) {
+  return kOk;
+}
+int32_t ubus_getRetryRatio(void) {
+  return kOk;
+}
+int32_t ubus_getXIndex(void) {
+  return kOk;
+}
+int32_t ubus_getDetectPeriod(void) {
+  return kOk;
+}
+int32_t ubus_getRssiCheckDelta(void) {
+  return kOk;
+}
+int32_t ubus_getDismissTime(void) {
+  return kOk;
+}
+int32_t ubus_setPacketLoss(void) {
+  return kOk;
+}
+int32_t ubus_setRetryRatio(void) {
+  return kOk;
+}
+int32_t ubus_setXIndex(void) {
+  return kOk;
+}
+int32_t ubus_setDetectPeriod(void) {
+  return kOk;
+}
+int32_t ubus_setRssiCheckDelta(void) {
+  return kOk;
+}
+int32_t ubus_setDismissTime(void) {
+  return kOk;
+}
+
+namespace {
+
+/// What a getter reads, or 0 when it cannot.
+int32_t valueOrZero(int32_t (*getter)(uint32_t *)) {
+  uint32_t value = 0;
+  getter(&value);
+  return static_cast<int32_t>(value);
+}
+
+}  // namespace
+
+int32_t pm_ubus_roaming_get(RoamingRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  RoamingRecord settings = {};
+  settings.roamingSwitch = valueOrZero(ubus_getRoamingSwitch);
+  settings.lowRSSI24G = valueOrZero(ubus_getLowRSSI24G);
+  settings.lowRSSI5G = valueOrZero(ubus_getLowRSSI5G);
+  *record = settings;
+  return kOk;
+}
+
+int32_t pm_ubus_roaming_set(const RoamingRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_roaming_set para is null");
+    return kNullRecord;
+  }
+  const int32_t status =
+      ubus_setLowRSSI(record->roamingSwitch, static_cast<uint32_t>(record->lowRSSI24G),
+                      static_cast<uint32_t>(record->lowRSSI5G));
+  if (status != kOk) {
+    PM_FAIL(status, "call ubus_setLowRSSI faild,iRet=%d\n", status);
+    return kFailure;
+  }
+  return kOk;
+}
+
+int32_t pm_ubus_roaming_bandsteering_get(BandSteeringRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  record->bandSteeringStatus = valueOrZero(ubus_getBandSteeringStatus);
+  record->rssiThreshold = valueOrZero(ubus_getRssiThreshold);
+  record->rssiThreshold5G = valueOrZero(ubus_getRssiThreshold5G);
+  return kOk;
+}
+
+int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "pm_ubus_roaming_bandsteering_set para is null");
+    return kNullRecord;
+  }
+  const bool enable = record->bandSteeringStatus == 1;
+  RecordBuffer<WlanConfigRecord> config;
+  config.set(config.bandSteering, enable ? 1 : 0);
+  if (const int32_t status = pm_wlan_set_config(kFirst24GSsid, &config);
+      !appliedOrUnchanged(status)) {
+    PM_FAIL(status, "pm_wlan_set_config 2.4G fail = %d\n", status);
+    return kFailure;
+  }
+  if (writeSteering(PM_ORIGIN, enable, static_cast<uint32_t>(record->rssiThreshold),
+                    static_cast<uint32_t>(record->rssiThreshold5G)) != kOk) {
+    return kFailure;
+  }
+  if (const int32_t status = pm_wlan_set_same_ssid_2G(kFirst24GSsid, kFirst5GSsid); status != kOk) {
+    PM_FAIL(status, "pm_wlan_set_same_ssid_2G failed!! iRet:%d\n", status);
+    return status;
+  }
+  return kOk;
+}
+
+namespace {
+
+bool parseMac(const LogOrigin &origin, const char *text, uint8_t mac[6]) {
+  if (StrToMAC(text, mac) == 0) {
+    PM_LOG_FOR(origin, kError, 0, "Invalid MACAddress\n");
+    return false;
+  }
+  printf("=======strtoMAc======%02x:%02x:%02x:%02x:%02x:%02x\n", mac[0], mac[1], mac[2], mac[3],
+         mac[4], mac[5]);
+  return true;
+}
+
+/// Blocks the association of that name and takes it away.
+int32_t blockAndRemove(const char *name) {
+  AssociationBuffer station;
+  if (pm_wlan_get_ad(name, station.bytes) != kOk) return kFailure;
+  pm_wlan_add_blklist(name, station.bytes);
+  return pm_wlan_del_ad(name);
+}
+
+}  // namespace
+
+int32_t pm_ubus_roaming_sta_disconnect(const char *mac) {
+  PM_ENTER();
+  if (mac == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  uint8_t station[6] = {};
+  if (!parseMac(PM_ORIGIN, mac, station)) return kFailure;
+
+  AssociationTable matches;
+  if (const int32_t status = findAssociations(station, matches); status != kOk) {
+    PM_LOG_CODE(kFault, kAssociationFault, "DBVIEW_WLAN_AD");
+    return status;
+  }
+  if (matches.reported() != 1) {
+    printf("Database don't have this mac or more the one!\n");
+    return kFailure;
+  }
+  printf("=======number=======%d\n", matches.reported());
+
+  const InstancePath instance = matches.at(0);
+  AssociationTable neighbours;
+  if (const int32_t status = pm_wlan_list_ad(instance.text, &neighbours.list); status != kOk) {
+    printf("pm_wlan_list_ad fail=%d\n", status);
+    return status;
+  }
+  AssociationBuffer association;
+  wlan_get_ad_db_q(instance.text, association.bytes);
+  const InstancePath name(association.text(association.name));
+  printf("=======tViewName=======%s\n", name.text);
+  return blockAndRemove(name.text);
+}
+
+namespace {
+
+constexpr uint32_t kLast24GSsid = 4;
+
+struct AssociatedHost {
+  uint32_t ssidNumber;
+  int32_t rssi;
+};
+
+bool findHost(const uint8_t mac[6], AssociatedHost &host) {
+  using platform::WlanHostEntry;
+  RecordBuffer<WlanHostTable> table;
+  if (ctSgw_wlanGetHostInfo(&table) != kOk) return false;
+  const int32_t reported = table.getSigned(table.count);
+  for (int32_t i = 0; i < reported && i < static_cast<int32_t>(WlanHostTable::kMaxEntries); ++i) {
+    const uint8_t *entry =
+        table.get(table.entries) + static_cast<uint32_t>(i) * WlanHostEntry::kSize;
+    if (memcmp(entry + WlanHostEntry::mac.offset, mac, 6) != 0) continue;
+    host.ssidNumber = loadAs<uint32_t>(entry, WlanHostEntry::ssidNumber.offset);
+    host.rssi = loadAs<int32_t>(entry, WlanHostEntry::rssi.offset);
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  uint8_t mac[6] = {};
+  if (!parseMac(PM_ORIGIN, record->macAddress, mac)) return kFailure;
+  AssociatedHost host = {};
+  if (!findHost(mac, host)) return kFailure;
+  const uint32_t radioType = host.ssidNumber > kLast24GSsid ? 1 : 0;
+  printf("radioType:%d\n", radioType);
+
+  ProxyReply<20480> reply;
+  if (const int32_t status =
+          reply.send(CTSGW_EVENT_GET_WLANRADIOINFO, &radioType, sizeof radioType);
+      status < kOk) {
+    PM_FAIL(status, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_WLANRADIOINFO error!\n");
+    return kFailure;
+  }
+  RecordBuffer<platform::RadioInfoRecord> radio;
+  reply.copyPayload(radio.bytes, radio.kSize);
+  copyText(record->radio, radioType == 1 ? "5G" : "2.4G");
+  snprintf(record->rssi, sizeof record->rssi, "%d", host.rssi);
+  snprintf(record->radioValue, sizeof record->radioValue, "%d", radio.get(radio.radioValue));
+  return kOk;
+}
+
+namespace {
+
+enum class Medium { kNone, kWired, k24G, k5G };
+
+Medium wirelessMedium(const uint8_t mac[6]) {
+  AssociationTable matches;
+  if (findAssociations(mac, matches) != kOk || matches.reported() != 1) return Medium::kNone;
+  AssociationBuffer association;
+  wlan_get_ad_db_q(matches.at(0).text, association.bytes);
+  RecordBuffer<WlanConfigRecord> config;
+  if (const int32_t status =
+          pm_wlan_get_config(association.text(association.ssidInstance), &config);
+      status != kOk) {
+    printf("pm_wlan_get_config fail=%d\n", status);
+    return Medium::kNone;
+  }
+  const uint32_t band = config.get(config.band);
+  if (band > 1) return Medium::kNone;
+  return band == 0 ? Medium::k24G : Medium::k5G;
+}
+
+/// Where a device is attached; kNone for one that does not count.
+Medium mediumOf(const LogOrigin &origin, const InstancePath &path) {
+  DeviceBuffer device;
+  ProxyReply<20480> reply;
+  queryDevice(origin, path, reply, device);
+  if (net_json_check_dev_valid(device.bytes) == 0) return Medium::kNone;
+  const char *interfaceName = device.text(device.interfaceName);
+  if (startsWith(interfaceName, "eth")) return Medium::kWired;
+  if (startsWith(interfaceName, "wlan")) return wirelessMedium(device.get(device.mac));
+  return Medium::kNone;
+}
+
+}  // namespace
+
+int32_t pm_ubus_sta_num_get(StaNumRecord *record) {
+  PM_ENTER();
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  DeviceTable devices;
+  if (const int32_t status = plib_adev_list_view(&devices.list); status != kOk) {
+    PM_FAIL(status, "plib_adev_list_view inquiry fail\n");
+    return kFailure;
+  }
+  StaNumRecord counted = {};
+  for (uint32_t i = 0; i < devices.count(); ++i) {
+    PM_LOG(kInfo, "Adev num is %d!\n", i + 1);
+    switch (mediumOf(PM_ORIGIN, devices.at(i))) {
+      case Medium::kWired:
+        ++counted.ethNum;
+        break;
+      case Medium::k24G:
+        ++counted.wlan24GNum;
+        break;
+      case Medium::k5G:
+        ++counted.wlan5GNum;
+        break;
+      case Medium::kNone:
+        break;
+    }
+  }
+  *record = counted;
+  return kOk;
+}
