@@ -1,0 +1,512 @@
+#include <arpa/inet.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/proxy.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "frame/text.hpp"
+#include "platform/device.h"
+#include "platform/host.h"
+#include "platform/records/route_info.hpp"
+#include "platform/records/wan.hpp"
+#include "platform/views/device_info.hpp"
+#include "platform/views/gateway_identity.hpp"
+#include "platform/views/interface_info.hpp"
+#include "platform/views/lan_device.hpp"
+#include "platform/views/networking_device.hpp"
+#include "platform/views/wan_ppp_connection.hpp"
+#include "platform/wan.h"
+#include "pmapi/basicinfo.h"
+#include "pmapi/helpers.h"
+#include "pmapi/meshinfo.h"
+
+using namespace pm;
+using platform::DeviceInfoView;
+using platform::GatewayIdentityView;
+using platform::InterfaceInfoView;
+using platform::LanDeviceView;
+using platform::NetworkingDeviceView;
+using platform::WanPppConnectionView;
+
+static constexpr char kSourceTag[] = "object_nexumd_basicinfo_pmapi.c";
+
+char g_wanIPv4Addr[128];
+char g_wanIPv6Addr[128];
+char g_waninst[128];
+uint32_t g_ipmode;
+
+namespace {
+
+constexpr char kProductToken[] = "7QwkvnP4s2HbZeLm";
+constexpr char kProtocolVersion[] = "1.4.1";
+constexpr char kTestFlag[] = "Test";
+constexpr int32_t kVersionType = 2;
+
+constexpr uint32_t kTextSize = 32;
+constexpr uint32_t kDevKeySize = 128;
+
+constexpr uint32_t kDualBandCards = 2;
+
+constexpr int32_t kVersionUnread = -1;
+constexpr int32_t kVersionFault = 6419;
+int32_t cachedVersionCode = kVersionUnread;
+
+/// What the text getters share: one read of one view, one text taken from it.
+template <class View>
+int32_t readTextAt(const char *function, const char *instance, uint32_t offset, char *destination,
+                   uint32_t size) {
+  if (destination == nullptr) return kFailure;
+  ViewBuffer<View> view;
+  if (const int32_t status = view.read(instance); status != kOk) {
+    PM_LOG_FOR((LogOrigin{kSourceTag, function}), kError, status, "[%s] dbgetview fail(%d)\r\n",
+               function, status);
+    return kFailure;
+  }
+  copyExact(destination, reinterpret_cast<const char *>(view.bytes + offset), size - 1);
+  return kOk;
+}
+
+template <class View, uint32_t Width>
+PM_INLINE int32_t readText(const char *function, const char *instance,
+                           platform::TypedField<platform::FieldKind::kText, true, Width> field,
+                           char *destination, uint32_t size = kTextSize) {
+  static_assert(Width >= kTextSize);
+  return readTextAt<View>(function, instance, field.offset, destination,
+                          size < Width ? size : Width);
+}
+
+template <uint32_t Width>
+PM_INLINE int32_t readIdentity(const char *function,
+                               platform::TypedField<platform::FieldKind::kText, true, Width> field,
+                               char *destination, uint32_t size = kTextSize) {
+  return readText<GatewayIdentityView>(function, "IGD", field, destination, size);
+}
+
+template <uint32_t Width>
+PM_INLINE int32_t readDevice(const char *function,
+                             platform::TypedField<platform::FieldKind::kText, true, Width> field,
+                             char *destination) {
+  return readText<DeviceInfoView>(function, "IGD", field, destination);
+}
+
+}  // namespace
+
+int32_t ubus_getProductToken(char *destination) {
+  PM_ENTER();
+  if (readIdentity(__func__, GatewayIdentityView::productToken, destination) != kOk) {
+    return kFailure;
+  }
+  PM_LOG(kInfo, "token:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getDeviceType(char *destination) {
+  PM_ENTER();
+  if (readDevice(__func__, DeviceInfoView::deviceType, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "type:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getdeviceVendor(char *destination) {
+  PM_ENTER();
+  if (readDevice(__func__, DeviceInfoView::vendor, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "vendor:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getDeviceModel(char *destination) {
+  PM_ENTER();
+  if (readDevice(__func__, DeviceInfoView::model, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "model:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getDeviceSn(char *destination) {
+  PM_ENTER();
+  if (readDevice(__func__, DeviceInfoView::serialNumber, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "sn:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getCMEI(char *destination) {
+  PM_ENTER();
+  if (readIdentity(__func__, GatewayIdentityView::cmei, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "cmei:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getSWVersion(char *destination) {
+  PM_ENTER();
+  if (readDevice(__func__, DeviceInfoView::softwareVersion, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "sw_ver:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getFWVersion(char *destination) {
+  PM_ENTER();
+  if (readDevice(__func__, DeviceInfoView::firmwareVersion, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "ver:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getAuthID(char *destination) {
+  PM_ENTER();
+  if (readIdentity(__func__, GatewayIdentityView::authId, destination) != kOk) return kFailure;
+  PM_LOG(kInfo, "authid:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getDevKey(char *destination) {
+  PM_ENTER();
+  if (readIdentity(__func__, GatewayIdentityView::devKey, destination, kDevKeySize) != kOk) {
+    return kFailure;
+  }
+  PM_LOG(kInfo, "devkey:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getPPPOEUser(char *destination) {
+  PM_ENTER();
+  if (readText<WanPppConnectionView>(__func__, "IGD.WD1.WCD1.WCPPP1",
+                                     WanPppConnectionView::userName, destination) != kOk) {
+    return kFailure;
+  }
+  PM_LOG(kInfo, "pUser:%s\n", destination);
+  return kOk;
+}
+
+int32_t ubus_getCaptureEth(char *destination) {
+  PM_LOG(kInfo, "now in si_getCaptureEth\n");
+  if (destination == nullptr) return kFailure;
+  ViewBuffer<GatewayIdentityView> identity;
+  if (const int32_t status = identity.read("IGD"); status != kOk) {
+    PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
+    return status;
+  }
+  const char *captureEth = identity.text(identity.captureEth);
+  copyExact(destination, captureEth, kTextSize - 1);
+  PM_LOG(kInfo, "eth:%s\n", captureEth);
+  return kOk;
+}
+
+int32_t ubus_setCaptureEth(const char *name) {
+  if (name == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
+  PM_LOG(kInfo, "eth:%s\n", name);
+  ViewBuffer<GatewayIdentityView> identity;
+  identity.set(identity.captureEth, name);
+  if (const int32_t status = identity.write("IGD"); status != kOk) {
+    PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
+    return kFailure;
+  }
+  return kOk;
+}
+
+int32_t ubus_getDeviceMac(char *destination) {
+  PM_LOG(kInfo, "now in si_getDeviceMac\n");
+  if (destination == nullptr) return kFailure;
+  ViewBuffer<LanDeviceView> lan;
+  if (const int32_t status = lan.read("IGD.LD1"); status != kOk) {
+    PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
+    return kFailure;
+  }
+  MacToString(lan.get(lan.mac), destination, kTextSize);
+  return kOk;
+}
+
+int32_t ubus_getUplinkType(char *text, int32_t length) {
+  PM_LOG(kInfo, "now in si_getUplinkType\n");
+  if (text == nullptr) return kFailure;
+  UpModeInfo uplink{};
+  if (const int32_t status = pm_upmode_info_get(&uplink); status != kOk) {
+    PM_FAIL(status, "[%s] pm_upmode_info_get error, iret = %d\n", __func__, status);
+    return status;
+  }
+  const auto bound = length > 0 ? static_cast<uint32_t>(length) : 0;
+  if (uplink.mode == UP_MODE_WLAN) copyExact(text, "WLAN", bound);
+  if (uplink.mode == UP_MODE_ETHERNET) copyExact(text, "Ethernet", bound);
+  return kOk;
+}
+
+int32_t ubus_getWorkingMode(uint32_t *mode) {
+  PM_LOG(kInfo, "now in si_getUplinkType\n");
+  if (mode == nullptr) return kFailure;
+  ViewBuffer<NetworkingDeviceView> networking;
+  if (const int32_t status = networking.read("IGD"); status != kOk) {
+    PM_FAIL(status, "vcorDbGetView DBVIEW_NETWORKING_DEV_INFO failed!, iRet = %d\n", status);
+    return status;
+  }
+  *mode = networking.get(networking.workingMode);
+  return kOk;
+}
+
+int32_t ubus_getRadio5() {
+  PM_ENTER();
+  ViewBuffer<GatewayIdentityView> identity;
+  if (const int32_t status = identity.read("IGD"); status != kOk) {
+    PM_FAIL(status, "[%s] dbgetview fail(%d)\r\n", __func__, status);
+    return kFailure;
+  }
+  return kOk;
+}
+
+int32_t ubus_wlan_get_card_max(uint32_t *count) {
+  if (count == nullptr) {
+    PM_FAIL(0, "max_card_num is NULL\n");
+    return kFailure;
+  }
+  const InstancePath radio("IGD.LD1.WLANBase1");
+  uint32_t answer = 0;
+  auto answerLength = static_cast<uint16_t>(sizeof answer);
+  const int32_t status = askManager(MANAGER_MODULE_WLAN, WLAN_MGR_GET_CARD_MAX, radio.text,
+                                    sizeof radio.text, &answer, &answerLength);
+  if (status != kOk) {
+    PM_FAIL(status, "pm_send_msg_2mm(LINE(%d)) fail=%d\n", __LINE__, status);
+    return status;
+  }
+  memcpy(count, &answer, answerLength < sizeof answer ? answerLength : sizeof answer);
+  return kOk;
+}
+
+int32_t ubus_get_current_version_code() {
+  if (cachedVersionCode != kVersionUnread) return cachedVersionCode;
+  const int32_t status = pm_get_version_config_type_int(&cachedVersionCode);
+  if (status != kOk) {
+    PM_LOG_CODE(kFault, kVersionFault, "pm_get_version_config_type_int failed: %d!", status);
+    cachedVersionCode = kVersionUnread;
+  }
+  return cachedVersionCode;
+}
+
+namespace {
+
+/// Runs one text getter into an empty local, so that a failure leaves the record's field empty.
+template <uint32_t Size>
+void fillText(char (&field)[Size], int32_t (*getter)(char *)) {
+  char value[Size] = {};
+  getter(value);
+  copyText(field, value);
+}
+
+void fillIdentity(BasicInfoRecord *record) {
+  char discardedToken[kTextSize] = {};
+  ubus_getProductToken(discardedToken);
+  copyText(record->productToken, kProductToken);
+  fillText(record->deviceType, ubus_getDeviceType);
+  fillText(record->deviceVendor, ubus_getdeviceVendor);
+  fillText(record->deviceModel, ubus_getDeviceModel);
+  fillText(record->deviceSn, ubus_getDeviceSn);
+  fillText(record->cmei, ubus_getCMEI);
+  fillText(record->softwareVersion, ubus_getSWVersion);
+  fillText(record->firmwareVersion, ubus_getFWVersion);
+  copyText(record->protocolVersion, kProtocolVersion);
+  fillText(record->authId, ubus_getAuthID);
+  fillText(record->devKey, ubus_getDevKey);
+  copyText(record->reservedText, "");
+  record->versionType = kVersionType;
+  ubus_get_current_version_code();
+  copyText(record->testFlag, kTestFlag);
+
+  char mac[kTextSize] = {};
+  ubus_getDeviceMac(mac);
+  ToUpperCase(mac);
+  copyText(record->deviceMac, mac);
+}
+
+}  // namespace
+
+int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
+  fillIdentity(record);
+
+  uint32_t ipv4 = 0;
+  uint8_t ipv6[16] = {};
+  char wanInterface[kDevKeySize] = {};
+  const int32_t wan = ubus_get_router_ip_host_ipv46(&ipv4, ipv6, wanInterface, &g_ipmode);
+  if (wan != kOk) PM_FAIL(wan, "ubus_get_router_ip_host_ipv46 failed!!\n");
+  copyText(record->wanIpv4, g_wanIPv4Addr);
+  copyText(record->wanIpv6, g_wanIPv6Addr);
+  fillText(record->captureEth, ubus_getCaptureEth);
+
+  record->meshSupport = 1;
+  MeshInfoRecord mesh{};
+  const int32_t meshStatus = pm_ubus_get_meshinfo(&mesh);
+  if (meshStatus != kOk) PM_FAIL(meshStatus, "pm_ubus_get_meshinfo fail iRet =%d\n ", meshStatus);
+  record->meshInfoCode = atoi(mesh.meshRole);
+
+  char uplinkType[kTextSize] = {};
+  ubus_getUplinkType(uplinkType, kTextSize - 1);
+  copyText(record->uplinkType, uplinkType);
+
+  uint32_t workingMode = 0;
+  ubus_getWorkingMode(&workingMode);
+  char workingModeText[kTextSize] = {};
+  itoa(static_cast<int32_t>(workingMode), workingModeText, 10);
+  copyText(record->workingMode, workingModeText);
+
+  uint32_t cards = 0;
+  ubus_wlan_get_card_max(&cards);
+  PM_LOG(kInfo, "Wlan_Card_Max=%d\n", cards);
+  record->dualBand = cards == kDualBandCards ? 1 : 0;
+
+  fillText(record->pppoeUser, ubus_getPPPOEUser);
+  return kOk;
+}
+
+namespace {
+
+enum AddressMode : uint32_t { kIpv4Only = 1, kIpv6Only = 2, kDualStack = 3 };
+
+constexpr uint32_t kRouteUsable = 1;
+constexpr uint32_t kMaxWanConnections = 32;
+constexpr int32_t kTooManyConnections = -12;
+
+using RouteBuffer = RecordBuffer<platform::RouteInfoRecord>;
+
+/// The list of WAN connections with the work areas that the platform wants beside it.
+struct WanConnectionTable {
+  WanConnectionList list{PLATFORM_BLOCK_MARKER,
+                         WAN_CONNECTION_LIST_CAPACITY,
+                         0,
+                         paths,
+                         workArea1,
+                         workArea2,
+                         workArea3};
+  char paths[WAN_CONNECTION_LIST_CAPACITY][PLATFORM_INSTANCE_SIZE] = {};
+  uint8_t workArea1[WAN_CONNECTION_WORK_AREA_1_SIZE] = {};
+  uint8_t workArea2[WAN_CONNECTION_WORK_AREA_2_SIZE] = {};
+  uint8_t workArea3[WAN_CONNECTION_WORK_AREA_3_SIZE] = {};
+};
+
+bool isInternetRoute(const RouteBuffer &route) {
+  return (route.get(route.flags) & kRouteUsable) != 0 &&
+         (route.get(route.isInternet1) == 1 || route.get(route.isInternet2) == 1);
+}
+
+/// Reads the route of one connection; false when the search has to go on with the next one.
+bool readInternetRoute(const LogOrigin &origin, const InstancePath &connection,
+                       RouteBuffer &route) {
+  if (const int32_t status = plib_ifs_get_routeif_info(connection.text, route.bytes);
+      status != kOk) {
+    PM_LOG_FOR(origin, kTrace, status, "plib_ifs_get_routeif_info error !,szInstIdentity=%s\n",
+               connection.text);
+    return false;
+  }
+  if (!isInternetRoute(route)) {
+    PM_LOG_FOR(origin, kTrace, 0, " this route wanctype is not internet, continue to find\n");
+    return false;
+  }
+  PM_LOG_FOR(origin, kTrace, 0,
+             "tRouteInfo mod=%d. (1:E_IPV4,2:E_IPV6,3:E_BOTH),tRouteInfo.WANCType<%d>;"
+             "szInstIdentity=%s\n",
+             route.get(route.addressMode), route.get(route.wanType), connection.text);
+  return true;
+}
+
+void cacheIpv4(const LogOrigin &origin, uint32_t ipv4, const InstancePath &connection) {
+  memset(g_wanIPv4Addr, 0, sizeof g_wanIPv4Addr);
+  copyText(g_wanIPv4Addr, inet_ntoa(in_addr{htonl(ipv4)}));
+  PM_LOG_FOR(origin, kInfo, 0, "g_wanIPv4Addr:%s\n", g_wanIPv4Addr);
+  copyText(g_waninst, connection.text);
+}
+
+/// The cache is written over, not replaced: a shorter address keeps the tail of a longer one.
+void cacheIpv6(const LogOrigin &origin, const uint8_t *ipv6) {
+  char text[64] = {};
+  IPv6ToStr(ipv6, text, sizeof text);
+  PM_LOG_FOR(origin, kTrace, 0, "host ipv6 : %s\n", text);
+  copyExact(g_wanIPv6Addr, text, sizeof text - 1);
+}
+
+}  // namespace
+
+int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[16], char *ifname,
+                                      uint32_t *mode) {
+  if (ipv4 == nullptr || ipv6 == nullptr || ifname == nullptr || mode == nullptr) {
+    PM_LOG(kInfo, "Para is NULL");
+    return kNullRecord;
+  }
+  RecordBuffer<platform::WanDeviceTypeRecord> wanDevice;
+  if (const int32_t status = pm_e8_wanc_get_current_wandtype(wanDevice.bytes); status != kOk) {
+    PM_LOG_CODE(kInfo, status, "func pm_e8_wanc_get_current_wandtype fail,iRet=%d", status);
+    return status;
+  }
+  const uint32_t deviceType = wanDevice.get(wanDevice.wanDeviceType);
+  PM_LOG(kTrace, "tWANDType=%d", deviceType);
+
+  WanConnectionTable table;
+  if (const int32_t status = pm_e8_wanc_list_all_wanc_by_wand("IGD", deviceType, &table.list);
+      status != kOk) {
+    PM_LOG_CODE(kInfo, status, "func CmListAllWANCByWAND fail,iRet=%d", status);
+    return status;
+  }
+  PM_LOG(kTrace, "tWancList.tGeneralPara.dwCount=%d", table.list.dwCount);
+  if (table.list.dwCount > kMaxWanConnections) {
+    PM_LOG_CODE(kInfo, kTooManyConnections, "wanc count=%d, WANCID_MAX=%d", table.list.dwCount,
+                kMaxWanConnections);
+    return kTooManyConnections;
+  }
+
+  const LogOrigin origin = PM_ORIGIN;
+  for (uint32_t i = 0; i < table.list.dwCount; ++i) {
+    const InstancePath connection(table.paths[i]);
+    RouteBuffer route;
+    if (!readInternetRoute(origin, connection, route)) continue;
+    ubus_get_ifname_from_ifid(connection.text);
+    copyExact(ifname, connection.text, sizeof connection.text);
+
+    const uint32_t found = route.get(route.addressMode);
+    if (found == kIpv4Only || found == kDualStack) {
+      *mode = found;
+      *ipv4 = route.get(route.ipv4Address);
+      PM_LOG(kInfo, "host ipv4 : %08X   \n", *ipv4);
+      if (*ipv4 == 0) {
+        PM_LOG(kInfo, "cannot get wan ipv4, continue to find!!!\n");
+        continue;
+      }
+      cacheIpv4(origin, *ipv4, connection);
+    }
+    if (found == kIpv4Only) return kOk;
+    if (found != kIpv6Only && found != kDualStack) return kFailure;
+    // A connection that has both is reported as IPv6 once that address is taken.
+    *mode = kIpv6Only;
+    memcpy(ipv6, route.get(route.ipv6Address), 16);
+    cacheIpv6(origin, ipv6);
+    return kOk;
+  }
+  return kFailure;
+}
+
+int32_t ubus_get_ifname_from_ifid(const char *ifId) {
+  PM_LOG(kInfo, "now in get_ifname_from_ifid\n");
+  if (ifId == nullptr) {
+    PM_FAIL(0, "if_id is null!!\n");
+    return kFailure;
+  }
+  ViewBuffer<InterfaceInfoView> view;
+  view.match(view.interfaceId, ifId);
+  InstanceTable<16> found;
+  if (const int32_t status = view.query(&found.list); status != kOk) {
+    PM_FAIL(status, "vcorDbQryView DBVIEW_INTERFACE_INFO failed!!\n");
+    return status;
+  }
+  if (found.reported() != 1) {
+    PM_FAIL(0, "tList.dwCount != 1 !!\n");
+    return kFailure;
+  }
+  view.reset();
+  if (const int32_t status = view.read(found.at(0).text); status != kOk) {
+    PM_FAIL(status, "vcorDbGetView DBVIEW_INTERFACE_INFO failed!!\n");
+    return status;
+  }
+  const char *interfaceName = view.text(view.interfaceName);
+  PM_LOG(kInfo, "CaptureEth:%s\n", interfaceName);
+  const int32_t status = ubus_setCaptureEth(interfaceName);
+  if (status != kOk) PM_FAIL(status, "ubus_setCaptureEth failed!!\n");
+  return status;
+}
