@@ -16,10 +16,14 @@
 
 using bench::Answer;
 using bench::answerTo;
-using bench::exchange;
-using bench::exchangeTyped;
+using bench::fill;
+using bench::fillTyped;
 using bench::note;
+using bench::noteFill;
+using bench::noteTake;
 using bench::plain;
+using bench::take;
+using bench::takeTyped;
 
 namespace {
 
@@ -41,12 +45,12 @@ int32_t giveReply(const Answer &answer, void *reply, uint16_t *replyLength) {
 }  // namespace
 
 int32_t vcorDbGetView(uint32_t viewId, const char *instance, void *view) {
-  note<vcorDbGetView>({viewSize(view)}, viewId, instance, view);
+  noteFill<vcorDbGetView>(view, viewSize(view), viewId, instance, view);
   return bench::viewAnswer(viewId).give(view);
 }
 
 int32_t vcorDbSetView(uint32_t viewId, const char *instance, void *view) {
-  note<vcorDbSetView>({viewSize(view)}, viewId, instance, view);
+  noteTake<vcorDbSetView>(view, viewSize(view), viewId, instance, view);
   return answerTo<vcorDbSetView>.give(view);
 }
 
@@ -96,28 +100,27 @@ int32_t pm_pdt_get_leds_status(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
   return plain<pm_pdt_get_leds_status>(a, b, c, d);
 }
 int32_t pm_log_get_config(void *record) {
-  return exchange<pm_log_get_config>(record, 160, record);
+  return fill<pm_log_get_config>(record, 160, record);
 }
 int32_t pm_log_set_config(void *record) {
-  return exchange<pm_log_set_config>(record, 160, record);
+  return take<pm_log_set_config>(record, 160, record);
 }
 int32_t pm_get_version_config_type_int(int32_t *code) {
   note<pm_get_version_config_type_int>({}, code);
   return answerTo<pm_get_version_config_type_int>.give(code);
 }
 int32_t pm_srm_get_update_cpu_info(const char *instance, void *record) {
-  return exchange<pm_srm_get_update_cpu_info>(record, 28, instance, record);
+  return fill<pm_srm_get_update_cpu_info>(record, 28, instance, record);
 }
 
 int32_t pm_fw_get_base(const char *instance, void *record) {
-  return exchange<pm_fw_get_base>(record, 640, instance, record);
+  return fill<pm_fw_get_base>(record, 640, instance, record);
 }
-// The record that pm_fw_get_base filled comes back; it is not cleared in between.
 int32_t pm_fw_set_base(const char *instance, void *record) {
-  return exchange<pm_fw_set_base>(record, 0, instance, record);
+  return take<pm_fw_set_base>(record, 640, instance, record);
 }
 int32_t pm_mac_filterset(char identity[PLATFORM_INSTANCE_SIZE], void *record) {
-  return exchange<pm_mac_filterset>(record, 392, identity, record);
+  return take<pm_mac_filterset>(record, 392, identity, record);
 }
 int32_t pm_mac_filterlist(const char *parent, MacFilterList *list) {
   return listing<pm_mac_filterlist>(list, parent, list);
@@ -138,17 +141,17 @@ int32_t pm_wan_get_port_link_state_type(uint32_t *state, uint32_t *rate, uint32_
   return answerTo<pm_wan_get_port_link_state_type>.give(state);
 }
 int32_t pm_eth_get_port_link_state(const char *instance, void *record) {
-  return exchange<pm_eth_get_port_link_state>(record, 96, instance, record);
+  return fill<pm_eth_get_port_link_state>(record, 96, instance, record);
 }
 int32_t pm_switch_get_inst_id_by_port(uint32_t port, char instance[PLATFORM_INSTANCE_SIZE]) {
   note<pm_switch_get_inst_id_by_port>({}, port, instance);
   return answerTo<pm_switch_get_inst_id_by_port>.give(instance);
 }
 int32_t pm_eth_get_port_basic_statstics(const char *instance, void *record) {
-  return exchange<pm_eth_get_port_basic_statstics>(record, 504, instance, record);
+  return fill<pm_eth_get_port_basic_statstics>(record, 504, instance, record);
 }
 int32_t pm_bw_get_hard_stats(const char *instance, void *record) {
-  return exchange<pm_bw_get_hard_stats>(record, 348, instance, record);
+  return fill<pm_bw_get_hard_stats>(record, 348, instance, record);
 }
 
 int32_t ctSgw_ssend_to_proxy(uint32_t event, const void *request, uint32_t requestLength,
@@ -167,40 +170,40 @@ int32_t ASEND(uint32_t messageId, const void *data, uint32_t length, const char 
   return plain<ASEND>(messageId, data, length, module);
 }
 int32_t ctSgw_wlanGetHostInfo(WlanHostTable *table) {
-  return exchangeTyped<ctSgw_wlanGetHostInfo>(table, table);
+  return fillTyped<ctSgw_wlanGetHostInfo>(table, table);
 }
 
 int32_t pm_app_wake_up_control_get(void *request, void *control) {
-  return exchange<pm_app_wake_up_control_get>(control, 7584, request, control);
+  return fill<pm_app_wake_up_control_get>(control, 7584, request, control);
 }
 int32_t pm_app_wake_up_control_set(void *request, void *control) {
-  return exchange<pm_app_wake_up_control_set>(control, 7584, request, control);
+  return take<pm_app_wake_up_control_set>(control, 7584, request, control);
 }
 int32_t pm_wlan_ex_control_get(void *request, void *control) {
-  return exchange<pm_wlan_ex_control_get>(control, 7584, request, control);
+  return fill<pm_wlan_ex_control_get>(control, 7584, request, control);
 }
 int32_t pm_wlan_ex_control_set(void *request, void *control) {
-  return exchange<pm_wlan_ex_control_set>(control, 7584, request, control);
+  return take<pm_wlan_ex_control_set>(control, 7584, request, control);
 }
 
 int32_t pm_iptvvlanbind_set_config(const char *portPath, uint32_t vlanId) {
   return plain<pm_iptvvlanbind_set_config>(portPath, vlanId);
 }
 int32_t pm_qos_qc_set_config(char identity[PLATFORM_INSTANCE_SIZE], void *record) {
-  return exchange<pm_qos_qc_set_config>(record, 4072, identity, record);
+  return take<pm_qos_qc_set_config>(record, 4072, identity, record);
 }
 int32_t pm_qos_qc_del_config(const char *ruleName) {
   return plain<pm_qos_qc_del_config>(ruleName);
 }
 
 int32_t pm_upmode_info_get(UpModeInfo *info) {
-  return exchangeTyped<pm_upmode_info_get>(info, info);
+  return fillTyped<pm_upmode_info_get>(info, info);
 }
 int32_t pm_upmode_info_set(const UpModeInfo *oldMode, const UpModeInfo *newMode, void *block) {
-  return exchange<pm_upmode_info_set>(block, 512, oldMode, newMode, block);
+  return take<pm_upmode_info_set>(block, 512, oldMode, newMode, block);
 }
 int32_t pm_e8_wanc_get_current_wandtype(void *record) {
-  return exchange<pm_e8_wanc_get_current_wandtype>(record, 32, record);
+  return fill<pm_e8_wanc_get_current_wandtype>(record, 32, record);
 }
 int32_t pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceType,
                                          WanConnectionList *list) {
@@ -211,95 +214,95 @@ int32_t pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceT
   return answerTo<pm_e8_wanc_list_all_wanc_by_wand>.giveList(list);
 }
 int32_t pm_e8_wanc_set_comm_ppp_ext(char instance[128], void *record) {
-  return exchange<pm_e8_wanc_set_comm_ppp_ext>(record, 6328, instance, record);
+  return take<pm_e8_wanc_set_comm_ppp_ext>(record, 6328, instance, record);
 }
 int32_t pm_e8_wanc_set_comm_ip_ext(char instance[128], void *record) {
-  return exchange<pm_e8_wanc_set_comm_ip_ext>(record, 4868, instance, record);
+  return take<pm_e8_wanc_set_comm_ip_ext>(record, 4868, instance, record);
 }
 int32_t si_ifsadapt_clear_wanc() {
   return plain<si_ifsadapt_clear_wanc>();
 }
 int32_t pm_wanc_set_ppp_username_passwd(void *record) {
-  return exchange<pm_wanc_set_ppp_username_passwd>(record, 192, record);
+  return take<pm_wanc_set_ppp_username_passwd>(record, 192, record);
 }
 int32_t pm_wanc_change_brg_route_mode(void *record, uint32_t flag) {
-  return exchange<pm_wanc_change_brg_route_mode>(record, 6380, record, flag);
+  return take<pm_wanc_change_brg_route_mode>(record, 6380, record, flag);
 }
 int32_t plib_ifs_get_routeif_info(const char *instance, void *record) {
-  return exchange<plib_ifs_get_routeif_info>(record, 1340, instance, record);
+  return fill<plib_ifs_get_routeif_info>(record, 1340, instance, record);
 }
 
 int32_t pm_wlan_get_config(const char *instance, WlanConfigRecord *record) {
-  return exchangeTyped<pm_wlan_get_config>(record, instance, record);
+  return fillTyped<pm_wlan_get_config>(record, instance, record);
 }
 int32_t pm_wlan_set_config(const char *instance, WlanConfigRecord *record) {
-  return exchangeTyped<pm_wlan_set_config>(record, instance, record);
+  return takeTyped<pm_wlan_set_config>(record, instance, record);
 }
 int32_t pm_wlan_get_config_driver(const char *instance, WlanDriverRecord *record) {
-  return exchangeTyped<pm_wlan_get_config_driver>(record, instance, record);
+  return fillTyped<pm_wlan_get_config_driver>(record, instance, record);
 }
 int32_t pm_wlan_get_txpower(const char *instance, WlanTxPowerRecord *record) {
-  return exchangeTyped<pm_wlan_get_txpower>(record, instance, record);
+  return fillTyped<pm_wlan_get_txpower>(record, instance, record);
 }
 int32_t pm_wlan_set_txpower(const char *instance, WlanTxPowerRecord *record) {
-  return exchangeTyped<pm_wlan_set_txpower>(record, instance, record);
+  return takeTyped<pm_wlan_set_txpower>(record, instance, record);
 }
 int32_t pm_wlan_get_wep(const char *keyInstance, WlanWepRecord *record) {
-  return exchangeTyped<pm_wlan_get_wep>(record, keyInstance, record);
+  return fillTyped<pm_wlan_get_wep>(record, keyInstance, record);
 }
 int32_t pm_wlan_set_wep(const char *keyInstance, WlanWepRecord *record) {
-  return exchangeTyped<pm_wlan_set_wep>(record, keyInstance, record);
+  return takeTyped<pm_wlan_set_wep>(record, keyInstance, record);
 }
 int32_t pm_wlan_get_psk(const char *keyInstance, WlanPskRecord *record) {
-  return exchangeTyped<pm_wlan_get_psk>(record, keyInstance, record);
+  return fillTyped<pm_wlan_get_psk>(record, keyInstance, record);
 }
 int32_t pm_wlan_set_psk(const char *keyInstance, WlanPskRecord *record) {
-  return exchangeTyped<pm_wlan_set_psk>(record, keyInstance, record);
+  return takeTyped<pm_wlan_set_psk>(record, keyInstance, record);
 }
 int32_t pm_wlan_get_card_max(WlanCardRecord *record) {
-  return exchangeTyped<pm_wlan_get_card_max>(record, record);
+  return fillTyped<pm_wlan_get_card_max>(record, record);
 }
 int32_t pm_wlan_set_wps(const char *instance, WlanWpsRecord *record) {
-  return exchangeTyped<pm_wlan_set_wps>(record, instance, record);
+  return takeTyped<pm_wlan_set_wps>(record, instance, record);
 }
 int32_t pm_wlan_set_pmf(const char *instance, uint32_t value) {
   return plain<pm_wlan_set_pmf>(instance, value);
 }
 int32_t pm_wlan_set_scan_ap(const char *instance, WlanScanRequest *request) {
-  return exchangeTyped<pm_wlan_set_scan_ap>(request, instance, request);
+  return takeTyped<pm_wlan_set_scan_ap>(request, instance, request);
 }
 int32_t pm_wlan_list_ap(const char *instance, WlanApList *list) {
-  return exchangeTyped<pm_wlan_list_ap>(list, instance, list);
+  return fillTyped<pm_wlan_list_ap>(list, instance, list);
 }
 int32_t pm_wlan_select_ap_bystamode(uint32_t radio, WlanSelectRecord *selection) {
-  return exchangeTyped<pm_wlan_select_ap_bystamode>(selection, radio, selection);
+  return takeTyped<pm_wlan_select_ap_bystamode>(selection, radio, selection);
 }
 int32_t pm_wlan_get_csi_info(const char *instance, WlanCsiRecord *record) {
-  return exchangeTyped<pm_wlan_get_csi_info>(record, instance, record);
+  return fillTyped<pm_wlan_get_csi_info>(record, instance, record);
 }
 int32_t pm_wlan_set_csi_info(const char *instance, WlanCsiRecord *record) {
-  return exchangeTyped<pm_wlan_set_csi_info>(record, instance, record);
+  return takeTyped<pm_wlan_set_csi_info>(record, instance, record);
 }
 int32_t pm_wlan_add_csi_mac(const char *parent, WlanCsiMacRecord *record) {
-  return exchangeTyped<pm_wlan_add_csi_mac>(record, parent, record);
+  return takeTyped<pm_wlan_add_csi_mac>(record, parent, record);
 }
 int32_t pm_wlan_del_csi_mac(const char *parent, WlanCsiMacRecord *record) {
-  return exchangeTyped<pm_wlan_del_csi_mac>(record, parent, record);
+  return takeTyped<pm_wlan_del_csi_mac>(record, parent, record);
 }
 int32_t pm_wlan_list_csi_mac(const char *parent, CsiMacList *list) {
   return listing<pm_wlan_list_csi_mac>(list, parent, list);
 }
 int32_t pm_wlan_get_csi_mac_par(const char *name, WlanCsiMacRecord *record) {
-  return exchangeTyped<pm_wlan_get_csi_mac_par>(record, name, record);
+  return fillTyped<pm_wlan_get_csi_mac_par>(record, name, record);
 }
 int32_t pm_wlan_set_easymesh(WlanEasyMeshRecord *record) {
-  return exchangeTyped<pm_wlan_set_easymesh>(record, record);
+  return takeTyped<pm_wlan_set_easymesh>(record, record);
 }
 int32_t pm_wlan_get_wifibandsteering(WlanBandSteeringRecord *record) {
-  return exchangeTyped<pm_wlan_get_wifibandsteering>(record, record);
+  return fillTyped<pm_wlan_get_wifibandsteering>(record, record);
 }
 int32_t pm_wlan_set_wifibandsteering(WlanBandSteeringRecord *record) {
-  return exchangeTyped<pm_wlan_set_wifibandsteering>(record, record);
+  return takeTyped<pm_wlan_set_wifibandsteering>(record, record);
 }
 int32_t pm_wlan_set_same_ssid_2G(const char *instance24G, const char *instance5G) {
   return plain<pm_wlan_set_same_ssid_2G>(instance24G, instance5G);
@@ -308,10 +311,10 @@ int32_t pm_wlan_list_ad(const char *instance, InstanceList *list) {
   return listing<pm_wlan_list_ad>(list, instance, list);
 }
 int32_t pm_wlan_get_ad(const char *name, void *view) {
-  return exchange<pm_wlan_get_ad>(view, viewSize(view), name, view);
+  return fill<pm_wlan_get_ad>(view, viewSize(view), name, view);
 }
 int32_t pm_wlan_add_blklist(const char *name, void *view) {
-  return exchange<pm_wlan_add_blklist>(view, 0, name, view);
+  return take<pm_wlan_add_blklist>(view, viewSize(view), name, view);
 }
 int32_t pm_wlan_del_ad(const char *name) {
   return plain<pm_wlan_del_ad>(name);

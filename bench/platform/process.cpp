@@ -12,7 +12,7 @@
 #include "platform/logger.h"
 #include "platform/multiap.h"
 
-using bench::exchangeTyped;
+using bench::fillTyped;
 using bench::note;
 using bench::plain;
 
@@ -127,7 +127,7 @@ int32_t GetRamSizeTotal(uint32_t *size) {
 }
 
 int32_t GetMemInfo(MemInfo *figures) {
-  return exchangeTyped<GetMemInfo>(figures, figures);
+  return fillTyped<GetMemInfo>(figures, figures);
 }
 
 int32_t GetUpMode(uint32_t *mask) {

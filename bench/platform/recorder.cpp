@@ -1,7 +1,9 @@
 #include "bench/platform/recorder.hpp"
 
+#include <algorithm>
 #include <cstring>
 #include <deque>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -60,6 +62,7 @@ void tenMany(std::index_sequence<I...>) {
 
 void Recorder::start() {
   calls_.clear();
+  filled_.clear();
   kept.clear();
   on_ = true;
 }
@@ -70,10 +73,16 @@ const std::vector<Call> &Recorder::stop() {
 }
 
 void Recorder::note(void *function, Clears clears, std::initializer_list<uint32_t> arguments) {
-  Call call{function, {}, arguments.size() > 4, clears};
+  Call call{function, {}, arguments.size() > 4, {}};
+  std::copy_if(clears.begin(), clears.end(), std::back_inserter(call.clears),
+               [](uint32_t size) { return size > 0; });
   uint32_t *to = call.arguments;
   for (const uint32_t value : arguments) *to++ = value;
   calls_.push_back(std::move(call));
+}
+
+bool Recorder::wasFilled(const void *record, uint32_t size) const {
+  return std::find(filled_.begin(), filled_.end(), std::pair(record, size)) != filled_.end();
 }
 
 char *Recorder::keepText(const char *text) {

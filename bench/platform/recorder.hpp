@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "bench/platform/answer.hpp"
@@ -29,6 +30,8 @@ class Recorder {
   const std::vector<Call> &stop();
   bool isOn() const { return on_; }
   void note(void *function, Clears clears, std::initializer_list<uint32_t> arguments);
+  void noteFilled(const void *record, uint32_t size) { filled_.emplace_back(record, size); }
+  bool wasFilled(const void *record, uint32_t size) const;
 
   /// Places for what the pointers of a recorded call will point to when it is made again.
   char *keepText(const char *text);
@@ -38,6 +41,7 @@ class Recorder {
  private:
   bool on_ = false;
   std::vector<Call> calls_;
+  std::vector<std::pair<const void *, uint32_t>> filled_;
 };
 
 extern Recorder recorder;
@@ -89,16 +93,43 @@ void note(Clears clears, Args... arguments) {
   }
 }
 
-/// A call that fills `record`, or is handed it filled; its caller has zeroed `size` bytes of it.
+/// A call that fills `record`, of which its caller has zeroed `size` bytes.
 template <auto Function, class... Args>
-int32_t exchange(void *record, uint32_t size, Args... arguments) {
+void noteFill(void *record, uint32_t size, Args... arguments) {
   note<Function>({size}, arguments...);
+  if (recorder.isOn()) [[unlikely]]
+    recorder.noteFilled(record, size);
+}
+
+/// A call that is handed `record`. Its caller has zeroed it, unless it hands back what an earlier
+/// call filled.
+template <auto Function, class... Args>
+void noteTake(const void *record, uint32_t size, Args... arguments) {
+  if (recorder.isOn()) [[unlikely]] {
+    note<Function>({recorder.wasFilled(record, size) ? 0 : size}, arguments...);
+  }
+}
+
+template <auto Function, class... Args>
+int32_t fill(void *record, uint32_t size, Args... arguments) {
+  noteFill<Function>(record, size, arguments...);
+  return answerTo<Function>.give(record);
+}
+
+template <auto Function, class... Args>
+int32_t take(void *record, uint32_t size, Args... arguments) {
+  noteTake<Function>(record, size, arguments...);
   return answerTo<Function>.give(record);
 }
 
 template <auto Function, class Record, class... Args>
-int32_t exchangeTyped(Record *record, Args... arguments) {
-  return exchange<Function>(record, uint32_t{sizeof(Record)}, arguments...);
+int32_t fillTyped(Record *record, Args... arguments) {
+  return fill<Function>(record, uint32_t{sizeof(Record)}, arguments...);
+}
+
+template <auto Function, class Record, class... Args>
+int32_t takeTyped(Record *record, Args... arguments) {
+  return take<Function>(record, uint32_t{sizeof(Record)}, arguments...);
 }
 
 /// A call without a record.
