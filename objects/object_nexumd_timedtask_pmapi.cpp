@@ -34,6 +34,24 @@ constexpr uint32_t kRequestSize = 32;
 
 using ServiceCall = int32_t (*)(void *, void *);
 
+// The platform's calls are called here and nowhere passed on: an address of theirs would be looked
+// up when the library is loaded, and a daemon without timer services could not load it.
+int32_t getWakeUps(void *request, void *control) {
+  return pm_app_wake_up_control_get(request, control);
+}
+
+int32_t setWakeUp(void *request, void *control) {
+  return pm_app_wake_up_control_set(request, control);
+}
+
+int32_t getSchedules(void *request, void *control) {
+  return pm_wlan_ex_control_get(request, control);
+}
+
+int32_t setSchedule(void *request, void *control) {
+  return pm_wlan_ex_control_set(request, control);
+}
+
 int32_t call(ServiceCall service, ControlBuffer &control) {
   uint8_t request[kRequestSize] = {};
   return service(request, control.bytes);
@@ -130,11 +148,11 @@ int32_t readService(const LogOrigin &origin, const char *name, ServiceCall get,
 }
 
 int32_t readWakeUps(const LogOrigin &origin, ControlBuffer &control) {
-  return readService(origin, "pm_app_wake_up_control_get", pm_app_wake_up_control_get, control);
+  return readService(origin, "pm_app_wake_up_control_get", getWakeUps, control);
 }
 
 int32_t readSchedules(const LogOrigin &origin, ControlBuffer &control) {
-  return readService(origin, "pm_wlan_ex_control_get", pm_wlan_ex_control_get, control);
+  return readService(origin, "pm_wlan_ex_control_get", getSchedules, control);
 }
 
 /// Lists at most `capacity` tasks. The lines are the listing handler's, whoever asks.
@@ -193,7 +211,7 @@ int32_t addWakeUp(const LogOrigin &origin, const UbusWifiTimer &task) {
   PM_LOG_FOR(origin, kInfo, 0, "TaskId:%d\n", task.taskId);
   PM_LOG_FOR(origin, kInfo, 0, "set Enable:%d\n", task.enable);
   PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
-  return addEntry(origin, pm_app_wake_up_control_set, entry);
+  return addEntry(origin, setWakeUp, entry);
 }
 
 int32_t addSchedule(const LogOrigin &origin, const UbusWifiTimer &task) {
@@ -206,14 +224,14 @@ int32_t addSchedule(const LogOrigin &origin, const UbusWifiTimer &task) {
   PM_LOG_FOR(origin, kInfo, 0, "Enable:%d\n", task.enable);
   PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
   PM_LOG_FOR(origin, kInfo, 0, "index:%d\n", task.index);
-  if (const int32_t status = addEntry(origin, pm_wlan_ex_control_set, entry); status != kOk) {
+  if (const int32_t status = addEntry(origin, setSchedule, entry); status != kOk) {
     return status;
   }
   printTime(task.timeOffset2, time);
   entry.put(entry.time, time);
   entry.put(entry.edge, kEnd);
   PM_LOG_FOR(origin, kInfo, 0, "timeOffset2:%d = Time:%s \n", task.timeOffset2, time);
-  return addEntry(origin, pm_wlan_ex_control_set, entry);
+  return addEntry(origin, setSchedule, entry);
 }
 
 /// Deletes every entry of the task from one service. The wake-up service knows no index.
@@ -258,13 +276,13 @@ int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId) {
   {
     ControlBuffer wakeUps;
     if (const int32_t status = readWakeUps(PM_ORIGIN, wakeUps); status != kOk) return status;
-    if (deleteEntries(PM_ORIGIN, wakeUps, pm_app_wake_up_control_set, taskId, false) != kOk) {
+    if (deleteEntries(PM_ORIGIN, wakeUps, setWakeUp, taskId, false) != kOk) {
       return kFailure;
     }
   }
   ControlBuffer schedules;
   if (const int32_t status = readSchedules(PM_ORIGIN, schedules); status != kOk) return status;
-  return deleteEntries(PM_ORIGIN, schedules, pm_wlan_ex_control_set, taskId, true);
+  return deleteEntries(PM_ORIGIN, schedules, setSchedule, taskId, true);
 }
 
 int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count) {

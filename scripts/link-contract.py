@@ -148,6 +148,14 @@ def check_imports(library, platform, cjson):
             yield f"contains {symbol.name} of the C++ runtime"
 
 
+def check_lazy_binding(library):
+    """A function whose address is taken is looked up at load, however lazily calls are bound."""
+    at_load = library.relocated_names()
+    for symbol in library.imported:
+        if symbol.name in at_load and symbol.bind != "WEAK" and not symbol.version.startswith("GLIBC_"):
+            yield f"takes the address of {symbol.name}: a daemon without it could not load the library"
+
+
 def check_needed(library):
     for name in library.needed:
         if name not in ALLOWED_LIBRARIES:
@@ -210,6 +218,7 @@ def check(options):
         *check_exports(library, declared, missing),
         *check_data(library),
         *check_imports(library, platform, names_in(options.cjson)),
+        *check_lazy_binding(library),
         *check_needed(library),
         *check_hardening(library),
         *check_field_names(library, options.platform_headers, options.sources),

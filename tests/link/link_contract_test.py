@@ -95,6 +95,10 @@ BREAKS = {
     "executable stack": Break("has an executable stack", link=["-Wl,-z,execstack"]),
     "no relro": Break("has no read-only relocations", link=["-Wl,-z,norelro"]),
     "binding at load": Break("binds at load", link=["-Wl,-z,now"]),
+    "address of a platform function": Break(
+        "takes the address of platformCall: a daemon",
+        source="using Call = int (*)(const char *);\nEXPORT Call another() { return platformCall; }",
+        exports="sampleFormat sampleCount another"),
     "no stack protector": Break("has no stack protector", compile=["-fno-stack-protector"]),
     "not fortified": Break("is not fortified", compile=["-U_FORTIFY_SOURCE"]),
     "field name": Break('carries the field name "fieldName"',
