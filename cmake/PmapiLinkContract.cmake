@@ -22,3 +22,27 @@ function(pmapi_check_link_contract)
       ${budget}
       --readelf ${CMAKE_READELF})
 endfunction()
+
+# A daemon that is not position-independent, with the library as it is and with one that breaks the rule that
+# its exported data may be copied: the second must be noticed.
+function(pmapi_check_no_pie_daemon)
+  add_executable(no_pie_daemon link/no_pie_daemon.c)
+  target_compile_options(no_pie_daemon PRIVATE -fno-pie)
+  target_link_libraries(no_pie_daemon PRIVATE pmapi_headers pmapi mapd_interface_client cjson)
+  target_link_options(no_pie_daemon PRIVATE -no-pie -Wl,--no-as-needed -Wl,--allow-shlib-undefined)
+  set_target_properties(no_pie_daemon PROPERTIES ENABLE_EXPORTS ON)
+
+  add_library(pmapi_symbolic SHARED $<TARGET_OBJECTS:frame> $<TARGET_OBJECTS:pmapi>)
+  set_target_properties(pmapi_symbolic PROPERTIES
+    LINKER_LANGUAGE C
+    OUTPUT_NAME pmapi
+    LIBRARY_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/symbolic)
+  target_link_options(pmapi_symbolic PRIVATE -static-libgcc -Wl,-Bsymbolic -Wl,-z,undefs)
+
+  add_test(NAME link_contract.no_pie_daemon COMMAND no_pie_daemon)
+  add_test(NAME link_contract.no_pie_daemon_notices
+    COMMAND no_pie_daemon)
+  set_tests_properties(link_contract.no_pie_daemon_notices PROPERTIES
+    ENVIRONMENT LD_LIBRARY_PATH=${CMAKE_CURRENT_BINARY_DIR}/symbolic
+    PASS_REGULAR_EXPRESSION "the library does not see the daemon's limit list")
+endfunction()
