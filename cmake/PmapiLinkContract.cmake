@@ -6,9 +6,6 @@ function(pmapi_check_link_contract)
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tests/link/link_contract_test.py
       ${PROJECT_SOURCE_DIR}/scripts/link-contract.py ${CMAKE_READELF} ${CMAKE_CXX_COMPILER} ${flags})
 
-  if(NOT TARGET pmapi OR NOT EXISTS ${PROJECT_SOURCE_DIR}/cmake/exports.txt)
-    return()
-  endif()
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "^arm")
     set(budget --text-budget ${PMAPI_TEXT_BUDGET})
   endif()
@@ -19,6 +16,7 @@ function(pmapi_check_link_contract)
       --platform-headers ${PROJECT_SOURCE_DIR}/include/platform
       --cjson ${PROJECT_SOURCE_DIR}/cmake/imports_cjson.txt
       --sources ${PROJECT_SOURCE_DIR}/frame ${PROJECT_SOURCE_DIR}/objects
+      --process $<TARGET_FILE:pmapi_tests> $<TARGET_FILE:mapd_interface_client>
       ${budget}
       --readelf ${CMAKE_READELF})
 endfunction()
