@@ -186,4 +186,11 @@ bool takeOverLibraryCalls() {
   return taken;
 }
 
+namespace {
+
+// A process linked with the library has it from the start; nobody must touch the gateway first.
+[[maybe_unused]] const bool takenAtStart = takeOverLibraryCalls();
+
+}  // namespace
+
 }  // namespace gateway
