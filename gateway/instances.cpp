@@ -21,7 +21,7 @@ void writePath(const std::string &path, char out[PLATFORM_INSTANCE_SIZE]) {
     throw Refusal(kPathTooLong, "the path " + path + " does not fit a list");
   }
   std::memset(out, 0, PLATFORM_INSTANCE_SIZE);
-  std::memcpy(out, path.data(), path.size());
+  std::memcpy(out, path.c_str(), path.size() + 1);
 }
 
 uint32_t writePaths(const std::vector<std::string> &paths, uint32_t capacity,

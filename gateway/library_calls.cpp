@@ -151,6 +151,7 @@ void writeSlot(ElfW(Addr) slot, uintptr_t function) {
 }
 
 void redirect(const Imports &imports) {
+  if (imports.symbols == nullptr || imports.names == nullptr) return;
   for (int table = 0; table < 2; ++table) {
     for (size_t i = 0; i < imports.counts[table]; ++i) {
       const ElfW(Rel) &relocation = imports.relocations[table][i];
