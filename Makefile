@@ -1,4 +1,4 @@
-.PHONY: run test check format coverage fuzz bench setup clean
+.PHONY: run test check format coverage fuzz bench budgets setup clean
 
 run: setup
 	@scripts/build.sh host
@@ -21,6 +21,9 @@ fuzz: setup
 
 bench: setup
 	@scripts/bench.sh
+
+budgets: setup
+	@scripts/budgets.sh
 
 setup:
 	@scripts/setup.sh

@@ -1,14 +1,9 @@
-set(PMAPI_TEXT_BUDGET 81920 CACHE STRING "Bytes of flash that the library may take")
-
 function(pmapi_check_link_contract)
   separate_arguments(flags UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
   add_test(NAME link_contract.checker
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tests/link/link_contract_test.py
       ${PROJECT_SOURCE_DIR}/scripts/link-contract.py ${CMAKE_READELF} ${CMAKE_CXX_COMPILER} ${flags})
 
-  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^arm")
-    set(budget --text-budget ${PMAPI_TEXT_BUDGET})
-  endif()
   add_test(NAME link_contract.library
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/scripts/link-contract.py $<TARGET_FILE:pmapi>
       --exports ${PROJECT_SOURCE_DIR}/cmake/exports.txt
@@ -17,7 +12,6 @@ function(pmapi_check_link_contract)
       --cjson ${PROJECT_SOURCE_DIR}/cmake/imports_cjson.txt
       --sources ${PROJECT_SOURCE_DIR}/frame ${PROJECT_SOURCE_DIR}/objects
       --process $<TARGET_FILE:pmapi_tests> $<TARGET_FILE:mapd_interface_client>
-      ${budget}
       --readelf ${CMAKE_READELF})
 endfunction()
 

@@ -36,6 +36,7 @@ function(pmapi_library_flags name)
   target_compile_options(${name} PRIVATE
     ${PMAPI_LIBRARY_FLAGS}
     -ffunction-sections -fdata-sections
+    $<$<CXX_COMPILER_ID:GNU>:-fstack-usage>
     $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions;-fno-rtti;-fno-threadsafe-statics>)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:pmapi_headers>)

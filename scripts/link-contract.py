@@ -66,12 +66,6 @@ class Library:
         dump = self._read("--string-dump=.rodata")
         return set(re.findall(r"^\s*\[\s*[0-9a-f]+\]\s+(.*)$", dump, re.M))
 
-    def text_size(self):
-        """Bytes that stay in flash and are mapped read-only, as size(1) counts them."""
-        rows = re.findall(r"^\s*\[\s*\d+\]\s+\S+\s+\S+\s+[0-9a-f]+\s+[0-9a-f]+\s+([0-9a-f]+)\s+\w+\s+(\w+)",
-                          self._read("--sections"), re.M)
-        return sum(int(size, 16) for size, flags in rows if "A" in flags and "W" not in flags)
-
 
 def names_in(path):
     lines = Path(path).read_text(encoding="utf-8").splitlines() if path and Path(path).exists() else []
@@ -225,11 +219,8 @@ def check(options):
     ]
     if options.process:
         problems += check_process(options.process, options.readelf, platform)
-    size = library.text_size()
-    if options.text_budget and size > options.text_budget:
-        problems.append(f"has {size} bytes of text, more than the budget of {options.text_budget}")
     summary = (f"{len(library.exported)} of {len(declared)} names exported, {len(missing)} still missing, "
-               f"{len(library.imported)} imported, {size} bytes of text")
+               f"{len(library.imported)} imported")
     return problems, summary
 
 
@@ -242,7 +233,6 @@ def main():
     parser.add_argument("--cjson", required=True, help="list of the cJSON functions in use")
     parser.add_argument("--sources", nargs="*", default=[], help="directories of the library's sources")
     parser.add_argument("--process", nargs="*", default=[], help="files that must supply the whole platform")
-    parser.add_argument("--text-budget", type=int, help="bytes")
     parser.add_argument("--readelf", default="readelf")
     options = parser.parse_args()
     problems, summary = check(options)
