@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kWarmUps = 3;
 constexpr int kRepetitions = 15;
-constexpr uint32_t kMostSpreadPercent = 1;
+constexpr uint32_t kMostSpreadPercent = 2;
 
 std::vector<Case> &allCases() {
   static std::vector<Case> cases;

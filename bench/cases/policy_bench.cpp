@@ -19,8 +19,7 @@ alignas(UbusMacFilter) char filterBytes[sizeof(UbusMacFilter) + kEntriesCapacity
 
 /// Forgets the devices of the last call; their blocks are free again.
 void noLimits(uint32_t) {
-  static const bench::BlockState allFree = bench::saveBlocks();
-  bench::restoreBlocks(allFree);
+  bench::freeAllBlocks();
   g_ubus_devlmt_list = {&g_ubus_devlmt_list, &g_ubus_devlmt_list};
   g_ubus_lmtUrl_list = {&g_ubus_lmtUrl_list, &g_ubus_lmtUrl_list};
   g_ubus_devlmt_inst = 0;

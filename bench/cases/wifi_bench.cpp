@@ -2,13 +2,16 @@
 #include <cstring>
 
 #include "bench/bench.hpp"
+#include "platform/host.h"
 #include "platform/records/wlan_config.hpp"
 #include "platform/records/wlan_driver.hpp"
 #include "platform/records/wlan_keys.hpp"
+#include "platform/records/wlan_scan.hpp"
 #include "platform/records/wlan_tx_power.hpp"
 #include "pmapi/wifi_statsinfo.h"
 #include "pmapi/wifiinfo.h"
 #include "pmapi/wifiparameter.h"
+#include "pmapi/wlan_neighborinfo.h"
 
 using bench::answerTo;
 
@@ -20,6 +23,7 @@ constexpr int32_t kSsids = 8;
 WifiInfoRecord info;
 WifiStatsRecord statistics;
 WifiParameterRecord parameters[kSsids];
+NeighborInfoRecord neighbors;
 
 void radio(uint32_t) {
   answerTo<pm_wlan_get_config>.set(WlanConfigRecord::ssid, "home-network")
@@ -49,6 +53,14 @@ void fillParameters(uint32_t) {
   }
 }
 
+void accessPoints(uint32_t heard) {
+  auto &list = answerTo<pm_wlan_list_ap>.set(WlanApList::count, heard);
+  for (uint32_t i = 0; i < heard; ++i) {
+    list.text(WlanApList::entries.offset + i * platform::WlanApEntry::kSize, "neighbour");
+  }
+  answerTo<MACToStr>.text(0, "02:11:22:33:44:55");
+}
+
 void traceSecurity(uint32_t ssids) {
   for (uint32_t i = 0; i < ssids; ++i) printf("ENTER securityMode %s \r\n", "WPA2-Personal");
 }
@@ -71,6 +83,10 @@ const bench::Cases cases{
          },
      .besides = traceSecurity,
      .items = {1, 4, kSsids}},
+    {.name = "Wi-Fi: neighbours, access points",
+     .platform = accessPoints,
+     .handler = [](uint32_t) { pm_ubus_wlan_neighborinfo_get_2g(&neighbors); },
+     .items = {1, 32, 256}},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 // What the process supplies besides records and views: the logger, memory blocks, small utilities,
 // and time that does not pass.
+#include <sys/sysinfo.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -29,12 +30,14 @@ alignas(8) uint8_t blocks[kBlocks][kBlockSize];
 void *freeBlocks[kBlocks];
 uint32_t freeCount = 0;
 
-const bool blocksAreFree = [] {
-  for (auto &block : blocks) freeBlocks[freeCount++] = block;
-  return true;
-}();
+const bool blocksAreFree = (freeAllBlocks(), true);
 
 }  // namespace
+
+void freeAllBlocks() {
+  freeCount = 0;
+  for (auto &block : blocks) freeBlocks[freeCount++] = block;
+}
 
 BlockState saveBlocks() {
   return BlockState(freeBlocks, freeBlocks + freeCount);

@@ -11,5 +11,7 @@ extern const char *meshDump;
 using BlockState = std::vector<void *>;
 BlockState saveBlocks();
 void restoreBlocks(const BlockState &state);
+/// Takes all blocks back, whoever holds them.
+void freeAllBlocks();
 
 }  // namespace bench
