@@ -1,0 +1,135 @@
+#include "pmapi/detection.h"
+
+#include <cstring>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "platform/records/pppoe_account.hpp"
+#include "platform/views/networking_device.hpp"
+#include "platform/views/wan_ppp_connection.hpp"
+#include "pmapi/pppoe.h"
+#include "pmapi/workingmode.h"
+#include "tests/support/gateway_test.hpp"
+
+namespace gateway {
+namespace {
+
+using platform::NetworkingDeviceView;
+using platform::WanPppConnectionView;
+
+class DetectionTest : public GatewayTest {
+ protected:
+  DetectionTest() { loadExample("home_router.json"); }
+
+  int32_t start(const std::string &text) {
+    alignas(HttpSpeedRequest) char request[260] = {};
+    std::memcpy(request, text.data(), text.size());
+    return ubus_set_httpspeed_diagnostics(reinterpret_cast<HttpSpeedRequest *>(request));
+  }
+
+  HttpSpeedResult result = {};
+};
+
+TEST_F(DetectionTest, SpeedTestRunsAndCompletesWithTheClock) {
+  result.reserved[0] = 0x5a;
+  EXPECT_NE(ubus_get_httpspeed_result(&result), 0);
+  EXPECT_EQ(start("http://speed.example.net/100M.bin"), 0);
+  EXPECT_THAT(logs(), HasLog(5, "now in function ubus_set_httpspeed_diagnostics\n"));
+  EXPECT_NE(ubus_get_httpspeed_result(&result), 0);
+  EXPECT_EQ(result.status, 0);
+  EXPECT_STREQ(result.speed, "0Mpbs");
+  gateway().clock().advance(15);
+  EXPECT_EQ(ubus_get_httpspeed_result(&result), 0);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_STREQ(result.speed, "920Mpbs");
+  EXPECT_EQ(result.reserved[0], 0x5a);
+}
+
+TEST_F(DetectionTest, RequestTextOfAnyLengthStaysInsideItsField) {
+  for (const size_t length : {31U, 36U, 259U}) {
+    EXPECT_EQ(start(std::string(length, 'u')), 0);
+    const Json state = gateway().save();
+    EXPECT_EQ(state["speedTest"]["request"].get<std::string>(), std::string(length, 'u'));
+  }
+  EXPECT_EQ(start(""), 0) << "what the reply says is not examined";
+  EXPECT_EQ(ubus_set_httpspeed_diagnostics(nullptr), -1);
+}
+
+TEST_F(DetectionTest, FailuresReturnWhatTheLoggerReturns) {
+  gateway().setLogResult(42);
+  std::memset(&result, 0x33, sizeof result);
+  fail("ctSgw_ssend_to_proxy", "RESULT", -5, 1, 1);
+  EXPECT_EQ(ubus_get_httpspeed_result(&result), 42);
+  EXPECT_THAT(logs(),
+              HasLog(5, "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=-5\n"));
+  fail(Fault{.call = "ctSgw_ssend_to_proxy", .match = "RESULT", .times = 1, .replyStatus = 6});
+  EXPECT_EQ(ubus_get_httpspeed_result(&result), 42);
+  EXPECT_THAT(logs(), HasLog(5,
+                             "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=0, "
+                             "pAck->iRet=6\n"));
+  EXPECT_EQ(result.status, 0x33333333);
+  EXPECT_EQ(ubus_get_httpspeed_result(nullptr), -1);
+}
+
+TEST_F(DetectionTest, PositiveCallStatusWithoutARefusalIsASuccess) {
+  EXPECT_EQ(start("http://x"), 0);
+  gateway().clock().advance(15);
+  fail("ctSgw_ssend_to_proxy", "RESULT", 3, 1, 1);
+  EXPECT_NE(ubus_get_httpspeed_result(&result), 0) << "the reply is empty, so not completed";
+  EXPECT_STREQ(result.speed, "0Mpbs");
+}
+
+class PppoeTest : public DetectionTest {
+ protected:
+  int32_t set(const std::string &user, const std::string &password) {
+    alignas(UbusPppoe) char record[64 + 68] = {};
+    std::memcpy(record, user.data(), user.size());
+    std::memcpy(record + 64, password.data(), password.size());
+    return pm_ubus_pppoe_set(reinterpret_cast<UbusPppoe *>(record));
+  }
+  Row ppp() { return store().row<WanPppConnectionView>("IGD.WD1.WCD1.WCPPP1"); }
+};
+
+TEST_F(PppoeTest, AccountReachesTheConnectionAndTheLog) {
+  EXPECT_EQ(set("user@home", "secret"), 0);
+  EXPECT_EQ(ppp().text(WanPppConnectionView::userName), "user@home");
+  EXPECT_EQ(ppp().text(WanPppConnectionView::password), "secret");
+  EXPECT_THAT(logs(), HasLog(5, "ubuspppoe->pppoeUser:user@home, ubuspppoe->pppoePwd:secret\n"));
+}
+
+TEST_F(PppoeTest, TextsBeyondSixtyFourCharactersAreSentAsInvalid) {
+  EXPECT_EQ(set(std::string(63, 'u'), std::string(64, 'p')), 0);
+  EXPECT_NE(set("user", std::string(65, 'p')), 0);
+  EXPECT_NE(set(std::string(64, 'u'), "p"), 0) << "runs on into the password";
+  EXPECT_EQ(ppp().text(WanPppConnectionView::userName), std::string(63, 'u'));
+  EXPECT_EQ(pm_ubus_pppoe_set(nullptr), -257);
+  EXPECT_THAT(logs(), HasLog(4, "pm_ubus_pppoe_set para is null"));
+  fail("pm_wanc_set_ppp_username_passwd", "", -5);
+  EXPECT_EQ(set("user", "p"), -5);
+  EXPECT_THAT(logs(), HasLog(4, "call pm_wanc_set_ppp_username_passwd faild,ret=-5\n"));
+}
+
+TEST_F(DetectionTest, WorkingModeIsSwitched) {
+  const UbusWorkingMode bridge = {3, 1};
+  EXPECT_EQ(pm_ubus_workingmode_set(&bridge), 0);
+  const Row networking = store().row<NetworkingDeviceView>("IGD");
+  EXPECT_EQ(networking.word(NetworkingDeviceView::workingMode), 3u);
+  EXPECT_EQ(networking.word(NetworkingDeviceView::accessMode), 1u);
+  EXPECT_THAT(logs(),
+              HasLog(5, "ubusworkingmode->workingMode:3, ubusworkingmode->internetType:1\n"));
+  EXPECT_EQ(pm_ubus_workingmode_set(nullptr), -257);
+  fail("pm_wanc_change_brg_route_mode", "", -5);
+  EXPECT_EQ(pm_ubus_workingmode_set(&bridge), -5);
+  EXPECT_THAT(logs(), HasLog(4, "call pm_wanc_change_brg_route_mode faild,ret=-5\n"));
+}
+
+TEST_F(PppoeTest, SweepOfFaults) {
+  const UbusWorkingMode mode = {1, 2};
+  EXPECT_GT(sweepFaults([this] { return start("http://x"); }), 0u);
+  EXPECT_GT(sweepFaults([this] { return ubus_get_httpspeed_result(&result); }), 0u);
+  EXPECT_GT(sweepFaults([this] { return set("u", "p"); }), 0u);
+  EXPECT_GT(sweepFaults([&mode] { return pm_ubus_workingmode_set(&mode); }), 0u);
+}
+
+}  // namespace
+}  // namespace gateway
