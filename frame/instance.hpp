@@ -1,7 +1,6 @@
 // Instance paths and the lists in which the platform returns them.
 #pragma once
 
-#include <cstdio>
 #include <cstring>
 
 #include "frame/text.hpp"
@@ -16,10 +15,14 @@ struct InstancePath {
   explicit InstancePath(const char *path) : text{} { copyText(text, path); }
 
   static InstancePath numbered(const char *stem, int32_t number) {
-    InstancePath path("");
-    snprintf(path.text, sizeof path.text, "%s%d", stem, number);
+    InstancePath path(stem);
+    path.append(number);
     return path;
   }
+
+  /// What does not fit is cut.
+  void append(const char *more);
+  void append(int32_t number);
 };
 
 /// How many of the reported items really lie in a table of `capacity`; the platform may count more

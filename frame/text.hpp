@@ -18,6 +18,12 @@ inline void copyText(char (&destination)[Size], const char *source) {
 /// handler has zeroed the destination.
 void copyExact(char *destination, const char *source, uint32_t limit);
 
+/// Room for any 32-bit number in decimal digits, its sign and terminator included.
+inline constexpr uint32_t kDecimalSize = 12;
+
+/// Prints a number as "%d" would, at a fraction of the price.
+void printDecimal(char *text, int32_t value);
+
 /// Whether `name` begins with `prefix`.
 inline bool startsWith(const char *name, const char *prefix) {
   return strncmp(name, prefix, strlen(prefix)) == 0;

@@ -1,5 +1,3 @@
-#include <cstdio>
-
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -70,9 +68,9 @@ int32_t getFlag(const LogOrigin &origin, int32_t radioIndex, uint32_t offset, ui
 }
 
 void writeDecimal(uint32_t value, char *out) {
-  char text[kTextSize];
-  snprintf(text, sizeof text - 1, "%d", static_cast<int32_t>(value));
-  copyExact(out, text, kTextSize - 1);
+  char text[kDecimalSize];
+  printDecimal(text, static_cast<int32_t>(value));
+  copyExact(out, text, kDecimalSize);
 }
 
 int32_t getNamed(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,

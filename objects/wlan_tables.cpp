@@ -1,6 +1,5 @@
 #include "objects/wlan_tables.hpp"
 
-#include <cstdio>
 #include <iterator>
 
 #include "frame/text.hpp"
@@ -28,8 +27,6 @@ constexpr SecurityMode kSecurityModes[] = {
 // The daemon's numbers, indexed by the platform's.
 constexpr uint8_t kCiphers[3] = {2, 1, 3};
 constexpr uint8_t kBandwidths[3] = {1, 2, 0};
-
-constexpr char kSsidStem[] = "IGD.LD1.WLAN";
 
 constexpr int32_t firstSsid(uint32_t band) {
   return band == kBand5G ? 5 : 1;
@@ -92,7 +89,7 @@ uint32_t bandwidthForPlatform(uint32_t bandwidth) {
 }
 
 InstancePath ssidInstance(int32_t number) {
-  return InstancePath::numbered(kSsidStem, number);
+  return InstancePath::numbered("IGD.LD1.WLAN", number);
 }
 
 InstancePath radioInstance(uint32_t band) {
@@ -104,14 +101,16 @@ InstancePath txPowerInstance(uint32_t band) {
 }
 
 InstancePath wpsInstance(uint32_t band) {
-  InstancePath path("");
-  snprintf(path.text, sizeof path.text, "%s%d.WPS", kSsidStem, firstSsid(band));
+  InstancePath path = radioInstance(band);
+  path.append(".WPS");
   return path;
 }
 
 InstancePath keyInstance(const char *ssid, const char *kind, uint32_t number, uint32_t limit) {
-  InstancePath path("");
-  snprintf(path.text, limit + 1, "%s%s%d", ssid, kind, static_cast<int32_t>(number));
+  InstancePath path(ssid);
+  path.append(kind);
+  path.append(static_cast<int32_t>(number));
+  path.text[limit] = '\0';
   return path;
 }
 
