@@ -16,7 +16,7 @@ function(pmapi_register_gtest name)
   endforeach()
 endfunction()
 
-# One test per transcript: scripts/run-transcript.py FILE -- COMMAND... plays FILE through the command.
+# One test per transcript, with the profile that it names or the home router.
 function(pmapi_add_transcripts)
   if(NOT TARGET pmapi_command)
     return()
@@ -24,8 +24,6 @@ function(pmapi_add_transcripts)
   foreach(transcript IN LISTS ARGN)
     cmake_path(GET transcript STEM name)
     add_test(NAME transcript.${name}
-      COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/scripts/run-transcript.py ${transcript}
-        -- ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:pmapi_command>
-      WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+      COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:pmapi_command> run ${transcript})
   endforeach()
 endfunction()

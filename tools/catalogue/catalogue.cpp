@@ -14,14 +14,13 @@ std::vector<Object> &objects() {
 }
 
 bool isArgument(const Parameter &parameter, std::string_view name) {
-  if (!parameter.name.empty()) {
-    return parameter.direction != Direction::kOut && parameter.name == name;
-  }
-  return std::any_of(parameter.shape->fields.begin(), parameter.shape->fields.end(),
-                     [&](const Field &field) {
-                       const bool read = parameter.direction != Direction::kOut || field.isInput;
-                       return read && field.name == name;
-                     });
+  const bool isRead = parameter.direction != Direction::kOut;
+  if (!parameter.name.empty() && isRead) return parameter.name == name;
+  // Members of a record are arguments themselves; of an answering one, those that are inputs.
+  if (parameter.shape == nullptr || parameter.isRows) return false;
+  return std::any_of(
+      parameter.shape->fields.begin(), parameter.shape->fields.end(),
+      [&](const Field &field) { return (isRead || field.isInput) && field.name == name; });
 }
 
 }  // namespace

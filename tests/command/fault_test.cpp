@@ -1,0 +1,37 @@
+#include "tools/command/fault.hpp"
+
+#include <gtest/gtest.h>
+
+#include "tools/catalogue/json.hpp"
+
+namespace command {
+namespace {
+
+TEST(ParseFault, ReadsEveryPart) {
+  const gateway::Fault whole = parseFault("vcorDbGetView/DBVIEW_EASYMESH IGD@2x1=-5");
+  EXPECT_EQ(whole.call, "vcorDbGetView");
+  EXPECT_EQ(whole.match, "DBVIEW_EASYMESH IGD");
+  EXPECT_EQ(whole.from, 2u);
+  EXPECT_EQ(whole.times, 1u);
+  EXPECT_EQ(whole.answer, -5);
+
+  const gateway::Fault least = parseFault("fopen//userconfig/nexumd_cfgfile");
+  EXPECT_EQ(least.call, "fopen");
+  EXPECT_EQ(least.match, "/userconfig/nexumd_cfgfile");
+  EXPECT_EQ(least.from, 1u);
+  EXPECT_EQ(least.times, gateway::Fault::kUnlimited);
+  EXPECT_FALSE(least.answer.has_value());
+
+  EXPECT_EQ(parseFault("ctSgw_ssend_to_proxy=reply:3").replyStatus, 3);
+  EXPECT_EQ(parseFault("ctSgw_ssend_to_proxy=length:2").replyLength, 2);
+}
+
+TEST(ParseFault, RefusesWhatIsNoRule) {
+  for (const char *rule : {"", "=1", "call=", "call=x", "call=1.5", "call=2147483648", "call@=1",
+                           "call@1x=1", "call@0x=1", "call=length:65536", "call=reply:"}) {
+    EXPECT_THROW(parseFault(rule), UsageError) << rule;
+  }
+}
+
+}  // namespace
+}  // namespace command
