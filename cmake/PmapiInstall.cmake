@@ -25,6 +25,8 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/pmapi.pc
 
 if(TARGET pmapi_command)
   install(TARGETS pmapi_command RUNTIME COMPONENT command)
+  install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/pmapi/examples COMPONENT command
+    FILES_MATCHING PATTERN "*.json" PATTERN "*.jsonl")
   # Beside the command only: on a gateway this name belongs to the platform's own client library.
   install(TARGETS mapd_interface_client LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/pmapi COMPONENT command)
   set_target_properties(pmapi_command PROPERTIES

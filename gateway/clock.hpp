@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 namespace gateway {
 
@@ -27,6 +29,8 @@ class Clock {
   /// A sleep of the library: it moves the clock, and takes its time only when that is asked for.
   void sleep(uint32_t seconds);
   void useRealTime(bool real) { real_ = real; }
+  /// Told how many seconds, before the library sleeps.
+  void onSleep(std::function<void(uint32_t)> sink) { sleepSink_ = std::move(sink); }
 
   void reset() {
     set(kDefaultUptime, kDefaultTime);
@@ -38,6 +42,7 @@ class Clock {
   int64_t time_ = kDefaultTime;
   int64_t slept_ = 0;
   bool real_ = false;
+  std::function<void(uint32_t)> sleepSink_;
 };
 
 }  // namespace gateway

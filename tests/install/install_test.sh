@@ -26,5 +26,5 @@ export PKG_CONFIG_LIBDIR=$prefix/lib/pkgconfig
 echo "install: a daemon found by pkg-config runs"
 
 unset LD_LIBRARY_PATH
-"$prefix/bin/pmapi" --help >/dev/null
+"$prefix/bin/pmapi" call helpers GetUpTime >/dev/null
 echo "install: the command finds its libraries"

@@ -7,13 +7,6 @@
 namespace command {
 namespace {
 
-bool goesIn(const Parameter &parameter) {
-  return parameter.direction != Direction::kOut;
-}
-bool comesOut(const Parameter &parameter) {
-  return parameter.direction != Direction::kIn;
-}
-
 std::string fieldType(const Field &field) {
   std::string type;
   switch (field.kind) {
@@ -50,14 +43,14 @@ Json membersAsJson(const Method &method, bool isAnswer) {
   for (const Parameter &parameter : method.parameters) {
     const bool isAsked = !isAnswer && parameter.direction == Direction::kOut;
     if (isAsked && parameter.shape == nullptr) continue;
-    if (isAnswer && !comesOut(parameter)) continue;
+    if (isAnswer && parameter.direction == Direction::kIn) continue;
     if (parameter.name.empty() || isAsked) {
       for (const Json &field : fieldsAsJson(*parameter.shape, isAsked)) members.push_back(field);
       continue;
     }
     Json entry{{"name", parameter.name}, {"type", parameter.type}};
     if (parameter.isRows) entry["rows"] = true;
-    if (parameter.isOptional && goesIn(parameter)) entry["optional"] = true;
+    if (parameter.isOptional && !isAnswer) entry["optional"] = true;
     if (parameter.isSecret) entry["secret"] = true;
     if (parameter.shape != nullptr) entry["fields"] = fieldsAsJson(*parameter.shape, false);
     members.push_back(entry);

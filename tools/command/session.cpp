@@ -72,7 +72,6 @@ Session::Session(const Options &options)
   load(fs::exists(options_.state) ? options_.state
        : options_.gateway.empty() ? defaultProfile()
                                   : options_.gateway);
-  for (const std::string &rule : options_.faults) planFault(rule);
 }
 
 void Session::start() {
@@ -88,6 +87,11 @@ void Session::start() {
         [this](const gateway::Call &call) { trail_.note("> " + gateway::toString(call)); });
   }
   gateway.clock().useRealTime(options_.realTime);
+  if (options_.realTime && isatty(STDERR_FILENO) != 0) {
+    gateway.clock().onSleep([this](uint32_t seconds) {
+      trail_.note("pmapi: the library sleeps, " + std::to_string(seconds) + " s to wait");
+    });
+  }
   if (!options_.root.empty()) gateway.files().useRoot(options_.root);
 }
 
@@ -96,10 +100,13 @@ Session::~Session() {
   gateway.onLog({});
   gateway.onComplaint({});
   gateway.boundary().onCall({});
+  gateway.clock().onSleep({});
 }
 
 void Session::load(const std::string &profile) {
   gateway::Gateway &gateway = gateway::Gateway::current();
+  // Another gateway starts without the faults of the one before.
+  reportUnfired();
   try {
     gateway.loadFile(profile);
   } catch (const gateway::ProfileError &error) {
@@ -107,6 +114,7 @@ void Session::load(const std::string &profile) {
     throw UsageError(reason.starts_with(profile) ? reason : profile + ": " + reason);
   }
   collectSecrets();
+  for (const std::string &rule : options_.faults) planFault(rule);
 }
 
 void Session::collectSecrets() {
@@ -136,11 +144,22 @@ Answer Session::call(const std::string &objectName, const std::string &methodNam
     Answer answer = invoke(object, method, arguments, trail_.secrets());
     drain();
     capture_ = nullptr;
+    answer.shown = shown(answer.shown);
     return answer;
   } catch (...) {
     capture_ = nullptr;
     throw;
   }
+}
+
+Json Session::shown(const Json &value) const {
+  if (options_.showSecrets) return value;
+  if (value.is_string()) return masked(value.get<std::string>(), trail_.secrets());
+  Json copy = value;
+  if (value.is_structured()) {
+    for (Json &element : copy) element = shown(element);
+  }
+  return copy;
 }
 
 void Session::planFault(const std::string &rule) {
@@ -172,18 +191,21 @@ Json Session::gatewayState() {
   return gateway::Gateway::current().save();
 }
 
-bool Session::close() {
-  bool complete = true;
+void Session::reportUnfired() {
   for (const gateway::Fault &fault : gateway::Gateway::current().boundary().unfiredFaults()) {
     trail_.note("pmapi: fault never fired: " + gateway::toString(fault));
-    complete = false;
+    everyFaultFired_ = false;
   }
+}
+
+bool Session::close() {
+  reportUnfired();
   if (!options_.state.empty()) {
     std::ofstream file(options_.state);
     file << gatewayState().dump(2) << '\n';
     if (!file.flush()) throw UsageError(options_.state, "cannot be written");
   }
-  return complete;
+  return everyFaultFired_;
 }
 
 }  // namespace command

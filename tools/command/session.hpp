@@ -33,6 +33,9 @@ class Session {
 
   Answer call(const std::string &object, const std::string &method, const Json &arguments);
 
+  /// `value` as it may be printed: secrets that the gateway or the user gave are masked in it.
+  Json shown(const Json &value) const;
+
   void load(const std::string &profile);
   void planFault(const std::string &rule);
   void advance(int64_t seconds);
@@ -49,11 +52,13 @@ class Session {
  private:
   void start();
   void collectSecrets();
+  void reportUnfired();
   void drain();
 
   Options options_;
   Trail trail_;
   OutputCapture *capture_ = nullptr;
+  bool everyFaultFired_ = true;
 };
 
 /// Keeps texts of members that hold passwords or keys, wherever they are in `value`.

@@ -35,6 +35,7 @@ class Trail {
 
   /// Texts that are masked from now on.
   Secrets &secrets() { return secrets_; }
+  const Secrets &secrets() const { return secrets_; }
 
   void log(int level, const std::string &tag, int line, const std::string &function, int code,
            const std::string &text);

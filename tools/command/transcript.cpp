@@ -60,7 +60,7 @@ Outcome playCall(const Step &step, Session &session) {
 Outcome playRead(const Step &step, Session &session) {
   const auto lines = session.readFile(step.get<std::string>("read"));
   const Json content = lines ? Json(*lines) : Json();
-  return {content, content};
+  return {content, session.shown(content)};
 }
 
 Outcome playState(const Step &step, Session &session) {
@@ -73,7 +73,7 @@ Outcome playState(const Step &step, Session &session) {
     throw UsageError(step.where, "\"" + place + "\" is no place in a profile");
   }
   const Json found = state.contains(pointer) ? state.at(pointer) : Json();
-  return {found, found};
+  return {found, session.shown(found)};
 }
 
 Outcome playStep(const Step &step, const std::string &fileName, Session &session) {
