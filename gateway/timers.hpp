@@ -1,0 +1,39 @@
+// The two timer services: wake-up control, and the Wi-Fi schedule.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "gateway/section.hpp"
+
+namespace gateway {
+
+struct TimerTask {
+  std::string time;
+  std::vector<uint32_t> weekdays;
+  uint32_t edge = 0;
+  uint32_t enable = 0;
+  int64_t taskId = 0;
+  int64_t index = 0;
+
+  bool operator==(const TimerTask &) const = default;
+};
+
+class Timers : public Section {
+ public:
+  static constexpr size_t kEntries = 90;
+
+  Timers() : Section("timers") {}
+
+  std::vector<TimerTask> wakeUps;
+  std::vector<TimerTask> schedules;
+
+  void load(const Json &value, const std::string &place) override;
+  Json save() const override;
+  void reset() override;
+};
+
+Timers &timers();
+
+}  // namespace gateway
