@@ -1,0 +1,123 @@
+#include "pmapi/iptv.h"
+
+#include <string>
+
+#include "gateway/status.hpp"
+#include "platform/views/iptv_vlan_binding.hpp"
+#include "tests/support/gateway_test.hpp"
+
+namespace gateway {
+namespace {
+
+using platform::IptvVlanBindingView;
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+constexpr char kBind[] = "pm_iptvvlanbind_set_config";
+
+class IptvTest : public GatewayTest {
+ protected:
+  void bind(const std::string &path, uint32_t vlanId) {
+    const Row row = store().create<IptvVlanBindingView>("IGD.B" + std::to_string(++bindings_));
+    row.setText(IptvVlanBindingView::portPath, path);
+    row.setWord(IptvVlanBindingView::vlanId, vlanId);
+  }
+
+  UbusIptv record = {};
+
+ private:
+  int bindings_ = 0;
+};
+
+TEST_F(IptvTest, BindsPortsUpToTheFirstZeroAndReadsThemBack) {
+  const UbusIptv asked = {1, 85, {1, 3, 0, 4}, {2, 6}};
+  gateway().setLogResult(7);
+  EXPECT_EQ(pm_ubus_nexumd_iptv_set(asked), 7) << "the logger's answer";
+  EXPECT_THAT(trace(kBind), ElementsAre("pm_iptvvlanbind_set_config(IGD.LD1.ETH1 85) = 0",
+                                        "pm_iptvvlanbind_set_config(IGD.LD1.ETH3 85) = 0",
+                                        "pm_iptvvlanbind_set_config(IGD.LD1.WLAN2 85) = 0",
+                                        "pm_iptvvlanbind_set_config(IGD.LD1.WLAN6 85) = 0"));
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), 0);
+  EXPECT_EQ(record.enable, 1u);
+  EXPECT_EQ(record.vlanId, 85u);
+  EXPECT_THAT(record.ethPorts, ElementsAre(1, 3, 0, 0));
+  EXPECT_EQ(record.wlanPorts[1], 6u);
+  EXPECT_THAT(logs(), HasLog(5, "pm_ubus_nexumd_iptv_set success \n"));
+}
+
+TEST_F(IptvTest, VlanRangesDifferBetweenSetAndGet) {
+  UbusIptv asked = {1, 4097, {1}, {}};
+  EXPECT_EQ(pm_ubus_nexumd_iptv_set(asked), -1);
+  EXPECT_THAT(trace(kBind), IsEmpty());
+  EXPECT_THAT(logs(), HasLog(4, "pm_ubus_nexumd_iptv_set vlanid is out of range (0~4096)\n"));
+  asked.vlanId = 4096;
+  EXPECT_EQ(pm_ubus_nexumd_iptv_set(asked), 0);
+  record.vlanId = 77;
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), 0);
+  EXPECT_EQ(record.vlanId, 77u) << "4096 is not reported";
+  EXPECT_EQ(record.ethPorts[0], 1u);
+}
+
+TEST_F(IptvTest, DisablingRemovesEveryBindingThatCanBeRead) {
+  bind("IGD.LD1.ETH1", 85);
+  bind("IGD.LD1.WLAN2", 85);
+  bind("IGD.LD1.ETH4", 86);
+  fail("vcorDbGetView", "IGD.B2", -5, 1, 1);
+  EXPECT_EQ(pm_ubus_nexumd_iptv_set({0, 9999, {}, {}}), 0);
+  EXPECT_THAT(store().paths(layoutOf<IptvVlanBindingView>()), ElementsAre("IGD.B2"));
+  EXPECT_THAT(logs(), HasLogLine({5, "pm_iptv_del",
+                                  "vcorDbQryView DBVIEW_IPTVIVLANBIND tList.dwCount is 3 \n"}));
+  fail("vcorDbLstView", "", -6, 1, 1);
+  EXPECT_EQ(pm_iptv_del(), -6);
+  EXPECT_THAT(logs(), HasLog(4, "vcorDbQryView DBVIEW_IPTVLANBIND failure! iRet = -6.\n"));
+}
+
+TEST_F(IptvTest, TablesBeyondTheRecordFillItAndNoMore) {
+  struct {
+    UbusIptv record;
+    uint32_t behind = 0xFEEDFACE;
+  } guarded = {};
+  for (int port = 1; port <= 10; ++port) bind("IGD.LD1.ETH" + std::to_string(port), 85);
+  for (int port = 1; port <= 30; ++port) bind("IGD.LD1.WLAN" + std::to_string(port), 90);
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&guarded.record), 0);
+  EXPECT_THAT(guarded.record.ethPorts, ElementsAre(1, 2, 3, 4));
+  EXPECT_EQ(guarded.record.wlanPorts[15], 16u);
+  EXPECT_EQ(guarded.record.vlanId, 90u) << "the last one wins";
+  EXPECT_EQ(guarded.behind, 0xFEEDFACEU);
+}
+
+TEST_F(IptvTest, GetRefusesWithoutTouchingTheRecord) {
+  record.enable = 9;
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), -1) << "an empty table";
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(nullptr), -1);
+  fail("vcorDbLstView", "", -6, 1, 1);
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), -1);
+  EXPECT_THAT(logs(), HasLog(4, "list vlan fail!"));
+  EXPECT_EQ(record.enable, 9u);
+}
+
+TEST_F(IptvTest, PathsTooShortForAPortAreWithoutNumber) {
+  bind("IGD.LD1", 85);
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), 0);
+  EXPECT_EQ(record.wlanPorts[0], 0u);
+}
+
+TEST_F(IptvTest, SweepOfFaults) {
+  beforeEachRun([this] {
+    bind("IGD.LD1.ETH1", 85);
+    bind("IGD.LD1.WLAN2", 85);
+  });
+  sweepFaults(
+      [] {
+        return pm_ubus_nexumd_iptv_set({1, 85, {1, 2}, {3}});
+      },
+      [](const testing::SweepRun &run) { EXPECT_EQ(run.status, 0); });
+  sweepFaults([] { return pm_ubus_nexumd_iptv_set({0, 0, {}, {}}); });
+  sweepFaults([this] { return pm_ubus_nexumd_iptv_get(&record); });
+}
+
+}  // namespace
+}  // namespace gateway

@@ -1,0 +1,171 @@
+#include "pmapi/qos.h"
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "platform/views/qos_classification.hpp"
+#include "tests/support/gateway_test.hpp"
+
+namespace gateway {
+namespace {
+
+using platform::QosClassificationView;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class QosTest : public GatewayTest {
+ protected:
+  static constexpr size_t kRules = 30;
+
+  QosTest() : memory_(sizeof(UbusQos) / 4 + kRules * sizeof(UbusQosRule) / 4) {}
+
+  /// The record with room for 30 rules, as the daemon allocates it.
+  UbusQos *record() { return reinterpret_cast<UbusQos *>(memory_.data()); }
+
+  UbusQosRule &ask(uint32_t index, const char *label) {
+    record()->count = index + 1;
+    UbusQosRule &rule = record()->rules[index];
+    rule.param1 = 1;
+    rule.param2 = -2;
+    rule.param3 = 3;
+    rule.param4 = 4;
+    rule.param5 = 5;
+    std::strcpy(rule.ip1, "192.168.1.10");
+    std::strcpy(rule.port1, "8080");
+    std::strcpy(rule.ip2, "203.0.113.9");
+    std::strcpy(rule.port2, "443");
+    std::memcpy(rule.label, label, strnlen(label, sizeof rule.label));
+    std::strcpy(rule.mac1, "00:11:22:33:44:55");
+    std::strcpy(rule.mac2, "66778899aabb");
+    return rule;
+  }
+
+  Row stored(size_t index) {
+    const auto paths = store().paths(layoutOf<QosClassificationView>());
+    return store().row<QosClassificationView>(paths.at(index));
+  }
+
+  void clearRecord() { std::fill(memory_.begin(), memory_.end(), 0); }
+
+ private:
+  std::vector<uint32_t> memory_;
+};
+
+TEST_F(QosTest, ParametersReadBackFromOtherPlacesThanTheyWereWrittenTo) {
+  ask(0, "games");
+  record()->qosCommon = 0x1FF;
+  EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
+  EXPECT_EQ(stored(0).word(QosClassificationView::param5), 5u);
+  EXPECT_EQ(stored(0).word(QosClassificationView::writtenParam4), 4u);
+  clearRecord();
+  EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), 0);
+  EXPECT_EQ(record()->qosCommon, 0xFFu);
+  EXPECT_EQ(record()->count, 1u);
+  const UbusQosRule &rule = record()->rules[0];
+  EXPECT_EQ(rule.param1, 1);
+  EXPECT_EQ(rule.param2, 0);
+  EXPECT_EQ(rule.param3, 3);
+  EXPECT_EQ(rule.param4, -2);
+  EXPECT_EQ(rule.param5, 0);
+  EXPECT_STREQ(rule.ip1, "192.168.1.10");
+  EXPECT_STREQ(rule.port1, "8080");
+  EXPECT_STREQ(rule.ip2, "203.0.113.9");
+  EXPECT_STREQ(rule.port2, "443");
+  EXPECT_STREQ(rule.label, "games");
+  EXPECT_STRCASEEQ(rule.mac1, "00:11:22:33:44:55");
+  EXPECT_STRCASEEQ(rule.mac2, "66:77:88:99:aa:bb");
+}
+
+TEST_F(QosTest, LabelsHoldThirtyTwoCharactersAndALongerOneSpoilsTheRulesBehindIt) {
+  const std::string full(32, 'x');
+  std::memset(ask(0, full.c_str()).mac1, 0, sizeof(UbusQosRule::mac1));
+  ask(1, full.c_str());  // runs on into the first MAC
+  ask(2, "short");
+  EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
+  ASSERT_THAT(store().paths(layoutOf<QosClassificationView>()), SizeIs(1))
+      << "what the second left invalid stays invalid for the third";
+  EXPECT_EQ(stored(0).text(QosClassificationView::label), full);
+  EXPECT_THAT(trace("pm_qos_qc_set_config"), SizeIs(3));
+  clearRecord();
+  EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), 0);
+  EXPECT_EQ(std::string(record()->rules[0].label, 32), full);
+}
+
+TEST_F(QosTest, TextsThatAreNoNumbersOrAddressesCountAsZero) {
+  UbusQosRule &rule = ask(0, "odd");
+  std::strcpy(rule.ip1, "not an address");
+  std::strcpy(rule.port1, "http");
+  std::strcpy(rule.mac1, "xx");
+  EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
+  EXPECT_EQ(stored(0).word(QosClassificationView::ip1), 0u);
+  EXPECT_EQ(stored(0).word(QosClassificationView::port1), 0u);
+  EXPECT_EQ(stored(0).mac(QosClassificationView::mac1), MacAddress{});
+}
+
+TEST_F(QosTest, RuleThatCannotBeReadLeavesItsSlot) {
+  for (uint32_t i = 0; i < 3; ++i) ask(i, "rule");
+  EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
+  clearRecord();
+  record()->count = 10;
+  record()->rules[1].param1 = 77;
+  fail("vcorDbGetView", "", -5, 2, 1);
+  EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), 0);
+  EXPECT_EQ(record()->count, 12u);
+  EXPECT_EQ(record()->rules[1].param1, 77);
+  EXPECT_EQ(record()->rules[2].param1, 1);
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_nexumd_qos_get",
+                                  "vcorDbGetView DBVIEW_QOS_CLASSIFICATION failure", -5}));
+}
+
+TEST_F(QosTest, AtMostThirtyRulesAreReported) {
+  for (int i = 0; i < 45; ++i) {
+    store().create<QosClassificationView>("IGD.Q" + std::to_string(i));
+  }
+  EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), 0);
+  EXPECT_EQ(record()->count, 30u);
+}
+
+TEST_F(QosTest, ClearingRemovesRulesByTheirNames) {
+  for (uint32_t i = 0; i < 2; ++i) ask(i, "rule");
+  EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
+  const std::string path = store().paths(layoutOf<QosClassificationView>())[0];
+  const std::string name = stored(0).text(QosClassificationView::ruleName);
+  const std::string printed = printedBy([] { EXPECT_EQ(pm_qc_clear_all(), 0); });
+  EXPECT_THAT(printed, HasSubstr("viewname is " + path + " before \nviewname is " + path +
+                                 "   qcviername is " + name + " \n"));
+  EXPECT_THAT(store().paths(layoutOf<QosClassificationView>()), IsEmpty());
+}
+
+TEST_F(QosTest, FailuresOfTheListing) {
+  EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), -1) << "no rules";
+  EXPECT_EQ(pm_qc_clear_all(), 0);
+  fail("vcorDbLstView", "", -6);
+  EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), -6);
+  EXPECT_EQ(pm_qc_clear_all(), -6);
+  EXPECT_THAT(logs(),
+              HasLogLine({4, "pm_qc_clear_all",
+                          "vcorDbQryView DBVIEW_QOS_CLASSIFICATION failure! iRet = -6.\n", -6}));
+  EXPECT_EQ(pm_ubus_nexumd_qos_set(nullptr), -1);
+  EXPECT_EQ(pm_ubus_nexumd_qos_get(nullptr), -1);
+  EXPECT_THAT(logs(), HasLog(4, "pm_ubus_nexumd_qos_set argument is NULL"));
+  EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0) << "a count of 0";
+  EXPECT_THAT(logs(), HasLog(5, " pm_ubus_nexumd_qos_set success"));
+}
+
+TEST_F(QosTest, SweepOfFaults) {
+  beforeEachRun([this] {
+    store().create<QosClassificationView>("IGD.Q1");
+    clearRecord();
+    ask(0, "one");
+    ask(1, "two");
+  });
+  sweepFaults([this] { return pm_ubus_nexumd_qos_set(record()); },
+              [](const testing::SweepRun &run) { EXPECT_EQ(run.status, 0); });
+  sweepFaults([this] { return pm_ubus_nexumd_qos_get(record()); });
+  sweepFaults([] { return pm_qc_clear_all(); });
+}
+
+}  // namespace
+}  // namespace gateway
