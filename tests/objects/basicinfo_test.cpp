@@ -100,7 +100,7 @@ TEST_F(BasicInfoTest, TextGettersCopyWithoutTerminatorAndLogTheValue) {
                 HasLogLine({5, getter.name, getter.label + std::string(getter.value) + "\n"}));
 
     const size_t length = std::strlen(getter.value);
-    std::memset(text, '#', sizeof text);
+    std::memset(text, '#', sizeof text - 1);
     getter.get(text);
     EXPECT_EQ(text[length], '#');
     EXPECT_EQ(getter.get(nullptr), -1);
