@@ -371,8 +371,8 @@ const char *si_ubus_lmtUrl_list_get(const uint8_t mac[6]) {
 
 void describeLimit(const DevLmtCfg &limit, UbusDeviceLimit &record) {
   MacToStr(limit.mac, record.deviceMac, sizeof record.deviceMac);
-  snprintf(record.TxRate, sizeof record.TxRate, "%d", limit.txRate);
-  snprintf(record.RxRate, sizeof record.RxRate, "%d", limit.rxRate);
+  printDecimal(record.TxRate, limit.txRate);
+  printDecimal(record.RxRate, limit.rxRate);
   copyText(record.LimitUrl, si_ubus_lmtUrl_list_get(limit.mac));
   record.LmtMode = limit.lmtMode;
   StrToInt(limit.limitWeek, &record.LimitWeek);

@@ -331,8 +331,8 @@ int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
   RecordBuffer<platform::RadioInfoRecord> radio;
   reply.copyPayload(radio.bytes, radio.kSize);
   copyText(record->radio, radioType == 1 ? "5G" : "2.4G");
-  snprintf(record->rssi, sizeof record->rssi, "%d", host.rssi);
-  snprintf(record->radioValue, sizeof record->radioValue, "%d", radio.get(radio.radioValue));
+  printDecimal(record->rssi, host.rssi);
+  printDecimal(record->radioValue, radio.get(radio.radioValue));
   return kOk;
 }
 

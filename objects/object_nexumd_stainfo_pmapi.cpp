@@ -106,11 +106,9 @@ void fillAssociation(const LogOrigin &origin,
                      StaConfigResult *result) {
   const int32_t rssi = association.getSigned(association.rssi);
   PM_LOG_FOR(origin, kError, 0, "staconfig -> rssi=%d\n", rssi);
-  snprintf(result->rssi, sizeof result->rssi, "%d", rssi);
-  snprintf(result->linkRate, sizeof result->linkRate, "%d",
-           association.get(association.linkRate) / kRateUnit);
-  snprintf(result->linkRate2, sizeof result->linkRate2, "%d",
-           association.get(association.linkRate2) / kRateUnit);
+  printDecimal(result->rssi, rssi);
+  printDecimal(result->linkRate, association.get(association.linkRate) / kRateUnit);
+  printDecimal(result->linkRate2, association.get(association.linkRate2) / kRateUnit);
 }
 
 /// Fills what the configuration of the station's SSID says.
@@ -124,7 +122,7 @@ int32_t fillRadio(const char *ssidInstance, StaConfigResult *result) {
   if (band == 0) copyText(result->band, "2.4G");
   if (band == 1) copyText(result->band, "5G");
   copyExact(result->wlanName, config.text(config.ssid), sizeof result->wlanName - 1);
-  snprintf(result->radioValue, sizeof result->radioValue, "%d", config.get(config.channel));
+  printDecimal(result->radioValue, config.get(config.channel));
   return kOk;
 }
 

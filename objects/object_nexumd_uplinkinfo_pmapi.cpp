@@ -256,7 +256,7 @@ void fillAccess(ViewBuffer<NetworkingDeviceView> &networking, UplinkInfoRecord *
   if (networking.get(networking.accessMode) == kPppoe) ubus_getPPPOEUserPwd(user, password);
   copyText(record->pppoeUserName, user);
   copyText(record->pppoePassword, password);
-  snprintf(record->runningTime, sizeof record->runningTime, "%d", GetUpTime());
+  printDecimal(record->runningTime, GetUpTime());
 }
 
 using LinkBuffer = RecordBuffer<platform::LinkStatusRecord>;
@@ -277,11 +277,6 @@ void readWlanLink(const LogOrigin &origin, uint32_t band, LinkBuffer &link) {
   reply.copyPayload(link.bytes, link.kSize);
 }
 
-template <uint32_t Size>
-void printWord(char (&field)[Size], uint32_t value) {
-  snprintf(field, Size, "%d", value);
-}
-
 void fillWlanLink(const LogOrigin &origin, UplinkInfoRecord *record) {
   LinkBuffer link;
   uint32_t band = 0;
@@ -296,12 +291,12 @@ void fillWlanLink(const LogOrigin &origin, UplinkInfoRecord *record) {
   PM_LOG_FOR(origin, kInfo, 0, "wlan status %d\n ", link.get(link.linkDown));
   copyText(record->radioBand, isDown ? "" : band == 0 ? "2.4G" : "5G");
   copyText(record->linkName, link.text(link.ssid));
-  printWord(record->wlanStatus1, link.get(link.wlanStatus1));
-  printWord(record->wlanStatus2, link.get(link.wlanStatus2));
-  printWord(record->wlanStatus3, link.get(link.wlanStatus3));
-  printWord(record->wlanStatus4, link.get(link.wlanStatus4));
-  printWord(record->linkRate, link.get(link.linkRate));
-  printWord(record->linkRate2, link.get(link.linkRate2));
+  printDecimal(record->wlanStatus1, link.get(link.wlanStatus1));
+  printDecimal(record->wlanStatus2, link.get(link.wlanStatus2));
+  printDecimal(record->wlanStatus3, link.get(link.wlanStatus3));
+  printDecimal(record->wlanStatus4, link.get(link.wlanStatus4));
+  printDecimal(record->linkRate, link.get(link.linkRate));
+  printDecimal(record->linkRate2, link.get(link.linkRate2));
 }
 
 int32_t readPortSpeed(const LogOrigin &origin) {
@@ -489,11 +484,6 @@ void clearIpv6(UplinkInfoRecord *record) {
   record->defaultIPv6Gateway[0] = '\0';
 }
 
-template <uint32_t Size>
-void printStatistic(char (&field)[Size], int32_t value) {
-  snprintf(field, Size, "%d", value);
-}
-
 bool fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_t mode,
                    const char *type, UplinkRateBlock &block) {
   copyText(block.statType, type);
@@ -508,10 +498,10 @@ bool fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_
   PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics succeed \n");
   PM_LOG_FOR(origin, kInfo, 0, "AverRxRate is %d  : %d :%d :%d\n", statistics.rx_aver,
              statistics.tx_aver, statistics.rx_max, statistics.tx_max);
-  printStatistic(block.AverRxRate, statistics.rx_aver);
-  printStatistic(block.AverTxRate, statistics.tx_aver);
-  printStatistic(block.MaxRxRate, statistics.rx_max);
-  printStatistic(block.MaxTxRate, statistics.tx_max);
+  printDecimal(block.AverRxRate, statistics.rx_aver);
+  printDecimal(block.AverTxRate, statistics.tx_aver);
+  printDecimal(block.MaxRxRate, statistics.rx_max);
+  printDecimal(block.MaxTxRate, statistics.tx_max);
   return true;
 }
 

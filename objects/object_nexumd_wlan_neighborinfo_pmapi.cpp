@@ -1,7 +1,5 @@
 #include <unistd.h>
 
-#include <cstdio>
-
 #include "frame/log.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_scan.hpp"
@@ -21,7 +19,7 @@ void fillEntry(const HeardAccessPoint &heard, const char *radio, NeighborApEntry
   SafeStrncpy(entry.radio, radio, sizeof entry.radio);
   SafeStrncpy(entry.ssid, heard.ssid, sizeof entry.ssid);
   MACToStr(heard.bssid, entry.bssid, sizeof entry.bssid);
-  snprintf(entry.apValueText, sizeof entry.apValueText, "%d", heard.channel);
+  printDecimal(entry.apValueText, heard.channel);
   entry.apValue52 = heard.rssi;
   entry.apValue104 = heard.encryption;
   entry.apValue100 = heard.securityMode;
