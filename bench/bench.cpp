@@ -15,6 +15,7 @@
 #include "bench/counter/instruction_count.hpp"
 #include "bench/platform/process.hpp"
 #include "bench/platform/recorder.hpp"
+#include "platform/logger.h"
 
 namespace bench {
 namespace {
@@ -42,6 +43,7 @@ struct Figure {
 struct Figures {
   Figure handler;
   Figure floor;
+  bool failed;
 };
 
 /// Instructions of `work`: the median of some runs, and by how much they differ. Before counting it
@@ -60,17 +62,25 @@ Figure instructionsOf(Before before, Work work) {
   return {counts[kRepetitions / 2], counts.back() - counts.front()};
 }
 
-Figure floorOf(const Case &which, uint32_t items) {
+std::vector<Call> recordCalls(const Case &which, uint32_t items) {
+  if (which.before != nullptr) which.before(items);
+  recorder.start();
+  which.handler(items);
+  return recorder.stop();
+}
+
+bool isErrorLine(const Call &call) {
+  const auto level = static_cast<int32_t>(call.arguments[3]);
+  return call.function == reinterpret_cast<void *>(ProcUserLog) && level <= LOG_LEVEL_ERROR;
+}
+
+Figure floorOf(const Case &which, uint32_t items, const std::vector<Call> &calls) {
   const auto before = [&] {
     if (which.before != nullptr) which.before(items);
   };
   if (which.floor != nullptr) {
     return instructionsOf(before, [&] { which.floor(items); });
   }
-  before();
-  recorder.start();
-  which.handler(items);
-  const std::vector<Call> calls = recorder.stop();
   const BlockState blocks = saveBlocks();
   Figure floor = instructionsOf([&] { restoreBlocks(blocks); }, [&] { replay(calls); });
   restoreBlocks(blocks);
@@ -88,7 +98,9 @@ Figures measure(const Case &which, uint32_t items) {
     if (which.before != nullptr) which.before(items);
   };
   const Figure handler = instructionsOf(before, [&] { which.handler(items); });
-  return {handler, floorOf(which, items)};
+  const std::vector<Call> calls = recordCalls(which, items);
+  const bool failed = !which.logsErrors && std::any_of(calls.begin(), calls.end(), isErrorLine);
+  return {handler, floorOf(which, items, calls), failed};
 }
 
 class Table {
@@ -112,8 +124,9 @@ class Table {
     printCell(6, 2, limitPercent == 0 ? std::nullopt : std::optional(limitPercent / 100.0));
     printCell(10, 1, perItem);
     printCell(7, 0, spread == 0 ? std::nullopt : std::optional<double>(spread));
-    fprintf(out_, "%s%s\n", within ? "" : "  ABOVE ITS LIMIT", steady ? "" : "  UNSTEADY");
-    return within && steady;
+    fprintf(out_, "%s%s%s\n", within ? "" : "  ABOVE ITS LIMIT", steady ? "" : "  UNSTEADY",
+            figures.failed ? "  LOGS AN ERROR" : "");
+    return within && steady && !figures.failed;
   }
 
  private:

@@ -33,6 +33,9 @@ struct Case {
   void (*besides)(uint32_t items) = nullptr;
   /// Measures once per number, and what one more item costs.
   std::vector<uint32_t> items = {};
+  /// The handler writes lines of the error level though nothing fails. In any other case they say
+  /// that the platform's answers lead it astray, and the bench fails.
+  bool logsErrors = false;
   /// The handler may cost this many percent of its floor; 0: any.
   uint32_t limitPercent = 0;
 };

@@ -103,7 +103,8 @@ const bench::Cases cases{
      .platform = gateway,
      .before = [](uint32_t) { memset(&record, 0, sizeof record); },
      .handler = [](uint32_t) { pm_ubus_get_basicinfo(&record); },
-     .besides = emptyMesh},
+     .besides = emptyMesh,
+     .logsErrors = true},
 };
 
 }  // namespace

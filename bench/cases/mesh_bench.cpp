@@ -92,11 +92,13 @@ const bench::Cases cases{
      .platform = meshOf,
      .handler = [](uint32_t) { pm_ubus_get_meshtopology(&topology); },
      .besides = parseAndDelete,
-     .items = {1, 2, 4}},
+     .items = {1, 2, 4},
+     .logsErrors = true},
     {.name = "mesh: information, 3 devices",
      .platform = meshOfThree,
      .handler = [](uint32_t) { pm_ubus_get_meshinfo(&info); },
-     .besides = allocateAndParse},
+     .besides = allocateAndParse,
+     .logsErrors = true},
 };
 
 }  // namespace

@@ -62,7 +62,7 @@ void tenMany(std::index_sequence<I...>) {
 
 void Recorder::start() {
   calls_.clear();
-  filled_.clear();
+  used_.clear();
   kept.clear();
   on_ = true;
 }
@@ -81,8 +81,8 @@ void Recorder::note(void *function, Clears clears, std::initializer_list<uint32_
   calls_.push_back(std::move(call));
 }
 
-bool Recorder::wasFilled(const void *record, uint32_t size) const {
-  return std::find(filled_.begin(), filled_.end(), std::pair(record, size)) != filled_.end();
+bool Recorder::wasUsed(const void *record, uint32_t size) const {
+  return std::find(used_.begin(), used_.end(), std::pair(record, size)) != used_.end();
 }
 
 char *Recorder::keepText(const char *text) {

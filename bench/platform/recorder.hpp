@@ -30,8 +30,8 @@ class Recorder {
   const std::vector<Call> &stop();
   bool isOn() const { return on_; }
   void note(void *function, Clears clears, std::initializer_list<uint32_t> arguments);
-  void noteFilled(const void *record, uint32_t size) { filled_.emplace_back(record, size); }
-  bool wasFilled(const void *record, uint32_t size) const;
+  void noteUsed(const void *record, uint32_t size) { used_.emplace_back(record, size); }
+  bool wasUsed(const void *record, uint32_t size) const;
 
   /// Places for what the pointers of a recorded call will point to when it is made again.
   char *keepText(const char *text);
@@ -41,7 +41,7 @@ class Recorder {
  private:
   bool on_ = false;
   std::vector<Call> calls_;
-  std::vector<std::pair<const void *, uint32_t>> filled_;
+  std::vector<std::pair<const void *, uint32_t>> used_;
 };
 
 extern Recorder recorder;
@@ -98,15 +98,15 @@ template <auto Function, class... Args>
 void noteFill(void *record, uint32_t size, Args... arguments) {
   note<Function>({size}, arguments...);
   if (recorder.isOn()) [[unlikely]]
-    recorder.noteFilled(record, size);
+    recorder.noteUsed(record, size);
 }
 
-/// A call that is handed `record`. Its caller has zeroed it, unless it hands back what an earlier
-/// call filled.
+/// A call that is handed `record`. Its caller has zeroed it, unless an earlier call had it too.
 template <auto Function, class... Args>
 void noteTake(const void *record, uint32_t size, Args... arguments) {
   if (recorder.isOn()) [[unlikely]] {
-    note<Function>({recorder.wasFilled(record, size) ? 0 : size}, arguments...);
+    note<Function>({recorder.wasUsed(record, size) ? 0 : size}, arguments...);
+    recorder.noteUsed(record, size);
   }
 }
 
