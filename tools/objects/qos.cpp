@@ -1,0 +1,27 @@
+#include "pmapi/qos.h"
+
+#include "tools/catalogue/catalogue.hpp"
+
+namespace command {
+
+PM_RECORD(UbusQosRule, PM_FIELD(param1), PM_FIELD(param2), PM_FIELD(param3), PM_FIELD(param4),
+          PM_FIELD(param5), PM_FIELD(ip1), PM_FIELD(port1), PM_FIELD(ip2), PM_FIELD(port2),
+          PM_FIELD(label), PM_FIELD(mac1), PM_FIELD(mac2));
+PM_RECORD(UbusQos, PM_FIELD(qosCommon), PM_COUNTED(rules, count).capacity(30));
+
+namespace {
+
+const Entry kEntry{{
+    .name = "qos",
+    .source = "object_nexumd_qos_pmapi.c",
+    .summary = "Traffic classification rules",
+    .methods =
+        {
+            method("set", PM_FUNCTION(pm_ubus_nexumd_qos_set), "Adds rules.", RecordIn{}),
+            method("get", PM_FUNCTION(pm_ubus_nexumd_qos_get), "The rules.", RecordOut{}),
+            method("clear_all", PM_FUNCTION(pm_qc_clear_all), "Removes all rules."),
+        },
+}};
+
+}  // namespace
+}  // namespace command
