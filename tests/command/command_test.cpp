@@ -119,6 +119,34 @@ TEST_F(Command, LogLevelFiltersTheTrailAndPrintedLinesJoinIt) {
   EXPECT_NE(outcome.errors.find("5 object_nexumd_config_pmapi.c:"), std::string::npos);
 }
 
+TEST_F(Command, ListShowsMethodsWithTheirArgumentsAndAnswers) {
+  EXPECT_NE(run("list").output.find("\nconfig  "), std::string::npos);
+  const std::string listing = run("list -v config").output;
+  EXPECT_TRUE(listing.starts_with(R"(config  (object_nexumd_config_pmapi.c)
+  add  (pm_ubus_config_additem)
+      Adds or replaces an item.
+      in   item: text[32]
+           value: text[4096]
+           path: text[255], optional
+           temporaryPath: text[255], optional
+      out  status: int32
+)")) << listing;
+  const std::string json = run("list --json meshinfo").output;
+  EXPECT_NE(json.find(R"("function": "pm_ubus_get_meshinfo")"), std::string::npos);
+  EXPECT_NE(json.find(R"("secret": true)"), std::string::npos);
+}
+
+TEST_F(Command, TableShowsRowsForTheEye) {
+  const std::string topology =
+      R"({"topology information":[{"AL MAC":"a1","Device role":"Controller"},)"
+      R"({"AL MAC":"a2","Device role":"Agent"}]})";
+  write("profile.json", R"({"mesh":{"state":"up","topology":)" + topology + "}}");
+  const std::string table = runOnProfile("--table call meshtopology get").output;
+  EXPECT_NE(table.find("deviceNum  meshRole    alMac"), std::string::npos) << table;
+  EXPECT_NE(table.find("2          Controller  a1"), std::string::npos) << table;
+  EXPECT_NE(table.find("2          Agent       a2"), std::string::npos) << table;
+}
+
 TEST_F(Command, StateIsReadBackInsteadOfTheProfile) {
   const std::string state = "--state '" + path("state.json") + "' ";
   EXPECT_EQ(runOnProfile(state + "call config add '{\"item\":\"reportInterval\",\"value\":\"30\"}'")
