@@ -1,4 +1,4 @@
-.PHONY: run test check format coverage fuzz bench budgets setup clean
+.PHONY: run test check format coverage fuzz bench budgets abi abi-renew setup clean
 
 run: setup
 	@scripts/build.sh host
@@ -24,6 +24,14 @@ bench: setup
 
 budgets: setup
 	@scripts/budgets.sh
+
+abi: setup
+	@scripts/build.sh arm
+	@scripts/abi.sh check build/arm/lib/libpmapi.so
+
+abi-renew: setup
+	@scripts/build.sh arm
+	@scripts/abi.sh renew build/arm/lib/libpmapi.so
 
 setup:
 	@scripts/setup.sh
