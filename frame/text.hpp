@@ -24,6 +24,11 @@ inline constexpr uint32_t kDecimalSize = 12;
 /// Prints a number as "%d" would, at a fraction of the price.
 void printDecimal(char *text, int32_t value);
 
+/// A word of a record, whose numbers are signed.
+inline void printDecimal(char *text, uint32_t word) {
+  printDecimal(text, static_cast<int32_t>(word));
+}
+
 /// Whether `name` begins with `prefix`.
 inline bool startsWith(const char *name, const char *prefix) {
   return strncmp(name, prefix, strlen(prefix)) == 0;

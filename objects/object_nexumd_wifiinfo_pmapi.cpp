@@ -69,7 +69,7 @@ int32_t getFlag(const LogOrigin &origin, int32_t radioIndex, uint32_t offset, ui
 
 void writeDecimal(uint32_t value, char *out) {
   char text[kDecimalSize];
-  printDecimal(text, static_cast<int32_t>(value));
+  printDecimal(text, value);
   copyExact(out, text, kDecimalSize);
 }
 
