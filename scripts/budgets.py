@@ -109,7 +109,7 @@ def check_stack(objects):
     problems += [f"{frame.function} takes stack without a bound" for frame in frames if frame.kind == "dynamic"]
     if LARGEST_FRAME not in frames[0].function:
         problems.append(f"{frames[0].function} takes the most stack, not {LARGEST_FRAME}")
-    rows = [Row(f"stack, {place}", frame.size, STACK_LIMIT, frame.function)
+    rows = [Row(f"stack, {place}", frame.size, STACK_LIMIT, re.sub(r"\(.*", "", frame.function).split()[-1])
             for place, frame in zip(("largest", "second", "third"), frames)]
     return rows, problems
 
