@@ -1,4 +1,4 @@
-.PHONY: run test check format coverage fuzz bench budgets abi abi-renew setup clean
+.PHONY: run test check format coverage fuzz bench budgets abi abi-renew documents setup clean
 
 run: setup
 	@scripts/build.sh host
@@ -32,6 +32,12 @@ abi: setup
 abi-renew: setup
 	@scripts/build.sh arm
 	@scripts/abi.sh renew build/arm/lib/libpmapi.so
+
+# Renews what the documents show of the command, and the reference.
+documents: setup
+	@scripts/build.sh host
+	@scripts/documents.py
+	@scripts/reference.py
 
 setup:
 	@scripts/setup.sh

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Style and static checks: formatting, who may include what, and clang-tidy.
+# Style and static checks: formatting, who may include what, clang-tidy, and the documents.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 failed=0
@@ -29,5 +29,10 @@ forbid 'frame objects gateway include tools' '#include "[^"]*\.c(pp)?"' 'a sourc
 # Configured anew each time: clang-tidy must see the sources that there are now.
 cmake --preset sanitize >build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 scripts/tidy.py || failed=1
+
+# What the documents say that a command prints is what it prints.
+scripts/build.sh host >build/host_build.log 2>&1 || { tail build/host_build.log; exit 1; }
+scripts/documents.py --check || failed=1
+scripts/reference.py --check || failed=1
 
 exit $failed
