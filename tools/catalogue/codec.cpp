@@ -202,10 +202,10 @@ std::string textFromJson(const Json &value, const std::string &where, size_t lon
 void recordFromJson(const Json &value, const std::string &where, const Shape &shape, void *record,
                     Secrets &secrets) {
   if (!value.is_object()) refuseType(value, where, "an object");
-  for (const auto &[name, element] : value.items()) {
-    const auto known = std::find_if(shape.fields.begin(), shape.fields.end(),
-                                    [&](const Field &field) { return field.name == name; });
-    if (known == shape.fields.end()) {
+  for (const auto &entry : value.items()) {
+    const std::string &name = entry.key();
+    if (std::none_of(shape.fields.begin(), shape.fields.end(),
+                     [&](const Field &field) { return field.name == name; })) {
       throw UsageError(member(where, name), std::string("no such member in ") + shape.name);
     }
   }
