@@ -5,10 +5,6 @@ install(DIRECTORY include/pmapi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONEN
 # For those who port the library: the functions and records that their platform supplies.
 install(DIRECTORY include/platform DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 
-if(NOT TARGET pmapi)
-  return()
-endif()
-
 install(TARGETS pmapi LIBRARY COMPONENT runtime)
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/pmapi)
 configure_package_config_file(cmake/pmapiConfig.cmake.in pmapiConfig.cmake
@@ -27,8 +23,11 @@ if(TARGET pmapi_command)
   install(TARGETS pmapi_command RUNTIME COMPONENT command)
   install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/pmapi/examples COMPONENT command
     FILES_MATCHING PATTERN "*.json" PATTERN "*.jsonl")
-  # Beside the command only: on a gateway this name belongs to the platform's own client library.
-  install(TARGETS mapd_interface_client LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/pmapi COMPONENT command)
+  if(NOT PMAPI_MULTIAP_CLIENT)
+    # Beside the command only: on a gateway this name belongs to the platform's own client library.
+    install(TARGETS mapd_interface_client
+      LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/pmapi COMPONENT command)
+  endif()
   set_target_properties(pmapi_command PROPERTIES
     INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN/../${CMAKE_INSTALL_LIBDIR}/pmapi")
 endif()

@@ -11,14 +11,8 @@ function(pmapi_add_program name)
   add_executable(${name} ${ARGN})
   target_compile_options(${name} PRIVATE ${PMAPI_PROGRAM_FLAGS})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE pmapi_headers)
+  target_link_libraries(${name} PRIVATE pmapi_headers gateway mapd_interface_client pmapi cjson)
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
-  foreach(part gateway mapd_interface_client pmapi)
-    if(TARGET ${part})
-      target_link_libraries(${name} PRIVATE ${part})
-    endif()
-  endforeach()
-  target_link_libraries(${name} PRIVATE cjson)
   target_link_options(${name} PRIVATE
     # What only libpmapi.so uses, cJSON and the multi-AP client, is the process's to load.
     -Wl,--no-as-needed
@@ -39,7 +33,7 @@ function(pmapi_library_flags name)
     $<$<CXX_COMPILER_ID:GNU>:-fstack-usage>
     $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions;-fno-rtti;-fno-threadsafe-statics>)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:pmapi_headers>)
+  target_link_libraries(${name} PRIVATE pmapi_headers)
   set_target_properties(${name} PROPERTIES
     POSITION_INDEPENDENT_CODE ON
     C_VISIBILITY_PRESET hidden

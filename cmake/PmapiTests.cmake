@@ -18,9 +18,6 @@ endfunction()
 
 # One test per transcript, with the profile that it names or the home router.
 function(pmapi_add_transcripts)
-  if(NOT TARGET pmapi_command)
-    return()
-  endif()
   foreach(transcript IN LISTS ARGN)
     cmake_path(GET transcript STEM name)
     add_test(NAME transcript.${name}
