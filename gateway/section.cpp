@@ -44,6 +44,9 @@ void Members::number(std::string_view member, int64_t *out) {
   const Json *value = take(member);
   if (value == nullptr) return;
   if (!value->is_number_integer()) throw ProfileError(placeOf(member), "must be a whole number");
+  if (value->is_number_unsigned() && value->get<uint64_t>() > std::numeric_limits<int64_t>::max()) {
+    throw ProfileError(placeOf(member), "number out of range");
+  }
   *out = value->get<int64_t>();
 }
 
