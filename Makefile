@@ -33,11 +33,12 @@ abi-renew: setup
 	@scripts/build.sh arm
 	@scripts/abi.sh renew build/arm/lib/libpmapi.so
 
-# Renews what the documents show of the command, and the reference.
+# Renews what the documents show of the command, the reference and the schema of profiles.
 documents: setup
 	@scripts/build.sh host
 	@scripts/documents.py
 	@scripts/reference.py
+	@scripts/profile_schema.py
 
 setup:
 	@scripts/setup.sh

@@ -34,5 +34,6 @@ scripts/tidy.py || failed=1
 scripts/build.sh host >build/host_build.log 2>&1 || { tail build/host_build.log; exit 1; }
 scripts/documents.py --check || failed=1
 scripts/reference.py --check || failed=1
+scripts/profile_schema.py --check || failed=1
 
 exit $failed

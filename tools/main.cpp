@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "tools/command/layout_listing.hpp"
 #include "tools/command/listing.hpp"
 #include "tools/command/output.hpp"
 #include "tools/command/session.hpp"
@@ -22,11 +23,14 @@ struct Request {
   std::string file;
   bool verbose = false;
   bool json = false;
+  bool layouts = false;
   bool record = false;
 };
 
 int list(const Request &request) {
-  if (request.json) {
+  if (request.layouts) {
+    std::cout << layoutsAsJson().dump(2) << '\n';
+  } else if (request.json) {
     std::cout << listingAsJson(request.object).dump(2) << '\n';
   } else {
     std::cout << listing(request.object, request.verbose || !request.object.empty());
@@ -101,6 +105,7 @@ int parseAndRun(int argc, char **argv) {
   listCommand->add_option("OBJECT", request.object);
   listCommand->add_flag("-v,--verbose", request.verbose, "Methods, arguments and answers");
   listCommand->add_flag("--json", request.json, "The same for programs");
+  listCommand->add_flag("--layouts", request.layouts, "What a gateway profile may hold instead");
 
   CLI::App *callCommand = app.add_subcommand("call", "Calls a method once");
   callCommand->add_option("OBJECT", request.object)->required();
