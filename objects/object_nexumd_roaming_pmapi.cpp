@@ -362,6 +362,8 @@ Medium mediumOf(const LogOrigin &origin, const InstancePath &path) {
   DeviceBuffer device;
   ProxyReply<20480> reply;
   queryDevice(origin, path, reply, device);
+  // A torn record says nothing about its device.
+  if (reply.copyPayload(device.bytes, device.kSize) < device.kSize) return Medium::kNone;
   if (net_json_check_dev_valid(device.bytes) == 0) return Medium::kNone;
   const char *interfaceName = device.text(device.interfaceName);
   if (startsWith(interfaceName, "eth")) return Medium::kWired;
