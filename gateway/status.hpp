@@ -21,6 +21,7 @@ enum Status : int32_t {
   kNullArgument = -2009,
   kBadRequest = -2010,
   kReplyTooLong = -2011,
+  kWrongPassphrase = -2012,
 };
 
 }  // namespace gateway

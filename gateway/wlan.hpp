@@ -16,6 +16,11 @@ inline constexpr uint32_t kRadio5G = 1;
 /// The radio that carries an SSID such as "IGD.LD1.WLAN6", or what hangs under it.
 uint32_t radioOfSsid(std::string_view path);
 
+/// Where the records of a whole radio stand.
+constexpr const char *radioBase(uint32_t radio) {
+  return radio == kRadio24G ? "IGD.LD1.WLANBase1" : "IGD.LD1.WLANBase2";
+}
+
 class Radios : public Section {
  public:
   Radios() : Section("radios") {}

@@ -1,0 +1,62 @@
+// Other access points: those around the gateway, what each radio's last scan heard of them, and the
+// one that the gateway is a client of.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "gateway/addresses.hpp"
+#include "gateway/section.hpp"
+
+namespace gateway {
+
+struct AccessPoint {
+  std::string ssid;
+  MacAddress bssid = {};
+  uint32_t channel = 0;
+  int32_t rssi = 0;
+  uint32_t securityMode = 0;
+  uint32_t encryption = 0;
+  std::string passphrase;
+};
+
+/// What one radio can hear, and what it heard.
+struct Air {
+  std::vector<AccessPoint> accessPoints;
+  /// A platform that miscounts: what it says instead of the number it lists.
+  std::optional<int32_t> reportedCount;
+  std::vector<AccessPoint> heard;
+  /// Uptime at which the last scan has its result; none before the first scan.
+  std::optional<int64_t> scannedAt;
+};
+
+struct JoinedNetwork {
+  uint32_t radio = 0;
+  std::string ssid;
+  MacAddress bssid = {};
+};
+
+class Scans : public Section {
+ public:
+  /// Seconds until a scan has its result.
+  static constexpr int64_t kDuration = 4;
+
+  Scans() : Section("scans") {}
+
+  std::array<Air, 2> radios;
+  std::optional<JoinedNetwork> joined;
+
+  void load(const Json &value, const std::string &place) override;
+  Json save() const override;
+  void reset() override {
+    radios = {};
+    joined.reset();
+  }
+};
+
+Scans &scans();
+
+}  // namespace gateway
