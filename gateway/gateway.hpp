@@ -1,8 +1,8 @@
 // The virtual gateway: one object that holds everything that a real one would.
 //
 // How to add a family of platform calls:
-//  1. Make gateway/FAMILY.cpp; it is found by itself. Take the family's functions out of
-//     gateway/missing_*.cpp.
+//  1. Make gateway/FAMILY.cpp with the functions of the family's header in include/platform/; it
+//     is found by itself.
 //  2. Define each function with boundary::status or boundary::pointer: the call's name, a key that
 //     says what it is about, and what it does. Answer a Status; throw Refusal for what the platform
 //     would complain of.
