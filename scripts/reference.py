@@ -268,7 +268,7 @@ def failures(gateway, example, method):
         result = result_of(output, method)
         name = failing[1] if failing else f"call {number}"
         key = failing[2].split(" ")[0] if failing else ""
-        shown = f"{name}({key})" if key.startswith("DBVIEW_") else name
+        shown = f"{name}({key})" if key.startswith(("DBVIEW_", "/")) else name
         calls = rows.setdefault((result, tuple(added)), [])
         if shown not in calls:
             calls.append(shown)
