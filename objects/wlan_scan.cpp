@@ -21,7 +21,6 @@ int32_t startScan(const char *radioInstance) {
 }
 
 int32_t listAccessPoints(const char *ssidInstance, ApListBuffer &list) {
-  list.clear();
   list.put(list.selector, UINT32_MAX);
   const InstancePath instance(ssidInstance);
   return pm_wlan_list_ap(instance.text, &list);

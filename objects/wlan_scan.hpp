@@ -22,7 +22,7 @@ struct HeardAccessPoint {
 /// Starts a scan on a radio, "IGD.LD1.WLANBase1" or 2; the result takes its time.
 int32_t startScan(const char *radioInstance);
 
-/// Reads what the last scan of an SSID's radio has heard into a cleared list.
+/// Reads what the last scan of an SSID's radio has heard into a fresh list.
 int32_t listAccessPoints(const char *ssidInstance, ApListBuffer &list);
 
 /// Access points that really lie in the list, whatever the platform counted.
