@@ -419,9 +419,9 @@ const char *prefixOriginText(uint32_t prefixOrigin) {
 }
 
 template <uint32_t Size>
-void copyAddress(char (&field)[Size], const uint8_t *address) {
+void copyAddress(char (&field)[Size], const uint8_t *address, uint32_t room = kAddressTextSize) {
   char text[kAddressTextSize] = {};
-  IPv6ToStr(address, text, sizeof text);
+  IPv6ToStr(address, text, room);
   copyText(field, text);
 }
 
@@ -461,7 +461,7 @@ void fillIpv6(const LogOrigin &origin, const InstancePath &wan, UplinkInfoRecord
   record->v6PrefixMode = state.dssConfig.getSigned(state.dssConfig.prefixMode);
   copyText(record->v6PrefixOrigin, prefixOriginText(prefix.get(prefix.prefixOrigin)));
   PM_LOG_FOR(origin, kInfo, 0, "v6PrefixOrigin=%s\n", record->v6PrefixOrigin);
-  copyAddress(record->v6Prefix, prefix.get(prefix.prefix));
+  copyAddress(record->v6Prefix, prefix.get(prefix.prefix), kTextSize);
   PM_LOG_FOR(origin, kInfo, 0, "v6Prefix=%s\n", record->v6Prefix);
   itoa(dss.getSigned(dss.preferredLifetime), record->PreferLifetime, 10);
   PM_LOG_FOR(origin, kInfo, 0, "PreferLifetime=%s\n", record->PreferLifetime);
