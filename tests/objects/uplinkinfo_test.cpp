@@ -1,0 +1,439 @@
+#include <unistd.h>
+
+#include <cstring>
+#include <filesystem>
+
+#include "gateway/host.hpp"
+#include "gateway/ports.hpp"
+#include "gateway/uplink_traffic.hpp"
+#include "gateway/wan.hpp"
+#include "platform/all_records.hpp"
+#include "tests/objects/uplink_fixture.hpp"
+
+namespace gateway {
+namespace {
+
+using platform::DssConfigView;
+using platform::DssInfoView;
+using platform::LinkStatusRecord;
+using platform::NetworkingDeviceView;
+using platform::PrefixConfigView;
+using platform::RouteInterfaceView;
+using platform::WanConnectionView;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+constexpr const char *kWan = "IGD.WD1.WCD1.WCPPP1";
+constexpr const char *kArpHeader =
+    "IP address       HW type     Flags       HW address            Mask     Device\n";
+
+Ipv6Address address(const char *text) {
+  return parseIpv6(text).value();
+}
+
+class UplinkInfoTest : public testing::SampledGatewayTest {
+ protected:
+  UplinkInfoTest() { loadExample("home_router.json"); }
+
+  int32_t get() {
+    record = {};
+    return pm_ubus_get_uplinkinfo(&record);
+  }
+
+  std::string gatewayMac() {
+    char mac[32] = {};
+    status = ubus_getGatewayMac(mac);
+    return mac;
+  }
+
+  UplinkInfoRecord record = {};
+  int32_t status = 0;
+};
+
+TEST_F(UplinkInfoTest, FillsTheRecordOfAWiredUplink) {
+  if_uplink_statics(1);
+  if_uplink_statics(2);
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.uplinkType, "Ethernet");
+  EXPECT_STREQ(record.managerMac, "00E04C7731A3");
+  EXPECT_STREQ(record.GatewayMac, "00005E000101");
+  EXPECT_EQ(record.netIpMode, 1);
+  EXPECT_EQ(record.accessMode, 2);
+  EXPECT_STREQ(record.pppoeUserName, "07558823417@home");
+  EXPECT_STREQ(record.pppoePassword, "s8Lq2vXd");
+  EXPECT_STREQ(record.runningTime, "1036800");
+  EXPECT_STREQ(record.radioBand, "");
+  EXPECT_STREQ(record.wlanStatus3, "");
+  EXPECT_STREQ(record.linkRate, "1000");
+  EXPECT_STREQ(record.linkRate2, "1000");
+  EXPECT_STREQ(record.v6Status, "Connected");
+  EXPECT_STREQ(record.v6AddressOrigin, "DHCPv6");
+  EXPECT_STREQ(record.v6IPAddress, "2001:db8:4c:7731::1");
+  EXPECT_STREQ(record.dhsv6_servers, "2001:db8:53::1");
+  EXPECT_EQ(record.v6PrefixMode, 1);
+  EXPECT_STREQ(record.v6PrefixOrigin, "PrefixDelegation");
+  EXPECT_STREQ(record.v6Prefix, "2001:db8:4c:7732::");
+  EXPECT_STREQ(record.PreferLifetime, "3600");
+  EXPECT_STREQ(record.ValidLifetime, "7200");
+  EXPECT_STREQ(record.defaultIPv6Gateway, "fe80::200:5eff:fe00:101");
+  EXPECT_EQ(record.rateStatsValid, 1);
+  for (const UplinkRateBlock *block : {&record.ipv4Rates, &record.ipv6Rates}) {
+    EXPECT_STREQ(block->MaxRxRate, "9472000");
+    EXPECT_STREQ(block->AverTxRate, "9472000");
+  }
+  EXPECT_STREQ(record.ipv4Rates.statType, "IFA");
+  EXPECT_STREQ(record.ipv6Rates.statType, "IF6");
+}
+
+TEST_F(UplinkInfoTest, PortCountersComeInTheirOwnOrderAndGrow) {
+  for (uint32_t i = 0; i < 8; ++i) uplinkTraffic().ports[0].counters[i] = {1ull << (32 + i), i, 0};
+  gateway().clock().set(10, 0);
+  EXPECT_EQ(get(), 0);
+  // By the order of the offsets 280, 28, 316, 64, 460, 208, 496, 244 among all eight.
+  const uint32_t order[] = {4, 0, 5, 1, 6, 2, 7, 3};
+  for (uint32_t i = 0; i < 8; ++i) {
+    EXPECT_EQ(record.ethCounters[i], (1ull << (32 + order[i])) + 10 * order[i]) << i;
+  }
+}
+
+TEST_F(UplinkInfoTest, UplinkTypeFollowsTheMode) {
+  const struct {
+    uint32_t mode;
+    uint32_t mask;
+    const char *type;
+  } cases[] = {{1, 8, "Ethernet"}, {0x10001, 8, "Ethernet"}, {512, 8, "WLAN"}, {2, 8, "GPON"},
+               {2, 72, "GPON"},    {2, 64, "XGPON"},         {2, 1, ""}};
+  for (const auto &one : cases) {
+    wan().uplink.mode = one.mode;
+    host().upMode = one.mask;
+    EXPECT_EQ(get(), 0);
+    EXPECT_STREQ(record.uplinkType, one.type) << one.mode << " " << one.mask;
+  }
+  fail("GetUpMode", "", -4);
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.uplinkType, "");
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_get_uplinkinfo", "GetUpMode -4!", -4}));
+}
+
+TEST_F(UplinkInfoTest, PortSpeeds) {
+  const char *const speeds[] = {"10", "100", "1000", ""};
+  wan().uplink.port = 0xABC0004;
+  for (uint32_t code = 0; code < 4; ++code) {
+    ports().byNumber(4)->rateCode = code;
+    EXPECT_EQ(get(), 0);
+    EXPECT_STREQ(record.linkRate, speeds[code]);
+    EXPECT_STREQ(record.linkRate2, speeds[code]);
+  }
+  EXPECT_THAT(trace("pm_switch_get_inst_id_by_port").back(), HasSubstr("(4)"));
+  const uint16_t lengths[] = {4, 7, 2048};
+  for (const uint16_t length : lengths) {
+    fail({.call = "ctSgw_ssend_to_proxy",
+          .match = "PORTLINKSTAT",
+          .times = 1,
+          .replyStatus = 0,
+          .replyLength = length});
+    forgetCalls();
+    EXPECT_EQ(get(), 0);
+    EXPECT_THAT(logs(), HasLog(5, length == 2048 ? "speedResult:0\n" : "speedResult:-1\n"));
+  }
+  fail({.call = "ctSgw_ssend_to_proxy", .match = "PORTLINKSTAT", .replyStatus = 3});
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.linkRate, "");
+  EXPECT_THAT(logs(),
+              HasLogLine({4, "pm_ubus_get_uplinkinfo",
+                          "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_PORTLINKSTAT_TYPE error!\n", 3}));
+}
+
+class WifiUplinkTest : public UplinkInfoTest {
+ protected:
+  WifiUplinkTest() { loadExample("wifi_repeater.json"); }
+
+  Row link(const char *band) { return store().row<LinkStatusRecord>(band); }
+};
+
+TEST_F(WifiUplinkTest, LinkIsSoughtInBothBands) {
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.uplinkType, "WLAN");
+  EXPECT_STREQ(record.radioBand, "5G");
+  EXPECT_STREQ(record.linkName, "Northfield-7731");
+  EXPECT_STREQ(record.wlanStatus1, "-57");
+  EXPECT_STREQ(record.wlanStatus2, "-95");
+  EXPECT_STREQ(record.wlanStatus3, "44");
+  EXPECT_STREQ(record.wlanStatus4, "38");
+  EXPECT_STREQ(record.linkRate, "866");
+  EXPECT_STREQ(record.linkRate2, "780");
+  EXPECT_STREQ(record.v6Status, "");
+  EXPECT_EQ(record.ethCounters[0], 0u);
+  EXPECT_THAT(trace("pm_eth_get_port_basic_statstics"), IsEmpty());
+
+  link("5G").setWord(LinkStatusRecord::linkDown, 1);
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.radioBand, "") << "no link in either band";
+  EXPECT_STREQ(record.linkRate, "866") << "the second answer is shown all the same";
+
+  link("2.4G").setWord(LinkStatusRecord::linkDown, 0);
+  link("2.4G").setBytes(LinkStatusRecord::ssid, std::vector<uint8_t>(36, 'n'));
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.radioBand, "2.4G");
+  EXPECT_EQ(record.linkName, std::string(31, 'n'));
+}
+
+TEST_F(WifiUplinkTest, LinkThatCannotBeAskedForIsDown) {
+  link("2.4G").setWord(LinkStatusRecord::linkDown, 0);
+  fail({.call = "ctSgw_ssend_to_proxy", .match = "LINKSTAT", .times = 1, .replyStatus = 6});
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.radioBand, "5G");
+  EXPECT_THAT(logs(),
+              HasLogLine({4, "pm_ubus_get_uplinkinfo",
+                          "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE error!\n", 6}));
+  fail("ctSgw_ssend_to_proxy", "LINKSTAT");
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.radioBand, "");
+  EXPECT_THAT(logs(), HasLog(5, "wlan status 1\n "));
+}
+
+TEST_F(UplinkInfoTest, WithoutIpv6ItsFieldsAreEmptied) {
+  store().row<NetworkingDeviceView>("IGD").setWord(NetworkingDeviceView::netIpMode, 2);
+  std::memset(&record, 'x', sizeof record);
+  EXPECT_EQ(pm_ubus_get_uplinkinfo(&record), 0);
+  EXPECT_EQ(record.netIpMode, 2);
+  EXPECT_EQ(record.v6PrefixMode, 0);
+  for (const char *text :
+       {record.v6Status, record.v6AddressOrigin, record.v6IPAddress, record.dhsv6_servers,
+        record.v6PrefixOrigin, record.v6Prefix, record.PreferLifetime, record.ValidLifetime,
+        record.defaultIPv6Gateway}) {
+    EXPECT_STREQ(text, "");
+  }
+  EXPECT_THAT(trace("IPv6ToStr"), IsEmpty());
+}
+
+TEST_F(UplinkInfoTest, Ipv6Codes) {
+  const char *const origins[] = {"", "AutoConfigured", "Static", "DHCPv6", ""};
+  const char *const prefixes[] = {"", "Static", "PrefixDelegation", "Static", ""};
+  const Row route = store().row<RouteInterfaceView>("IGD.RouteIf1");
+  for (uint32_t code = 0; code < 5; ++code) {
+    store().row<DssInfoView>("IGD.Dss1").setWord(DssInfoView::addressOrigin, code);
+    store().row<PrefixConfigView>("IGD.Prefix1").setWord(PrefixConfigView::prefixOrigin, code);
+    route.setWord(RouteInterfaceView::connectionState, code);
+    EXPECT_EQ(get(), 0);
+    EXPECT_STREQ(record.v6AddressOrigin, origins[code]);
+    EXPECT_STREQ(record.v6PrefixOrigin, prefixes[code]);
+    EXPECT_STREQ(record.v6Status, code == 2 ? "Connected" : "Unconnected ");
+  }
+}
+
+TEST_F(UplinkInfoTest, NameServersAreThoseThatAreReachable) {
+  const struct {
+    const char *servers[3];
+    const char *text;
+  } cases[] = {{{"::", "2001:db8::2", "::"}, "2001:db8::2"},
+               {{"2001:db8::1", "::", "2001:db8::3"}, "2001:db8::1,2001:db8::3"},
+               {{"::", "fe80::1", "::"}, ""},
+               {{"2001:db8:aaaa:bbbb:cccc:dddd:eeee:ffff", "2001:db8::2", "::"},
+                "2001:db8:aaaa:bbbb:cccc:dddd:ee"}};
+  const Row dss = store().row<DssInfoView>("IGD.Dss1");
+  const platform::Field fields[] = {DssInfoView::dnsServer1, DssInfoView::dnsServer2,
+                                    DssInfoView::dnsServer3};
+  for (const auto &one : cases) {
+    for (uint32_t i = 0; i < 3; ++i) {
+      const Ipv6Address server = address(one.servers[i]);
+      dss.setBytes(fields[i], {server.begin(), server.end()});
+    }
+    EXPECT_EQ(get(), 0);
+    EXPECT_STREQ(record.dhsv6_servers, one.text);
+  }
+  EXPECT_THAT(logs(), HasLog(5,
+                             "dhsv6_servers=2001:db8:aaaa:bbbb:cccc:dddd:eeee:ffff,"
+                             "2001:db8::2\n"));
+}
+
+TEST_F(UplinkInfoTest, Ipv6ViewsThatCannotBeReadCountAsEmpty) {
+  store().create<RouteInterfaceView>("IGD.RouteIf2").setText(RouteInterfaceView::wanInstance, kWan);
+  fail("vcorDbQryView", "DBVIEW_DSS_INFO");
+  fail("vcorDbGetView", "DBVIEW_DSS_CFG", -7);
+  fail("vcorDbGetView", "DBVIEW_PREFIX_CFG", -7);
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.v6Status, "Unconnected ");
+  EXPECT_STREQ(record.v6IPAddress, "::");
+  EXPECT_STREQ(record.dhsv6_servers, "");
+  EXPECT_EQ(record.v6PrefixMode, 0);
+  EXPECT_STREQ(record.v6Prefix, "::");
+  EXPECT_STREQ(record.PreferLifetime, "0");
+  EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_route_if_into",
+                                  "No Run Info [IGD.WD1.WCD1.WCPPP1] "
+                                  "[2]"}));
+  for (const char *line :
+       {"the result of ubus_get_route_if_into = -2\n", "the result of ubus_get_dssinto = -1\n",
+        "the result of tDssCfg = -7\n", "the result of tPrefixcfg = -7\n"}) {
+    EXPECT_THAT(logs(), HasLog(5, line));
+  }
+}
+
+TEST_F(UplinkInfoTest, FailuresLeaveTheirFieldsEmpty) {
+  fail("vcorDbQryView", "DBVIEW_WAN_CONN_DEV", -5);
+  fail("vcorDbGetView", "DBVIEW_WAN_PPP_CONN", -6);
+  fail("pm_send_msg_2mm", "bandInfo_mgr");
+  files().remove("/proc/net/arp");
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.managerMac, "000000000000");
+  EXPECT_STREQ(record.GatewayMac, "");
+  EXPECT_STREQ(record.pppoeUserName, "");
+  EXPECT_STREQ(record.RxRate_rt, "0.000");
+  EXPECT_STREQ(record.ipv4Rates.statType, "IFA") << "no samples yet";
+  EXPECT_STREQ(record.ipv4Rates.MaxRxRate, "");
+  const testing::LogExpectation lines[] = {
+      {4, "pm_ubus_get_uplinkinfo", "ubus_get_manger_mac fail = -1 \n", -1},
+      {4, "ubus_getPPPOEUserPwd", "[ubus_getPPPOEUserPwd] dbgetview fail(-6)\r\n", -6},
+      {4, "ubus_get_rate_rt", "net_json_get_wan_rate_rt CmSendMsg2MM fail,iRet = -1\n", -1},
+      {7, "ubus_getGatewayMac", "/proc/net/arp can not open!"},
+      {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics ifa failed [name uplink] \n"},
+      {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics if6 failed [name uplink]\n"}};
+  for (const testing::LogExpectation &line : lines) EXPECT_THAT(logs(), HasLogLine(line));
+
+  fail("vcorDbGetView", "DBVIEW_NETWORKING_DEV_INFO", -8);
+  EXPECT_EQ(get(), 0);
+  EXPECT_EQ(record.accessMode, 0);
+  EXPECT_THAT(logs(), HasLog(4, "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:-8\n"));
+
+  fail("pm_upmode_info_get", "", -12);
+  EXPECT_EQ(get(), -12);
+  EXPECT_EQ(record.rateStatsValid, 0);
+  EXPECT_EQ(pm_ubus_get_uplinkinfo(nullptr), -1);
+}
+
+TEST_F(UplinkInfoTest, ManagementMacNeedsOneInternetConnection) {
+  uint8_t mac[6] = {};
+  EXPECT_EQ(ubus_get_manger_mac(mac), 0);
+  EXPECT_EQ(mac[5], 0xa3);
+  store()
+      .row<WanConnectionView>("IGD.WD1.WCD2.WCIP1")
+      .setText(WanConnectionView::serviceList, "INTERNET");
+  EXPECT_EQ(ubus_get_manger_mac(mac), -2);
+  EXPECT_THAT(logs(), HasLog(4, "No Run Info [INTERNET] [2]"));
+}
+
+TEST_F(UplinkInfoTest, CurrentRateIsSumOfAllInSinglePrecision) {
+  char rx[64] = {};
+  char tx[64] = {};
+  auto &interfaces = uplinkTraffic().interfaces;
+  // 2^24 + 1 is no float; the sum over 1024 shows it.
+  interfaces[0] = {"nbif0", {1ull << 24, 0, 0}, {0xffffffffull * 1024, 0, 0}};
+  interfaces[1] = {"nbif1", {1, 0, 0}, {512, 0, 0}};
+  interfaces[2] = {"nbif2", {0, 0, 0}, {0, 0, 0}};
+  EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
+  EXPECT_STREQ(rx, "4294967296.000");
+  EXPECT_STREQ(tx, "16384.000");
+  interfaces[0].rx = {1536, 0, 0};
+  EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
+  EXPECT_STREQ(rx, "2.000");
+  // The second connection's silence adds the first one's counters once more: 1 + 1 + 2^24.
+  fail("pm_send_msg_2mm", "bandInfo_mgr", -3, 2, 1);
+  EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
+  EXPECT_STREQ(tx, "16384.002");
+  fail("vcorDbGetView", "DBVIEW_WAN_CONN_DEV", -3, 1, 1);
+  EXPECT_EQ(ubus_get_rate_rt(rx, tx), -8);
+  fail("vcorDbLstView", "DBVIEW_WAN_CONN_DEV", -3, 1, 1);
+  EXPECT_EQ(ubus_get_rate_rt(rx, tx), -8);
+  EXPECT_EQ(ubus_get_rate_rt(nullptr, tx), 1001);
+  EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_rate_rt", "RxRate_rt OR TxRate_rt IS null"}));
+
+  loadExample("crowded.json");
+  store().create<WanConnectionView>("IGD.WD1.WCD33.WCIP1");
+  EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0) << "the list holds 32 connections";
+  EXPECT_THAT(trace("pm_send_msg_2mm"), SizeIs(32));
+}
+
+TEST_F(UplinkInfoTest, GatewayMacOfAnyTable) {
+  const struct {
+    std::string table;
+    const char *mac;
+  } cases[] = {
+      {std::string(kArpHeader) + "10.0.0.2 0x1 0x2 aa:00:00:00:00:01 * br0\n"
+                                 "10.0.0.1 0x1 0x2 aa:00:00:00:00:02 * nbif3\n"
+                                 "10.0.0.3 0x1 0x2 aa:00:00:00:00:03 * nbif0\n",
+       "aa:00:00:00:00:02"},
+      {std::string(kArpHeader) + "10.0.0.2 0x1 0x2 aa:00:00:00:00:01 * br0\n", ""},
+      {kArpHeader, ""},
+      {"", ""},
+      {"short\n", ""},
+      {std::string(kArpHeader) + "10.0.0.1 0x1 0x2 aa:00:00:00:00:02 *", ""},
+      {std::string(kArpHeader) + "garbage\n\n%s%n \x01\xff\n10.0.0.1 0x1 0x2 aa:bb * nbif0\n", ""},
+      // The rest of a long device name shifts the entries behind it.
+      {std::string(kArpHeader) + "10.0.0.2 0x1 0x2 aa:01 * wlan0nbif\n"
+                                 "10.0.0.1 0x1 0x2 aa:02 * nbif0\n",
+       ""},
+      {std::string(kArpHeader) + std::string(300, 'z') + " nbif0\n", ""},
+      {std::string(kArpHeader) + "10.0.0.1 0x1 0x2 " + std::string(31, 'm') + " * nbif0\n",
+       "mmmmmmmmmmmmmmmmmmmmmmmmmmmmmmm"},
+  };
+  for (const auto &one : cases) {
+    files().write("/proc/net/arp", one.table);
+    EXPECT_EQ(gatewayMac(), one.mac) << one.table;
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_GT(files().openStreams(), 0u) << "the table stays open";
+  EXPECT_EQ(ubus_getGatewayMac(nullptr), -1);
+}
+
+/// What the gateway gives as its ARP table is this machine's `path`.
+class ForeignArpTest : public UplinkInfoTest {
+ protected:
+  void useTable(const std::string &path) {
+    const auto table = files().root() / "proc/net/arp";
+    std::filesystem::remove(table);
+    std::filesystem::create_symlink(path, table);
+  }
+};
+
+TEST_F(ForeignArpTest, KernelsOwnTableIsReadToItsEnd) {
+  useTable("/proc/self/net/arp");
+  EXPECT_EQ(gatewayMac(), "");
+  EXPECT_EQ(status, 0) << "the kernel's table can be positioned and ends";
+}
+
+TEST_F(ForeignArpTest, TableThatCannotBePositionedIsClosed) {
+  expectNoLeaks();
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  useTable("/proc/self/fd/" + std::to_string(ends[0]));
+  EXPECT_EQ(gatewayMac(), "");
+  EXPECT_EQ(status, -1);
+  close(ends[0]);
+  close(ends[1]);
+}
+
+TEST_F(UplinkInfoTest, AccountIsCopiedAsFarAsItsFieldsGo) {
+  const std::string name(64, 'u');
+  store().row<platform::WanPppConnectionView>(kWan).setText(
+      platform::WanPppConnectionView::userName, name);
+  EXPECT_EQ(get(), 0);
+  EXPECT_EQ(record.pppoeUserName, name.substr(0, 31));
+  char text[32] = {};
+  EXPECT_EQ(ubus_getPPPOEUserPwd(nullptr, text), -1);
+  EXPECT_EQ(ubus_getPPPOEUserPwd(text, nullptr), -1);
+}
+
+TEST_F(UplinkInfoTest, KeyOfManyCharactersIsSentAsInvalid) {
+  std::vector<uint64_t> view(4384 / sizeof(uint64_t));
+  const std::string key(33, 'k');
+  EXPECT_EQ(ubus_get_dssinto(key.c_str(), view.data()), -1);
+  EXPECT_EQ(ubus_get_dsscfg(nullptr, view.data()), -1);
+  EXPECT_EQ(ubus_get_prefixcfg(kWan, nullptr), -1);
+  EXPECT_EQ(ubus_get_dsscfg(kWan, view.data()), 0);
+  EXPECT_EQ(fieldsOf<DssConfigView>(view.data()).word(DssConfigView::prefixMode), 1u);
+}
+
+TEST_F(UplinkInfoTest, SweepOfFaults) {
+  beforeEachRun([] { startSampling(); });
+  const auto check = [&](const testing::SweepRun &run) {
+    EXPECT_EQ(run.status, run.failed == 1 ? -1 : 0);
+    EXPECT_EQ(record.rateStatsValid, run.failed == 1 ? 0 : 1);
+  };
+  EXPECT_GT(sweepFaults([&] { return get(); }, check), 20u);
+  loadExample("wifi_repeater.json");
+  sweepFaults([&] { return get(); }, check);
+}
+
+}  // namespace
+}  // namespace gateway
