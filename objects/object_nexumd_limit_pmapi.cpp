@@ -73,12 +73,13 @@ DevLmtCfg *findLimit(const uint8_t mac[6], ListLink *&before) {
   return node;
 }
 
-/// The first node whose MAC text begins with the same `compared` characters.
+/// The first node whose MAC text begins with the same `compared` characters. The field is padded
+/// with zeros, so it need not be compared character by character.
 LmtUrlCfg *findUrls(const char *mac, size_t compared) {
   const ListLink *link = &g_ubus_lmtUrl_list;
   LmtUrlCfg *node;
   while ((node = nodeBehind<LmtUrlCfg>(&g_ubus_lmtUrl_list, link)) != nullptr) {
-    if (strncmp(node->mac, mac, compared) == 0) break;
+    if (memcmp(node->mac, mac, compared) == 0) break;
     link = &node->link;
   }
   return node;

@@ -468,6 +468,7 @@ TEST_F(UrlKeyword, WhatIsUnsafeOnACommandLineIsPassedOver) {
       "x'b" + tail,
       "#x" + tail,
       tail + " ",
+      std::string(kLongestQuoted, 'a') + " ",
   };
   for (const std::string &keyword : keywords) {
     SCOPED_TRACE(keyword);
