@@ -28,7 +28,8 @@ PAGES = ROOT / "docs" / "reference"
 COMMAND = ROOT / "build" / "host" / "bin" / "pmapi"
 DEFAULT_PROFILE = "examples/home_router.json"
 
-# Profile and arguments of methods that no scenario calls; "OBJECT *" stands for all of an object.
+# Profile and arguments of methods whose scenarios do not serve as an example, perhaps after another call;
+# "OBJECT *" stands for all methods of an object that no scenario calls.
 CALLS = json.loads((PAGES / "calls.json").read_text())
 
 WIDE_ANSWER = 160
@@ -174,15 +175,27 @@ class Gateway:
         return done.returncode, done.stdout, done.stderr
 
     def call(self, example, *options):
-        return self.run(*options, *example.words)
+        return self.run(*options, *example.options, *example.words)
 
 
 class Example:
     def __init__(self, profile, call, arguments):
-        self.words = ["--gateway", profile] if profile != DEFAULT_PROFILE else []
-        self.words += ["call", *call.split()]
+        self.options = ["--gateway", profile] if profile != DEFAULT_PROFILE else []
+        self.shown_options = self.options
+        self.words = ["call", *call.split()]
         if arguments:
             self.words.append(json.dumps(arguments, separators=(",", ":"), ensure_ascii=False))
+        self.before = []
+
+    def after(self, gateway, call, arguments):
+        """Lets another call come first, whose gateway this one finds."""
+        first = Example(DEFAULT_PROFILE, call, arguments)
+        state = f"{first.words[1]}.json"
+        _, output, _ = gateway.run("--state", state, "--log-level", "0", *first.words)
+        self.shown_options = ["--state", "gateway.json"]
+        self.before = [f"$ {shlex.join(['pmapi', *self.shown_options, *first.words])}", *output.splitlines()]
+        self.options = ["--gateway", state]
+        return self
 
 
 def scenario_calls():
@@ -202,10 +215,12 @@ def scenario_calls():
 
 
 def candidates(call, method, scenarios):
-    chosen = CALLS.get(call) or CALLS.get(f"{call.split()[0]} *") if call not in scenarios else None
+    chosen = CALLS.get(call)
+    if call not in scenarios:
+        chosen = chosen or CALLS.get(f"{call.split()[0]} *")
     if chosen:
         names = [argument["name"] for argument in method["arguments"]]
-        arguments = {name: value for name, value in chosen["with"].items() if name in names}
+        arguments = {name: value for name, value in chosen.get("with", {}).items() if name in names}
         return [(chosen.get("gateway", DEFAULT_PROFILE), arguments)]
     found = list(scenarios.get(call, []))
     if all(argument.get("optional") for argument in method["arguments"]):
@@ -226,6 +241,8 @@ def choose_example(gateway, call, method, scenarios):
         code, output, _ = gateway.call(example, "--log-level", "0")
         if is_telling(code, output):
             return example
+        if "after" in CALLS.get(call, {}):
+            return example.after(gateway, CALLS[call]["after"], CALLS[call]["afterWith"])
         tried.append((code, example))
     succeeded = [example for code, example in tried if code == 0]
     return (succeeded or [example for _, example in tried] or [None])[0]
@@ -375,8 +392,8 @@ class Page:
         shown = [line.rstrip() for line in output.splitlines()]
         if len(shown) > LONGEST_EXAMPLE:
             shown = shown[:LONGEST_EXAMPLE] + [f"… {len(shown) - LONGEST_EXAMPLE} more lines"]
-        command = shlex.join(["pmapi", *options, *example.words])
-        return ["```console", f"$ {command}", *shown, "```", ""] + self.failures(example, method)
+        command = shlex.join(["pmapi", *options, *example.shown_options, *example.words])
+        return ["```console", *example.before, f"$ {command}", *shown, "```", ""] + self.failures(example, method)
 
     def failures(self, example, method):
         rows, unnoticed, usual = failures(self.gateway, example, method)
