@@ -5,9 +5,9 @@ reference.py           writes the pages
 reference.py --check   compares them with what would be written, and ends with an error where they differ
 
 What stands on a page is read from the public headers (by doxygen), from the command's table
-(`pmapi list --json`) and from calls that are really made on the host build. An example is the first step of
-examples/*.jsonl for the method, or what docs/reference/calls.json says; its failures are found by making each platform call of the
-example fail once.
+(`pmapi list --json`) and from calls that are really made on the host build. An example is a step of
+examples/*.jsonl for the method, or what docs/reference/calls.json says; its failures are found by making each
+platform call of the example fail once.
 """
 
 import argparse
