@@ -346,8 +346,10 @@ class Page:
 
     def function(self, name):
         for file in self.headers.files.values():
-            if name in file["functions"]:
-                return file["functions"][name]
+            # A method may also read an exported variable.
+            for declared in (*file["functions"].values(), *file["variables"]):
+                if declared["name"] == name:
+                    return declared
         raise SystemExit(f"reference: no header declares {name}")
 
     @staticmethod
