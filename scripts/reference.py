@@ -29,7 +29,7 @@ COMMAND = ROOT / "build" / "host" / "bin" / "pmapi"
 DEFAULT_PROFILE = "examples/home_router.json"
 
 # Profile and arguments of methods whose scenarios do not serve as an example, perhaps after another call;
-# "OBJECT *" stands for all methods of an object that no scenario calls.
+# "OBJECT *" stands for all methods of an object whose scenarios do not succeed.
 CALLS = json.loads((PAGES / "calls.json").read_text())
 
 WIDE_ANSWER = 160
@@ -215,14 +215,12 @@ def scenario_calls():
 
 
 def candidates(call, method, scenarios):
-    chosen = CALLS.get(call)
-    if call not in scenarios:
-        chosen = chosen or CALLS.get(f"{call.split()[0]} *")
+    found = [] if call in CALLS else list(scenarios.get(call, []))
+    chosen = CALLS.get(call) or CALLS.get(f"{call.split()[0]} *")
     if chosen:
         names = [argument["name"] for argument in method["arguments"]]
         arguments = {name: value for name, value in chosen.get("with", {}).items() if name in names}
-        return [(chosen.get("gateway", DEFAULT_PROFILE), arguments)]
-    found = list(scenarios.get(call, []))
+        return [*found, (chosen.get("gateway", DEFAULT_PROFILE), arguments)]
     if all(argument.get("optional") for argument in method["arguments"]):
         others = sorted(f"examples/{path.name}" for path in (ROOT / "examples").glob("*.json"))
         found = [(DEFAULT_PROFILE, {})] + found + [(profile, {}) for profile in others]
