@@ -57,7 +57,9 @@ int32_t ubus_get_httpspeed_result(HttpSpeedResult *record) {
   snprintf(record->speed, sizeof record->speed, "%dMpbs", rate >> kRateShift);
   char state[kTextSize];
   copyText(state, reinterpret_cast<const char *>(reply.bytes + HttpSpeedReply::state.offset));
-  const int32_t difference = strcmp(state, "Completed");
+  // How large a difference is depends on the C library; its sign does not.
+  const int32_t compared = strcmp(state, "Completed");
+  const int32_t difference = (compared > 0) - (compared < 0);
   record->status = difference == 0 ? 1 : 0;
   return difference;
 }
