@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <map>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string_view>
@@ -30,6 +32,20 @@ struct Cookie {
   std::string path;
   FILE *stream = nullptr;
 };
+
+using Cookies = std::map<Cookie *, std::unique_ptr<Cookie>>;
+
+/// Kept where a leak checker sees them: the library leaves the ARP table's stream open on purpose.
+Cookies &cookies() {
+  static auto *const kept = new Cookies;
+  return *kept;
+}
+
+Cookie *keep(std::unique_ptr<Cookie> cookie) {
+  Cookie *const place = cookie.get();
+  cookies()[place] = std::move(cookie);
+  return place;
+}
 
 /// Moves up to `size` bytes; a fault lets through only as many as it answers, and then fails.
 template <class Transfer>
@@ -80,7 +96,7 @@ int closeCookie(void *opaque) {
     ::close(cookie->descriptor);
     errno = ENOSPC;
   }
-  delete cookie;
+  cookies().erase(cookie);
   return result == 0 ? 0 : EOF;
 }
 
@@ -188,11 +204,11 @@ void Files::reset() {
 FILE *Files::open(const char *path, const char *mode) {
   const int descriptor = ::open(map(path).c_str(), openFlags(mode) | O_CLOEXEC, kNewFileMode);
   if (descriptor < 0) return nullptr;
-  auto *cookie = new Cookie{descriptor, path};
+  Cookie *const cookie = keep(std::make_unique<Cookie>(Cookie{descriptor, path}));
   FILE *stream = ::fopencookie(cookie, mode, {readCookie, writeCookie, seekCookie, closeCookie});
   if (stream == nullptr) {
     ::close(descriptor);
-    delete cookie;
+    cookies().erase(cookie);
     return nullptr;
   }
   cookie->stream = stream;
