@@ -6,6 +6,7 @@
 
 #include "gateway/boundary.hpp"
 #include "gateway/gateway.hpp"
+#include "gateway/proxy.hpp"
 #include "platform/records/timer_control.hpp"
 #include "platform/timers.h"
 
@@ -100,8 +101,12 @@ TimerTask taskFrom(const Row &entry) {
 
 void writeTask(const TimerTask &task, const Row &entry) {
   entry.setText(TimerEntry::time, task.time);
-  std::vector<uint8_t> days(kWeekdays * sizeof(uint32_t));
-  std::memcpy(days.data(), task.weekdays.data(), task.weekdays.size() * sizeof(uint32_t));
+  std::vector<uint8_t> days;
+  for (const uint32_t day : task.weekdays) {
+    const Bytes word = bytesOf(day);
+    days.insert(days.end(), word.begin(), word.end());
+  }
+  days.resize(kWeekdays * sizeof(uint32_t));
   entry.setBytes(TimerEntry::weekdays, days);
   entry.setWord(TimerEntry::weekdayCount, static_cast<uint32_t>(task.weekdays.size()));
   entry.setByte(TimerEntry::edge, static_cast<uint8_t>(task.edge));

@@ -35,9 +35,9 @@ struct Method {
   bool returnsStatus() const { return result == "status"; }
 
   /// For functions that return a value rather than whether they succeeded.
-  Method returning(const char *name_) const {
+  Method returning(const char *member) const {
     Method method = *this;
-    method.result = name_;
+    method.result = member;
     return method;
   }
 };
