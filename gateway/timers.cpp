@@ -1,5 +1,6 @@
 #include "gateway/timers.hpp"
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <nlohmann/json.hpp>
@@ -154,7 +155,11 @@ int32_t change(std::vector<TimerTask> &tasks, void *control) {
   }
   const TimerTask task = taskFrom(entryAt(control, 0));
   if (record.word(TimerControlRecord::operation) == 0) return add(tasks, task, record);
-  return std::erase(tasks, task) > 0 ? kOk : refuse(record, kUnknownInstance, "no such entry");
+  // One entry for one request, however many are equal.
+  const auto found = std::find(tasks.begin(), tasks.end(), task);
+  if (found == tasks.end()) return refuse(record, kUnknownInstance, "no such entry");
+  tasks.erase(found);
+  return kOk;
 }
 
 }  // namespace
