@@ -294,10 +294,9 @@ bool findHost(const uint8_t mac[6], AssociatedHost &host) {
   using platform::WlanHostEntry;
   RecordBuffer<WlanHostTable> table;
   if (ctSgw_wlanGetHostInfo(&table) != kOk) return false;
-  const int32_t reported = table.getSigned(table.count);
-  for (int32_t i = 0; i < reported && i < static_cast<int32_t>(WlanHostTable::kMaxEntries); ++i) {
-    const uint8_t *entry =
-        table.get(table.entries) + static_cast<uint32_t>(i) * WlanHostEntry::kSize;
+  const uint32_t count = clampCount(table.get(table.count), WlanHostTable::kMaxEntries);
+  for (uint32_t i = 0; i < count; ++i) {
+    const uint8_t *entry = table.get(table.entries) + i * WlanHostEntry::kSize;
     if (memcmp(entry + WlanHostEntry::mac.offset, mac, 6) != 0) continue;
     host.ssidNumber = loadAs<uint32_t>(entry, WlanHostEntry::ssidNumber.offset);
     host.rssi = loadAs<int32_t>(entry, WlanHostEntry::rssi.offset);

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -58,10 +59,7 @@ int32_t call(ServiceCall service, ControlBuffer &control) {
 }
 
 uint32_t entryCount(const ControlBuffer &control) {
-  const int32_t count = control.getSigned(control.entryCount);
-  if (count < 0) return 0;
-  const auto entries = static_cast<uint32_t>(count);
-  return entries < TimerControlRecord::kMaxEntries ? entries : TimerControlRecord::kMaxEntries;
+  return clampCount(control.get(control.entryCount), TimerControlRecord::kMaxEntries);
 }
 
 /// Takes one entry out of a service's answer, its day count bounded.

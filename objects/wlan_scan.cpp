@@ -27,10 +27,7 @@ int32_t listAccessPoints(const char *ssidInstance, ApListBuffer &list) {
 }
 
 uint32_t countOf(const ApListBuffer &list) {
-  const int32_t count = list.getSigned(list.count);
-  if (count < 0) return 0;
-  const auto heard = static_cast<uint32_t>(count);
-  return heard < WlanApList::kMaxEntries ? heard : WlanApList::kMaxEntries;
+  return clampCount(list.get(list.count), WlanApList::kMaxEntries);
 }
 
 HeardAccessPoint accessPointAt(const ApListBuffer &list, uint32_t position) {
