@@ -163,7 +163,8 @@ int32_t ctSgw_wlanGetHostInfo(WlanHostTable *table) {
       writeHost(store.row<AssociatedDeviceView>(path), entry);
       ++count;
     }
-    fieldsOf<WlanHostTable>(table).setWord(WlanHostTable::count, count);
+    fieldsOf<WlanHostTable>(table).setWord(WlanHostTable::count,
+                                           gateway.boundary().countToReport(count));
     return kOk;
   });
 }

@@ -45,10 +45,17 @@ const Fault *Boundary::enter(std::string_view name, std::string_view key) {
     ++fault.fired;
     applies = &fault;
   }
+  current_ = applies;
   return applies;
 }
 
+uint32_t Boundary::countToReport(size_t real) const {
+  const bool falsified = current_ != nullptr && current_->count;
+  return falsified ? static_cast<uint32_t>(*current_->count) : static_cast<uint32_t>(real);
+}
+
 void Boundary::leave(Call call) {
+  current_ = nullptr;
   if (sink_) sink_(call);
   calls_.push_back(std::move(call));
 }
@@ -61,6 +68,7 @@ void Boundary::clearCalls() {
 void Boundary::reset() {
   clearCalls();
   faults_.clear();
+  current_ = nullptr;
 }
 
 namespace boundary {

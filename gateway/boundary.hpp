@@ -52,8 +52,10 @@ struct Fault {
   uint32_t times = kUnlimited;
   std::optional<int32_t> answer = {};      /**< none: the call's own natural failure */
   std::optional<int32_t> replyStatus = {}; /**< proxy: the call succeeds, its reply says this */
+  std::vector<uint8_t> replyPayload = {};  /**< proxy: what follows the status in that reply */
   std::optional<uint16_t> replyLength =
-      {}; /**< proxy, manager: the length reported for the reply */
+      {};                            /**< proxy, manager: the length reported for the reply */
+  std::optional<int32_t> count = {}; /**< lists: the call succeeds, but counts so many */
 
   uint32_t seen = 0;  /**< matching calls so far */
   uint32_t fired = 0; /**< how many of them it changed */
@@ -88,6 +90,9 @@ class Boundary {
   const Fault *enter(std::string_view name, std::string_view key);
   void leave(Call call);
 
+  /// What the call on its way reports as the number of what it lists.
+  uint32_t countToReport(size_t real) const;
+
   void clearCalls();
   void reset();
 
@@ -95,6 +100,7 @@ class Boundary {
   std::deque<Fault> faults_;
   std::vector<Call> calls_;
   uint32_t fallible_ = 0;
+  const Fault *current_ = nullptr;
   std::function<void(const Call &)> sink_;
 };
 
@@ -143,8 +149,10 @@ class Passage {
 template <class Body>
 int32_t status(const char *name, std::string key, Body body, int32_t failing = kFailed) {
   Passage passage(name, std::move(key));
-  const int32_t result = passage.fault() != nullptr ? passage.fault()->answer.value_or(failing)
-                                                    : passage.run<int32_t>(failing, body);
+  const Fault *fault = passage.fault();
+  const bool fails = fault != nullptr && !fault->count;
+  const int32_t result =
+      fails ? fault->answer.value_or(failing) : passage.run<int32_t>(failing, body);
   passage.answered(result);
   return result;
 }

@@ -43,6 +43,7 @@ class Gateway {
 
   Store &store() { return store_; }
   Boundary &boundary() { return boundary_; }
+  const Boundary &boundary() const { return boundary_; }
   Clock &clock() { return clock_; }
   Files &files() { return files_; }
 

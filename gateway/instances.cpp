@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "gateway/boundary.hpp"
+#include "gateway/gateway.hpp"
 
 namespace gateway {
 
@@ -28,7 +29,7 @@ uint32_t writePaths(const std::vector<std::string> &paths, uint32_t capacity,
                     char (*instances)[PLATFORM_INSTANCE_SIZE]) {
   if (instances == nullptr && capacity > 0) throw Refusal(kNullArgument, "a list without room");
   for (size_t i = 0; i < paths.size() && i < capacity; ++i) writePath(paths[i], instances[i]);
-  return static_cast<uint32_t>(paths.size());
+  return Gateway::current().boundary().countToReport(paths.size());
 }
 
 void fill(InstanceList *list, const std::vector<std::string> &paths) {

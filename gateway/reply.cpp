@@ -1,5 +1,6 @@
 #include "gateway/reply.hpp"
 
+#include <algorithm>
 #include <cstring>
 
 #include "gateway/boundary.hpp"
@@ -19,8 +20,12 @@ void writeReply(std::span<const uint8_t> reply, void *out, uint16_t *length) {
 void writeFaultyReply(const Fault &fault, void *out, uint16_t *length) {
   if (out == nullptr || length == nullptr) return;
   if (fault.replyStatus && *length >= sizeof *fault.replyStatus) {
+    const size_t payload =
+        std::min<size_t>(fault.replyPayload.size(), *length - sizeof *fault.replyStatus);
     std::memcpy(out, &*fault.replyStatus, sizeof *fault.replyStatus);
-    if (!fault.replyLength) *length = sizeof *fault.replyStatus;
+    std::memcpy(static_cast<uint8_t *>(out) + sizeof *fault.replyStatus, fault.replyPayload.data(),
+                payload);
+    if (!fault.replyLength) *length = static_cast<uint16_t>(sizeof *fault.replyStatus + payload);
   }
   if (fault.replyLength) *length = *fault.replyLength;
 }

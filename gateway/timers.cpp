@@ -125,9 +125,9 @@ void checkBuffers(const void *request, const void *control) {
   }
 }
 
-int32_t list(const std::vector<TimerTask> &tasks, void *control) {
+int32_t list(const Gateway &gateway, const std::vector<TimerTask> &tasks, void *control) {
   const Row record = fieldsOf<TimerControlRecord>(control);
-  record.setWord(TimerControlRecord::entryCount, static_cast<uint32_t>(tasks.size()));
+  record.setWord(TimerControlRecord::entryCount, gateway.boundary().countToReport(tasks.size()));
   for (size_t i = 0; i < tasks.size(); ++i) writeTask(tasks[i], entryAt(control, i));
   return kOk;
 }
@@ -191,9 +191,9 @@ Json Timers::save() const {
 using namespace gateway;
 
 int32_t pm_app_wake_up_control_get(void *request32, void *control7584) {
-  return boundary::status("pm_app_wake_up_control_get", "", [&](Gateway &) {
+  return boundary::status("pm_app_wake_up_control_get", "", [&](Gateway &gateway) {
     checkBuffers(request32, control7584);
-    return list(timers().wakeUps, control7584);
+    return list(gateway, timers().wakeUps, control7584);
   });
 }
 
@@ -205,9 +205,9 @@ int32_t pm_app_wake_up_control_set(void *request32, void *control7584) {
 }
 
 int32_t pm_wlan_ex_control_get(void *request32, void *control7584) {
-  return boundary::status("pm_wlan_ex_control_get", "", [&](Gateway &) {
+  return boundary::status("pm_wlan_ex_control_get", "", [&](Gateway &gateway) {
     checkBuffers(request32, control7584);
-    return list(timers().schedules, control7584);
+    return list(gateway, timers().schedules, control7584);
   });
 }
 

@@ -4,6 +4,7 @@
 #include "gateway/status.hpp"
 #include "platform/device.h"
 #include "platform/proxy.h"
+#include "platform/views/lan_info.hpp"
 #include "platform/wan.h"
 #include "tests/support/gateway_test.hpp"
 
@@ -87,6 +88,29 @@ TEST_F(BoundaryTest, ProxyFaultsAnswerThroughTheReplyToo) {
   fail(longer);
   EXPECT_EQ(ctSgw_ssend_to_proxy(CTSGW_EVENT_SET_LOCK, nullptr, 0, reply, &length), 0);
   EXPECT_EQ(length, 3000);
+
+  length = sizeof reply;
+  Fault torn{"ctSgw_ssend_to_proxy", "SET_LOCK", 1, 1};
+  torn.replyStatus = 6;
+  torn.replyPayload = {7, 0};
+  fail(torn);
+  EXPECT_EQ(ctSgw_ssend_to_proxy(CTSGW_EVENT_SET_LOCK, nullptr, 0, reply, &length), 0);
+  EXPECT_EQ(length, 6);
+  EXPECT_THAT(reply, ElementsAre(6, 7));
+}
+
+TEST_F(BoundaryTest, ListsMayCountMoreOrLessThanTheyHold) {
+  store().create<platform::LanInfoView>("IGD.LD1.ETH1");
+  char paths[2][PLATFORM_INSTANCE_SIZE] = {};
+  InstanceList list{PLATFORM_BLOCK_MARKER, 2, 0, paths};
+  Fault falsified{"vcorDbLstView", "DBVIEW_LANINFO", 1, 1};
+  falsified.count = -3;
+  fail(falsified);
+  EXPECT_EQ(vcorDbLstView(DBVIEW_LANINFO, "IGD", &list, 2), 0);
+  EXPECT_EQ(static_cast<int32_t>(list.dwCount), -3);
+  EXPECT_STREQ(paths[0], "IGD.LD1.ETH1");
+  EXPECT_EQ(vcorDbLstView(DBVIEW_LANINFO, "IGD", &list, 2), 0);
+  EXPECT_EQ(list.dwCount, 1u);
 }
 
 TEST_F(BoundaryTest, SweepFailsEveryCallOnceAndOnward) {
