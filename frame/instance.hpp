@@ -25,6 +25,10 @@ struct InstancePath {
   void append(int32_t number);
 };
 
+/// The first SSID of each band, which stands for its radio.
+inline constexpr char kFirst24GSsid[] = "IGD.LD1.WLAN1";
+inline constexpr char kFirst5GSsid[] = "IGD.LD1.WLAN5";
+
 /// How many of the reported items really lie in a table of `capacity`; the platform may count more
 /// than fit, or a negative number.
 constexpr uint32_t clampCount(uint32_t reported, uint32_t capacity) {
@@ -47,6 +51,11 @@ class InstanceTable {
   uint32_t count() const { return clampCount(list.dwCount, Capacity); }
 
   InstancePath at(uint32_t index) const { return InstancePath(paths_[index]); }
+
+  /// Lists all instances of a view under `parent`; returns the platform's status.
+  int32_t listView(uint32_t viewId, const char *parent) {
+    return vcorDbLstView(viewId, parent, &list, Capacity);
+  }
 
   InstanceList list;
 

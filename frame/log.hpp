@@ -21,6 +21,9 @@ struct LogOrigin {
   const char *function;
 };
 
+/// Returns the status of a read, with the line that most handlers write when it failed.
+int32_t reportedRead(const LogOrigin &origin, int32_t status);
+
 }  // namespace pm
 
 #define PM_LOG_CODE(level, code, ...) \

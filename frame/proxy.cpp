@@ -2,12 +2,6 @@
 
 namespace pm {
 
-namespace {
-
-constexpr uint32_t kStatusSize = 4;
-
-}  // namespace
-
 int32_t ProxyExchange::send(uint32_t event, const void *request, uint32_t requestLength) {
   memset(reply_, 0, capacity_);
   length_ = capacity_;
@@ -22,11 +16,14 @@ int32_t ProxyExchange::replyStatus() const {
   return status;
 }
 
+uint32_t ProxyExchange::payloadLength() const {
+  return length_ > PROXY_REPLY_STATUS_SIZE ? length_ - PROXY_REPLY_STATUS_SIZE : 0;
+}
+
 uint32_t ProxyExchange::copyPayload(void *record, uint32_t size) const {
-  if (length_ <= kStatusSize) return 0;
-  const uint32_t payload = length_ - kStatusSize;
+  const uint32_t payload = payloadLength();
   const uint32_t copied = payload < size ? payload : size;
-  memcpy(record, reply_ + kStatusSize, copied);
+  memcpy(record, reply_ + PROXY_REPLY_STATUS_SIZE, copied);
   return copied;
 }
 

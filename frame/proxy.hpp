@@ -22,6 +22,9 @@ class ProxyExchange {
   /// The call's result, or the proxy's status when the call itself went well.
   int32_t outcome(int32_t callResult) const { return callResult != 0 ? callResult : replyStatus(); }
 
+  /// What came behind the status.
+  uint32_t payloadLength() const;
+
   /// Copies what came of the payload, at most `size` bytes, and returns how many they were.
   uint32_t copyPayload(void *record, uint32_t size) const;
 

@@ -29,10 +29,7 @@ int32_t readEasyMesh(const LogOrigin &origin, EasyMeshBuffer &view) {
   PM_LOG_FOR(origin, kInfo, 0, "now in vcorDbGetView\n");
   const int32_t status = view.read("IGD");
   PM_LOG_FOR(origin, kInfo, 0, "after vcorDbGetView\n");
-  if (status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "[%s] dbgetview fail(%d)\r\n", origin.function, status);
-  }
-  return status;
+  return reportedRead(origin, status);
 }
 
 /// What the gateway tells of itself, so that the topology's 2.3 MB go back at once.

@@ -61,11 +61,7 @@ int32_t readTextAt(const char *function, const char *instance, uint32_t offset, 
                    uint32_t size) {
   if (destination == nullptr) return kFailure;
   ViewBuffer<View> view;
-  if (const int32_t status = view.read(instance); status != kOk) {
-    PM_LOG_FOR((LogOrigin{kSourceTag, function}), kError, status, "[%s] dbgetview fail(%d)\r\n",
-               function, status);
-    return kFailure;
-  }
+  if (reportedRead({kSourceTag, function}, view.read(instance)) != kOk) return kFailure;
   copyExact(destination, reinterpret_cast<const char *>(view.bytes + offset), size - 1);
   return kOk;
 }
@@ -249,11 +245,7 @@ int32_t ubus_getWorkingMode(uint32_t *mode) {
 int32_t ubus_getRadio5() {
   PM_ENTER();
   ViewBuffer<GatewayIdentityView> identity;
-  if (const int32_t status = identity.read("IGD"); status != kOk) {
-    PM_FAIL(status, "[%s] dbgetview fail(%d)\r\n", __func__, status);
-    return kFailure;
-  }
-  return kOk;
+  return reportedRead(PM_ORIGIN, identity.read("IGD")) == kOk ? kOk : kFailure;
 }
 
 int32_t ubus_wlan_get_card_max(uint32_t *count) {

@@ -35,9 +35,6 @@ namespace {
 
 enum ControlType { kRestartGateway = 1, kRestart24G = 2, kRestart5G = 3 };
 
-constexpr char kFirst24GSsid[] = "IGD.LD1.WLAN1";
-constexpr char kFirst5GSsid[] = "IGD.LD1.WLAN5";
-
 constexpr uint32_t kRestoreKind = 5;
 
 int32_t restartRadio(const LogOrigin &origin, const char *ssidInstance) {

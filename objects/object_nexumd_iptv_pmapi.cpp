@@ -59,8 +59,7 @@ int32_t pm_ubus_nexumd_iptv_set(UbusIptv record) {
 
 int32_t pm_iptv_del(void) {
   BindingTable table;
-  if (const int32_t status = vcorDbLstView(DBVIEW_IPTVLANBIND, "IGD", &table.list, kCapacity);
-      status != kOk) {
+  if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND, "IGD"); status != kOk) {
     PM_FAIL(status, "vcorDbQryView DBVIEW_IPTVLANBIND failure! iRet = %d.\n", status);
     return status;
   }
@@ -77,8 +76,7 @@ int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record) {
   PM_ENTER();
   if (record == nullptr) return kFailure;
   BindingTable table;
-  if (const int32_t status = vcorDbLstView(DBVIEW_IPTVLANBIND, "IGD", &table.list, kCapacity);
-      status != kOk) {
+  if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND, "IGD"); status != kOk) {
     PM_FAIL(status, "list vlan fail!");
     return kFailure;
   }

@@ -70,7 +70,7 @@ void reportRule(RuleView &rule, UbusQosRule &reported) {
 }
 
 int32_t listRules(const LogOrigin &origin, RuleTable &table) {
-  const int32_t status = vcorDbLstView(DBVIEW_QOS_CLASSIFICATION, "IGD", &table.list, kCapacity);
+  const int32_t status = table.listView(DBVIEW_QOS_CLASSIFICATION, "IGD");
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status,
                "vcorDbQryView DBVIEW_QOS_CLASSIFICATION failure! iRet = %d.\n", status);

@@ -24,8 +24,6 @@ static constexpr char kSourceTag[] = "object_nexumd_roaming_pmapi.c";
 
 namespace {
 
-constexpr char kFirst24GSsid[] = "IGD.LD1.WLAN1";
-constexpr char kFirst5GSsid[] = "IGD.LD1.WLAN5";
 constexpr int32_t kAssociationFault = 1566;
 
 /// Reads one word of the record that roaming and band steering share.
@@ -83,10 +81,8 @@ int32_t ubus_getBandSteeringStatus(uint32_t *out) {
   PM_ENTER();
   if (out == nullptr) return kFailure;
   RecordBuffer<WlanConfigRecord> config;
-  if (const int32_t status = pm_wlan_get_config(kFirst24GSsid, &config); status != kOk) {
-    PM_FAIL(status, "[%s] dbgetview fail(%d)\r\n", __func__, status);
-    return kFailure;
-  }
+  const int32_t status = pm_wlan_get_config(kFirst24GSsid, &config);
+  if (reportedRead(PM_ORIGIN, status) != kOk) return kFailure;
   *out = config.get(config.bandSteering);
   PM_LOG(kInfo, "BandSteeringStatus:%d\n", *out);
   return kOk;
@@ -362,7 +358,7 @@ Medium mediumOf(const LogOrigin &origin, const InstancePath &path) {
   ProxyReply<20480> reply;
   queryDevice(origin, path, reply, device);
   // A torn record says nothing about its device.
-  if (reply.copyPayload(device.bytes, device.kSize) < device.kSize) return Medium::kNone;
+  if (reply.payloadLength() < device.kSize) return Medium::kNone;
   if (net_json_check_dev_valid(device.bytes) == 0) return Medium::kNone;
   const char *interfaceName = device.text(device.interfaceName);
   if (startsWith(interfaceName, "eth")) return Medium::kWired;

@@ -99,10 +99,7 @@ int32_t ubus_getPPPOEUserPwd(char *user, char *password) {
   readNetworking(PM_ORIGIN, networking);
   const InstancePath instance(networking.text(networking.wanInstance));
   ViewBuffer<WanPppConnectionView> ppp;
-  if (const int32_t status = ppp.read(instance.text); status != kOk) {
-    PM_FAIL(status, "[%s] dbgetview fail(%d)\r\n", __func__, status);
-    return kFailure;
-  }
+  if (reportedRead(PM_ORIGIN, ppp.read(instance.text)) != kOk) return kFailure;
   copyExact(user, ppp.text(ppp.userName), kTextSize - 1);
   PM_LOG(kInfo, "pUser:%s\n", ppp.text(ppp.userName));
   copyExact(password, ppp.text(ppp.password), kTextSize - 1);

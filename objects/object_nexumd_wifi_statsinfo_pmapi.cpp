@@ -19,9 +19,7 @@ using CounterGetter = int32_t (*)(const char *instance, uint64_t *out);
 using WlanDriver = RecordBuffer<WlanDriverRecord>;
 
 int32_t checked(const LogOrigin &origin, int32_t status) {
-  if (status == kOk) return kOk;
-  PM_LOG_FOR(origin, kError, status, "[%s] dbgetview fail(%d)\r\n", origin.function, status);
-  return kFailure;
+  return reportedRead(origin, status) == kOk ? kOk : kFailure;
 }
 
 int32_t readDriver(const LogOrigin &origin, const char *instance, WlanDriver &driver) {

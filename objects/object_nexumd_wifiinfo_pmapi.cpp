@@ -29,15 +29,8 @@ InstancePath ssidAt(int32_t radioIndex) {
   return wlan::ssidInstance(static_cast<int32_t>(static_cast<uint32_t>(radioIndex) + 1));
 }
 
-int32_t checked(const LogOrigin &origin, int32_t status) {
-  if (status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "[%s] dbgetview fail(%d)\r\n", origin.function, status);
-  }
-  return status;
-}
-
 int32_t readConfig(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config) {
-  return checked(origin, pm_wlan_get_config(ssid.text, &config));
+  return reportedRead(origin, pm_wlan_get_config(ssid.text, &config));
 }
 
 int32_t readConfigWord(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
@@ -54,7 +47,7 @@ int32_t readDriverWord(const LogOrigin &origin, int32_t radioIndex, uint32_t off
   char instance[64] = {};
   copyText(instance, ssidAt(radioIndex).text);
   RecordBuffer<WlanDriverRecord> driver;
-  const int32_t status = checked(origin, pm_wlan_get_config_driver(instance, &driver));
+  const int32_t status = reportedRead(origin, pm_wlan_get_config_driver(instance, &driver));
   *value = loadAs<uint32_t>(driver.bytes, offset);
   return status;
 }
@@ -134,7 +127,7 @@ int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
   const InstancePath instance =
       wlan::txPowerInstance(radioIndex == 0 ? wlan::kBand24G : wlan::kBand5G);
   RecordBuffer<WlanTxPowerRecord> power;
-  if (checked(PM_ORIGIN, pm_wlan_get_txpower(instance.text, &power)) != kOk) return kFailure;
+  if (reportedRead(PM_ORIGIN, pm_wlan_get_txpower(instance.text, &power)) != kOk) return kFailure;
   copyExact(out, power.text(power.txPower), kTextSize - 1);
   return kOk;
 }

@@ -20,7 +20,7 @@ int32_t sumUplinkRates(const LogOrigin &origin, BandwidthQuery query, int32_t un
     return kMalformed;
   }
   InstanceTable<kConnections> connections;
-  if (vcorDbLstView(DBVIEW_WAN_CONN_DEV, "IGD", &connections.list, kConnections) != kOk) {
+  if (connections.listView(DBVIEW_WAN_CONN_DEV, "IGD") != kOk) {
     return unreadable;
   }
   uint64_t tx = 0;
