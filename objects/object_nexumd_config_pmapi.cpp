@@ -97,9 +97,7 @@ void traceUnlisted(const char *function, const char *item, const cJSON *object) 
 class StoreRewrite {
  public:
   StoreRewrite(const char *path, const char *temporaryPath)
-      : path_(path), temporaryPath_(temporaryPath) {
-    line[0] = '\0';
-  }
+      : path_(path), temporaryPath_(temporaryPath) {}
   StoreRewrite(const StoreRewrite &) = delete;
   StoreRewrite &operator=(const StoreRewrite &) = delete;
 
@@ -112,8 +110,8 @@ class StoreRewrite {
     return copy_ != nullptr;
   }
 
-  bool nextLine() { return fgets_unlocked(line, sizeof line, store_) != nullptr; }
-  void keepLine() { fputs(line, copy_); }
+  bool nextLine();
+  void keepLine() { fwrite_unlocked(line, 1, length_, copy_); }
 
   void writeLine() {
     fputs(line, copy_);
@@ -130,9 +128,8 @@ class StoreRewrite {
 
   /// Gives the line read last the line feed it may lack. False when reading ended before the store.
   bool endLastLine() {
-    if (ferror(store_)) return false;
-    const size_t length = strlen(line);
-    if (length > 0 && line[length - 1] != '\n') putc('\n', copy_);
+    if (!isRead()) return false;
+    if (length_ > 0 && line[length_ - 1] != '\n') putc('\n', copy_);
     return true;
   }
 
@@ -141,19 +138,38 @@ class StoreRewrite {
   char line[kLineSize];
 
  private:
+  bool isRead() const { return !lost_ && !ferror(store_); }
   bool finishCopy();
 
   const char *const path_;
   const char *const temporaryPath_;
   FILE *store_ = nullptr;
   FILE *copy_ = nullptr;
+  size_t length_ = 0; /**< of the line as it was read */
+  long read_ = 0;     /**< of the store, up to the end of the line */
+  bool lost_ = false; /**< the stream could not tell how much it has read */
 };
+
+bool StoreRewrite::nextLine() {
+  if (fgets_unlocked(line, sizeof line, store_) == nullptr) return false;
+  length_ = strlen(line);
+  const bool whole = length_ == kLineSize - 1 || (length_ > 0 && line[length_ - 1] == '\n');
+  if (!whole) {
+    // A zero byte hides what the line has behind it: only the stream knows how far it was read.
+    const long end = ftell(store_);
+    lost_ = end < 0;
+    if (lost_) return false;
+    length_ = static_cast<size_t>(end - read_);
+  }
+  read_ += static_cast<long>(length_);
+  return true;
+}
 
 /// Closes both files. True when the copy has everything and the disk has the copy.
 bool StoreRewrite::finishCopy() {
   // A failed write is remembered by its stream, so one look at the end sees them all.
   const bool written =
-      !ferror(store_) && fflush(copy_) == 0 && !ferror(copy_) && fsync(fileno(copy_)) == 0;
+      isRead() && fflush(copy_) == 0 && !ferror(copy_) && fsync(fileno(copy_)) == 0;
   fclose(store_);
   return fclose(copy_) == 0 && written;
 }

@@ -3,8 +3,9 @@
  * The daemon's item store: a text file of lines "item=value".
  *
  * An item's name matches every line that contains it, anywhere: "interface" also matches the line
- * of "if5_interface". Lines are handled in pieces of 4095 characters. Nothing is cached; each call
- * also prints trace lines to standard output.
+ * of "if5_interface". Lines are handled in pieces of 4095 characters. What a line has behind a zero
+ * byte is neither searched nor delivered, and stays as long as the line does. Nothing is cached;
+ * each call also prints trace lines to standard output.
  */
 #ifndef PMAPI_CONFIG_H_
 #define PMAPI_CONFIG_H_
@@ -26,7 +27,7 @@ typedef struct UbusAddItem {
  * only after the new content is complete and flushed to disk.
  * @param record item and value
  * @param path the store; never created here
- * @param temporaryPath on the same file system as @p path
+ * @param temporaryPath on the same file system as @p path, and not @p path itself
  * @retval 0 rewritten
  * @retval -257 @p record is NULL
  * @retval -1 the store cannot be opened, or the temporary file cannot be created or written in
@@ -42,7 +43,7 @@ PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const cha
  * @param item name
  * @param destination with @p length not 0 a text of that many bytes, which is zeroed first; with
  *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name
- *   (a value that does not parse as cJSON gives it)
+ *   (a value that does not parse as cJSON gives it); untouched on -1
  * @param length size of the text; a value of @p length characters or more is cut
  *   there and leaves no terminating zero
  * @param path the store, not NULL
@@ -57,7 +58,7 @@ PMAPI_EXPORT int32_t pm_ubus_config_getitem(const char *item, void *destination,
  * Blanks every line that matches; the empty lines stay. No match rewrites the store as it was.
  * @param item name
  * @param path the store
- * @param temporaryPath on the same file system as @p path
+ * @param temporaryPath on the same file system as @p path, and not @p path itself
  * @retval 0 rewritten
  * @retval -1 @p item is NULL, or a file failed as in pm_ubus_config_additem()
  */

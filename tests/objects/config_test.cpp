@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 
 #include "tests/support/gateway_test.hpp"
@@ -15,6 +16,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StrEq;
+using namespace std::string_literals;
 
 constexpr char kPath[] = "/userconfig/nexumd_cfgfile";
 constexpr char kTemporary[] = "/userconfig/nexumd_cfgfile.tmp";
@@ -93,6 +95,12 @@ TEST_F(PmUbusConfigAdditem, ReplacesEveryMatchingLineElseAppends) {
        letters(4000) + "x=" + letters(kPiece - 4002) + "\n"},
       {"a new item that does not fit", "", longName, letters(kPiece),
        longName + "=" + letters(kPiece - 1 - 32) + "\n"},
+      {"a zero byte in another line", "a\0b\nc=1\n"s, "x", "9", "a\0b\nc=1\nx=9\n"s},
+      {"zero bytes at the end", "a=1\n\0b\0"s, "x", "9", "a=1\n\0b\0\nx=9\n"s},
+      {"a zero byte in a long line", "\0"s + letters(5000) + "\0\nb=1\n"s, "b", "9",
+       "\0"s + letters(5000) + "\0\nb=9\n"s},
+      {"a zero byte in the old value", "x=1\02\nb=1\n"s, "x", "9", "x=9\nb=1\n"},
+      {"a name behind a zero byte", "a\0x=1\nx=2\n"s, "x", "9", "a\0x=1\nx=9\n"s},
   };
   for (const auto &c : cases) {
     SCOPED_TRACE(c.about);
@@ -117,6 +125,8 @@ TEST_F(PmUbusConfigDeleteitem, BlanksEveryMatchingLineAndKeepsTheRest) {
       {"the last line without line feed", "a=1\nb=2", "b", "a=1\n\n"},
       {"one piece of a long line", letters(kPiece) + "x=1\nb=2\n", "x",
        letters(kPiece) + "\nb=2\n"},
+      {"a zero byte in another line", "a\0b\nc=1\n"s, "c", "a\0b\n\n"s},
+      {"zero bytes at the end", "a=1\nb\0c"s, "a", "\nb\0c"s},
   };
   for (const auto &c : cases) {
     SCOPED_TRACE(c.about);
@@ -391,6 +401,19 @@ TEST_F(ItemStoreRewrite, AStoreThatCannotBeReadToItsEndGetsNoNewItem) {
   const std::string printed = printedBy([] { EXPECT_EQ(add("x", "1"), -1); });
   EXPECT_THAT(printed, ::testing::Not(::testing::HasSubstr("new item")));
   EXPECT_EQ(content(), letters(9000));
+}
+
+TEST_F(ItemStoreRewrite, AStoreOfUnknownLengthStaysAsItIs) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const std::string place = files().map(kPath);
+  ASSERT_EQ(symlink(("/proc/self/fd/" + std::to_string(ends[0])).c_str(), place.c_str()), 0);
+  ASSERT_EQ(write(ends[1], "x=1\na\0b\n", 8), 8);
+  close(ends[1]);
+  EXPECT_EQ(add("x", "2"), -1);
+  EXPECT_TRUE(std::filesystem::is_symlink(place));
+  EXPECT_FALSE(temporaryExists());
+  close(ends[0]);
 }
 
 TEST_F(ItemStoreRewrite, AFailedRenameLeavesTheWholeStoreInTheTemporaryFile) {
