@@ -109,7 +109,8 @@ void writeTask(const TimerTask &task, const Row &entry) {
   }
   days.resize(kWeekdays * sizeof(uint32_t));
   entry.setBytes(TimerEntry::weekdays, days);
-  entry.setWord(TimerEntry::weekdayCount, static_cast<uint32_t>(task.weekdays.size()));
+  entry.setWord(TimerEntry::weekdayCount,
+                task.countedDays.value_or(static_cast<uint32_t>(task.weekdays.size())));
   entry.setByte(TimerEntry::edge, static_cast<uint8_t>(task.edge));
   entry.setByte(TimerEntry::enable, static_cast<uint8_t>(task.enable));
   entry.setWord(TimerEntry::taskId, static_cast<uint32_t>(task.taskId));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ struct TimerTask {
   uint32_t enable = 0;
   int64_t taskId = 0;
   int64_t index = 0;
+  /// What a listing says of the number of weekdays, where it is not the truth.
+  std::optional<uint32_t> countedDays = {};
 
   bool operator==(const TimerTask &) const = default;
 };

@@ -65,7 +65,7 @@ uint32_t entryCount(const ControlBuffer &control) {
 /// Takes one entry out of a service's answer, its day count bounded.
 void loadEntry(const ControlBuffer &control, uint32_t position, EntryBuffer &entry) {
   memcpy(entry.bytes, control.get(control.entries) + position * entry.kSize, entry.kSize);
-  if (entry.get(entry.weekdayCount) > kWeekdays) entry.put(entry.weekdayCount, kWeekdays);
+  entry.put(entry.weekdayCount, clampCount(entry.get(entry.weekdayCount), kWeekdays));
 }
 
 int32_t sendEntry(ServiceCall set, const EntryBuffer &entry, Operation operation,
@@ -90,7 +90,7 @@ uint32_t secondsOf(const char *text) {
   return minutes * 60;
 }
 
-/// The days are added, not or-ed: a day that stands twice carries into the next one.
+/// A repeated day counts twice and thereby turns into the next one.
 uint32_t maskOf(const EntryBuffer &entry) {
   uint32_t mask = 0;
   for (uint32_t i = 0; i < entry.get(entry.weekdayCount); ++i) {
@@ -153,10 +153,9 @@ int32_t readSchedules(const LogOrigin &origin, ControlBuffer &control) {
   return readService(origin, "pm_wlan_ex_control_get", getSchedules, control);
 }
 
-/// Lists at most `capacity` tasks. The lines are the listing handler's, whoever asks.
-int32_t listTasks(UbusWifiTimer *records, int32_t capacity, int32_t *count) {
-  const LogOrigin origin{kSourceTag, "pm_ubus_nexumd_wifi_timer_list"};
-  PM_LOG_FOR(origin, kInfo, 0, "now in %s\n", origin.function);
+/// Lists at most `capacity` tasks.
+int32_t listTasks(const LogOrigin &origin, UbusWifiTimer *records, int32_t capacity,
+                  int32_t *count) {
   int32_t written = 0;
   EntryBuffer entry;
   {
@@ -181,9 +180,11 @@ int32_t listTasks(UbusWifiTimer *records, int32_t capacity, int32_t *count) {
 }
 
 void deleteSameTask(const LogOrigin &origin, int32_t taskId) {
+  constexpr LogOrigin kListing{kSourceTag, "pm_ubus_nexumd_wifi_timer_list"};
+  PM_LOG_FOR(kListing, kInfo, 0, "now in %s\n", kListing.function);
   UbusWifiTimer tasks[kReplaceableTasks] = {};
   int32_t count = 0;
-  if (listTasks(tasks, kReplaceableTasks, &count) != kOk) return;
+  if (listTasks(kListing, tasks, kReplaceableTasks, &count) != kOk) return;
   for (int32_t i = 0; i < count; ++i) {
     if (tasks[i].taskId != taskId) continue;
     pm_ubus_nexumd_wifi_timer_del(taskId);
@@ -284,9 +285,10 @@ int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId) {
 }
 
 int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count) {
+  PM_ENTER();
   if (records == nullptr || count == nullptr) {
     PM_FAIL(0, "%s para is null", __func__);
     return kFailure;
   }
-  return listTasks(records, INT_MAX, count);
+  return listTasks(PM_ORIGIN, records, INT_MAX, count);
 }

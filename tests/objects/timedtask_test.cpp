@@ -14,7 +14,7 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 constexpr UbusWifiTimer kWakeUp = {7, 1, 0x3E, 1, 6 * 3600 + 30 * 60, 0, 0};
-constexpr UbusWifiTimer kSchedule = {8, 1, 0x41, 2, 22 * 3600, 86400 + 7 * 3600, 5};
+constexpr UbusWifiTimer kSchedule = {8, 257, 0x41, 2, 22 * 3600, 86400 + 7 * 3600, 5};
 
 class TimedTaskTest : public GatewayTest {
  protected:
@@ -43,7 +43,9 @@ TEST_F(TimedTaskTest, TasksReadBackAsTheyWereAdded) {
   ASSERT_THAT(timers().schedules, SizeIs(2));
   EXPECT_EQ(timers().schedules[0].time, "22:00");
   EXPECT_EQ(timers().schedules[1].time, "07:00");
+  EXPECT_EQ(timers().schedules[0].edge, 0u);
   EXPECT_EQ(timers().schedules[1].edge, 1u);
+  EXPECT_EQ(timers().schedules[1].enable, 1u) << "the platform keeps one byte of it";
   EXPECT_THAT(timers().schedules[1].weekdays, ElementsAre(6, 7));
 
   const auto tasks = list();
@@ -55,8 +57,15 @@ TEST_F(TimedTaskTest, TasksReadBackAsTheyWereAdded) {
   EXPECT_EQ(tasks[1].weekMask, 0x41u);
   EXPECT_EQ(tasks[1].timeOffset2, 7u * 3600);
   EXPECT_EQ(tasks[1].index, 5);
-  EXPECT_THAT(logs(), HasLog(5, "timeOffset:23400 = Time:06:30 \n"));
-  EXPECT_THAT(logs(), HasLog(5, "timeOffset2:111600 = Time:07:00 \n"));
+  EXPECT_EQ(tasks[1].taskId, 8);
+  for (const char *line :
+       {"now in pm_ubus_nexumd_wifi_timer_add\n", "TaskId:7\n", "set Enable:1\n",
+        "timeOffset:23400 = Time:06:30 \n", "TaskId:8\n", "Enable:257\n",
+        "timeOffset:79200 = Time:22:00 \n", "index:5\n", "timeOffset2:111600 = Time:07:00 \n"}) {
+    EXPECT_THAT(logs(), HasLogLine({5, "pm_ubus_nexumd_wifi_timer_add", line}));
+  }
+  EXPECT_THAT(logs(), HasLog(5, "weekday_out->Weekday[4]=5\n"));
+  EXPECT_THAT(logs(), HasLog(5, "weekday_out->nCnt=2\n"));
 }
 
 TEST_F(TimedTaskTest, TimesAreKeptInWholeMinutesOfOneDay) {
@@ -94,9 +103,23 @@ TEST_F(TimedTaskTest, WeekMaskBecomesDaysWithSundayLast) {
   EXPECT_EQ(full.nCnt, 8u) << "days are appended while there is room";
 }
 
-TEST_F(TimedTaskTest, RepeatedDaysCarryIntoTheNextBit) {
-  put(timers().wakeUps, 1, "08:00", {1, 1, 7, 7});
-  EXPECT_EQ(list().at(0).weekMask, 4u + 2u);
+TEST_F(TimedTaskTest, DaysAreAddedUpAsFarAsThereAreEightOfTheWeek) {
+  const struct {
+    std::vector<uint32_t> days;
+    std::optional<uint32_t> counted;
+    uint32_t mask;
+  } cases[] = {
+      {{1, 1, 7, 7}, {}, 4 + 2},
+      {{0, 8, 3, UINT32_MAX}, {}, 8},
+      {{1, 2, 3, 4, 5, 6, 7, 7}, {}, 0x7F + 1},
+      // Behind the days stand their number, the switches, and a taskId that would do as a day.
+      {{2, 2, 2, 2, 2, 2, 2, 2}, 20, 32},
+      {{2, 2}, UINT32_MAX, 0},
+  };
+  for (const auto &one : cases) {
+    timers().wakeUps = {{"08:00", one.days, 0, 1, 5, 0, one.counted}};
+    EXPECT_EQ(list().at(0).weekMask, one.mask);
+  }
 }
 
 TEST_F(TimedTaskTest, SameIdIsReplacedWhateverItsAction) {
@@ -117,6 +140,7 @@ TEST_F(TimedTaskTest, SameIdIsReplacedWhateverItsAction) {
   EXPECT_THAT(timers().wakeUps, SizeIs(1)) << "the old task is gone all the same";
   EXPECT_THAT(logs(), HasLog(4, "pm_ubus_wifi_timer_add can't match Action 1 or 2!\n"));
   EXPECT_EQ(pm_ubus_nexumd_wifi_timer_add(nullptr), -10);
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_nexumd_wifi_timer_add", "buff is NULL\n"}));
 }
 
 TEST_F(TimedTaskTest, FullServicesNeitherOverrunNorLoseTasks) {
@@ -130,6 +154,41 @@ TEST_F(TimedTaskTest, FullServicesNeitherOverrunNorLoseTasks) {
   UbusWifiTimer replaced = kWakeUp;
   replaced.taskId = 131;
   EXPECT_EQ(pm_ubus_nexumd_wifi_timer_add(&replaced), 0) << "the last one that a replacement sees";
+}
+
+TEST_F(TimedTaskTest, ServicesMayCountWhatTheyDoNotHold) {
+  put(timers().wakeUps, 7, "01:00");
+  for (const auto &[counted, listed] : {std::pair(-1, 0u), {91, 90u}, {94, 90u}, {1000, 90u}}) {
+    fail(Fault{.call = "pm_app_wake_up_control_get", .times = 1, .count = counted});
+    EXPECT_THAT(list(), SizeIs(listed)) << counted;
+  }
+  fail(Fault{.call = "pm_app_wake_up_control_get", .times = 1, .count = -1});
+  EXPECT_EQ(pm_ubus_nexumd_wifi_timer_del(7), 0);
+  EXPECT_THAT(timers().wakeUps, SizeIs(1));
+  for (const char *time : {"01:00", "02:00", "03:00"}) put(timers().schedules, 8, time);
+  EXPECT_THAT(list(), SizeIs(2)) << "a start without an end is no task";
+}
+
+TEST_F(TimedTaskTest, IndexBelongsToSchedulesOnly) {
+  timers().wakeUps = {{"01:00", {1}, 0, 1, 7, 3}};
+  timers().schedules = {{"02:00", {1}, 1, 0, 8, 3}};
+  EXPECT_EQ(list().at(0).index, 3);
+  EXPECT_EQ(pm_ubus_nexumd_wifi_timer_del(7), -1) << "no entry without the index";
+  timers().wakeUps.clear();
+  EXPECT_EQ(pm_ubus_nexumd_wifi_timer_del(8), 0);
+  EXPECT_THAT(timers().schedules, IsEmpty());
+}
+
+TEST_F(TimedTaskTest, TaskIsAddedBesideItsNamesakeWhenTasksCannotBeListed) {
+  for (const char *call : {"pm_app_wake_up_control_get", "pm_wlan_ex_control_get"}) {
+    fail(call, "", -5, 1, 1);
+    EXPECT_EQ(pm_ubus_nexumd_wifi_timer_add(&kWakeUp), 0);
+    EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_nexumd_wifi_timer_list",
+                                    std::string(call) + " error\n", -5}));
+  }
+  EXPECT_THAT(timers().wakeUps, SizeIs(2));
+  EXPECT_THAT(logs(), HasLogLine({5, "pm_ubus_nexumd_wifi_timer_list",
+                                  "now in pm_ubus_nexumd_wifi_timer_list\n"}));
 }
 
 TEST_F(TimedTaskTest, OddTextsOfThePlatformAreRead) {
@@ -166,7 +225,12 @@ TEST_F(TimedTaskTest, FailuresKeepTheirCodes) {
   fail("pm_wlan_ex_control_set", "", -8, 2, 1);
   EXPECT_EQ(pm_ubus_nexumd_wifi_timer_add(&kSchedule), -8);
   EXPECT_THAT(timers().schedules, SizeIs(1)) << "the start stays";
+  forgetCalls();
   EXPECT_EQ(pm_ubus_nexumd_wifi_timer_list(nullptr, &count), -1);
+  EXPECT_EQ(pm_ubus_nexumd_wifi_timer_list(records.data(), nullptr), -1);
+  EXPECT_EQ(logs()[0].text, "now in pm_ubus_nexumd_wifi_timer_list\n");
+  EXPECT_THAT(logs(), HasLog(4, "pm_ubus_nexumd_wifi_timer_list para is null"));
+  EXPECT_THAT(trace(), IsEmpty());
 }
 
 TEST_F(TimedTaskTest, SweepOfFaults) {
