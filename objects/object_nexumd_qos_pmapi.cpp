@@ -21,10 +21,18 @@ namespace {
 constexpr uint32_t kCapacity = 30;
 using RuleTable = InstanceTable<kCapacity>;
 
-uint32_t addressOf(const char *text) {
-  uint32_t address = 0;
+/// A text that is no address leaves what the rule before had.
+void setAddress(RuleBuffer &rule, platform::Word field, const char *text) {
+  uint32_t address = rule.get(field);
   StrToIP(text, &address);
-  return address;
+  rule.set(field, address);
+}
+
+void setMac(RuleBuffer &rule, platform::Mac field, const char *text) {
+  uint8_t mac[6];
+  memcpy(mac, rule.get(field), sizeof mac);
+  StrToMAC(text, mac);
+  rule.set(field, mac);
 }
 
 uint32_t numberOf(const char *text) {
@@ -41,17 +49,13 @@ void fillRule(RuleBuffer &rule, uint32_t qosCommon, const UbusQosRule &asked) {
   rule.set(rule.param3, static_cast<uint32_t>(asked.param3));
   rule.set(rule.writtenParam4, static_cast<uint32_t>(asked.param4));
   rule.set(rule.param5, static_cast<uint32_t>(asked.param5));
-  rule.set(rule.ip1, addressOf(asked.ip1));
+  setAddress(rule, rule.ip1, asked.ip1);
   rule.set(rule.port1, numberOf(asked.port1));
-  rule.set(rule.ip2, addressOf(asked.ip2));
+  setAddress(rule, rule.ip2, asked.ip2);
   rule.set(rule.port2, numberOf(asked.port2));
   rule.set(rule.label, asked.label);
-  uint8_t mac[6] = {};
-  StrToMAC(asked.mac1, mac);
-  rule.set(rule.mac1, mac);
-  memset(mac, 0, sizeof mac);
-  StrToMAC(asked.mac2, mac);
-  rule.set(rule.mac2, mac);
+  setMac(rule, rule.mac1, asked.mac1);
+  setMac(rule, rule.mac2, asked.mac2);
 }
 
 void reportRule(RuleView &rule, UbusQosRule &reported) {
@@ -87,7 +91,8 @@ int32_t pm_ubus_nexumd_qos_set(const UbusQos *record) {
     return kFailure;
   }
   RuleBuffer rule;
-  for (uint32_t i = 0; i < record->count; ++i) {
+  const uint32_t count = clampCount(record->count, kCapacity);
+  for (uint32_t i = 0; i < count; ++i) {
     fillRule(rule, record->qosCommon, record->rules[i]);
     PM_LOG(kInfo, " paraseOK before pm_ubus_nexumd ");
     char identity[PLATFORM_INSTANCE_SIZE] = {};

@@ -93,15 +93,39 @@ TEST_F(QosTest, LabelsHoldThirtyTwoCharactersAndALongerOneSpoilsTheRulesBehindIt
   EXPECT_EQ(std::string(record()->rules[0].label, 32), full);
 }
 
-TEST_F(QosTest, TextsThatAreNoNumbersOrAddressesCountAsZero) {
-  UbusQosRule &rule = ask(0, "odd");
-  std::strcpy(rule.ip1, "not an address");
-  std::strcpy(rule.port1, "http");
-  std::strcpy(rule.mac1, "xx");
+TEST_F(QosTest, TextsThatAreNoAddressesLeaveWhatTheRuleBeforeHad) {
+  const auto askOddly = [this](uint32_t index) {
+    UbusQosRule &rule = ask(index, "odd");
+    for (char *text : {rule.ip1, rule.ip2}) std::strcpy(text, "not an address");
+    for (char *text : {rule.port1, rule.port2}) std::strcpy(text, "http");
+    for (char *text : {rule.mac1, rule.mac2}) std::strcpy(text, "xx");
+  };
+  askOddly(0);
+  ask(1, "even");
+  askOddly(2);
   EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
-  EXPECT_EQ(stored(0).word(QosClassificationView::ip1), 0u);
-  EXPECT_EQ(stored(0).word(QosClassificationView::port1), 0u);
-  EXPECT_EQ(stored(0).mac(QosClassificationView::mac1), MacAddress{});
+  for (const auto &field : {QosClassificationView::ip1, QosClassificationView::ip2}) {
+    EXPECT_EQ(stored(0).word(field), 0u);
+    EXPECT_NE(stored(1).word(field), 0u);
+    EXPECT_EQ(stored(2).word(field), stored(1).word(field));
+  }
+  for (const auto &field : {QosClassificationView::mac1, QosClassificationView::mac2}) {
+    EXPECT_EQ(stored(0).mac(field), MacAddress{});
+    EXPECT_NE(stored(1).mac(field), MacAddress{});
+    EXPECT_EQ(stored(2).mac(field), stored(1).mac(field));
+  }
+  for (const auto &field : {QosClassificationView::port1, QosClassificationView::port2}) {
+    EXPECT_EQ(stored(2).word(field), 0u) << "ports are read anew";
+  }
+}
+
+TEST_F(QosTest, AtMostThirtyRulesAreSent) {
+  for (const auto &[count, sent] : {std::pair(30u, 30u), {31u, 30u}, {UINT32_MAX, 0u}}) {
+    forgetCalls();
+    record()->count = count;
+    EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
+    EXPECT_THAT(trace("pm_qos_qc_set_config"), SizeIs(sent)) << count;
+  }
 }
 
 TEST_F(QosTest, RuleThatCannotBeReadLeavesItsSlot) {
