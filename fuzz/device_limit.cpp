@@ -29,6 +29,7 @@ constexpr size_t kMostInput = 600;
 constexpr size_t kLongestUrls = sizeof(UbusDeviceLimit::LimitUrl);
 constexpr size_t kKeywordPlace = 10;
 constexpr size_t kWords = 13;
+constexpr size_t kLongestCommand = 255;
 
 void require(bool held, const std::string &what) {
   if (held) return;
@@ -62,18 +63,10 @@ void collectKeywords(const UbusDeviceLimit &limit, std::set<std::string> *keywor
   for (std::string keyword; std::getline(list, keyword, ',');) keywords->insert(keyword);
 }
 
-size_t blankSeparatedWords(const std::string &line) {
-  std::istringstream words(line);
-  size_t count = 0;
-  for (std::string word; words >> word;) ++count;
-  return count;
-}
-
 void checkCommand(const std::string &line, const std::set<std::string> &keywords) {
   const auto words = gateway::splitCommandLine(line);
   if (!words) {
-    // Its closing quote is cut off: no blank may be left that could begin an argument.
-    require(blankSeparatedWords(line) == kKeywordPlace + 1, "a cut keyword is one word: " + line);
+    require(line.size() == kLongestCommand, "only a cut command lacks its closing quote: " + line);
     return;
   }
   require(words->size() <= kWords && words->size() > kKeywordPlace,

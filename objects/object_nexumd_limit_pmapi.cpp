@@ -113,15 +113,9 @@ bool holdsAnyOf(std::string_view text, const char *unwanted) {
 }
 
 /// Keywords are written by others, and a command line is read by a shell or by something like it.
-/// Between the quotes only what ends or expands a quoted text is unsafe. When the command is cut
-/// inside the keyword, its closing quote is missing, and how the rest is read is anybody's choice:
-/// then the keyword must be one plain word without any quotes, too.
-bool isSafeKeyword(std::string_view keyword, const char *mac) {
-  constexpr size_t kAroundMacAndKeyword =
-      sizeof "ip6tables -A ubusfilter -m mac --mac-source  -m urlfilter --urlkey \"\"" - 1;
-  if (holdsAnyOf(keyword, "\"\\$`")) return false;
-  const size_t quotedEnd = kAroundMacAndKeyword + strnlen(mac, kMacTextSize - 1) + keyword.size();
-  return quotedEnd < kCommandSize || !holdsAnyOf(keyword, " '!#&()*;<>?[]{|}~");
+/// Between the quotes only what ends or expands a quoted text is unsafe.
+bool isSafeKeyword(std::string_view keyword) {
+  return !holdsAnyOf(keyword, "\"\\$`");
 }
 
 int32_t runRule(const char *program, const char *operation, const char *mac,
@@ -139,7 +133,7 @@ void runRules(const LmtUrlCfg &config, const char *operation) {
   const char *rest = config.LimitURL;
   std::string_view keyword;
   while (nextListItem(rest, keyword)) {
-    if (!isSafeKeyword(keyword, config.mac)) {
+    if (!isSafeKeyword(keyword)) {
       PM_LOG_FOR(kOrigin, kError, 0, "[%s] url keyword %.*s is refused\n", kName,
                  static_cast<int>(keyword.size()), keyword.data());
       continue;

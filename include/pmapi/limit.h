@@ -99,11 +99,11 @@ PMAPI_EXPORT int32_t si_ubus_devLimit_register_timepolicy(uint32_t lmtMode, uint
 
 /**
  * Runs iptables and ip6tables once per URL keyword on the chain "ubusfilter", which must exist.
- * Commands are cut at 255 characters. Keywords that hold a double quote, backslash, dollar sign,
- * backquote or control character are logged and passed over; so are those whose command would lose
- * its closing quote when they hold a blank or any other character that shells read in their own
- * way outside quotes. Results of the programs are only logged.
- * @param config MAC and keywords; LimitURL is consumed: split in place at ",". NULL is logged
+ * Commands are cut at 255 characters; one that loses the quote behind its keyword by that is run
+ * all the same. Keywords that hold a double quote, backslash, dollar sign, backquote or control
+ * character are logged and passed over. Results of the programs are only logged.
+ * @param config MAC and keywords, each with a zero inside its field; LimitURL is consumed: split in
+ *   place at ",". NULL is logged
  * @param operation "-I", "-A" or "-D"; any other text does nothing
  */
 PMAPI_EXPORT void si_ubus_lmturl_command(LmtUrlCfg *config, const char *operation);
