@@ -73,13 +73,12 @@ DevLmtCfg *findLimit(const uint8_t mac[6], ListLink *&before) {
   return node;
 }
 
-/// The first node whose MAC text begins with the same `compared` characters. The field is padded
-/// with zeros, so it need not be compared character by character.
+/// The first node whose MAC text begins with the same `compared` characters.
 LmtUrlCfg *findUrls(const char *mac, size_t compared) {
   const ListLink *link = &g_ubus_lmtUrl_list;
   LmtUrlCfg *node;
   while ((node = nodeBehind<LmtUrlCfg>(&g_ubus_lmtUrl_list, link)) != nullptr) {
-    if (memcmp(node->mac, mac, compared) == 0) break;
+    if (strncmp(node->mac, mac, compared) == 0) break;
     link = &node->link;
   }
   return node;
@@ -227,6 +226,7 @@ bool openTimePolicy(const LogOrigin &origin, const PolicyTable &found, uint32_t 
       PM_LOG_FOR(origin, kError, status, "[%s]  vcorDbSetView error\n", origin.function);
       return false;
     }
+    identity.text[sizeof identity.text - 1] = '\0';
     policy.set(policy.instance, instance);
     policy.set(policy.setting132, 0);
     policy.set(policy.setting260, 1);
