@@ -53,6 +53,16 @@ int32_t setSchedule(void *request, void *control) {
   return pm_wlan_ex_control_set(request, control);
 }
 
+struct TimerService {
+  const char *getName;
+  ServiceCall get;
+  ServiceCall set;
+  bool hasIndex;
+};
+
+constexpr TimerService kWakeUps{"pm_app_wake_up_control_get", getWakeUps, setWakeUp, false};
+constexpr TimerService kSchedules{"pm_wlan_ex_control_get", getSchedules, setSchedule, true};
+
 int32_t call(ServiceCall service, ControlBuffer &control) {
   uint8_t request[kRequestSize] = {};
   return service(request, control.bytes);
@@ -68,12 +78,12 @@ void loadEntry(const ControlBuffer &control, uint32_t position, EntryBuffer &ent
   entry.put(entry.weekdayCount, clampCount(entry.get(entry.weekdayCount), kWeekdays));
 }
 
-int32_t sendEntry(ServiceCall set, const EntryBuffer &entry, Operation operation,
+int32_t sendEntry(const TimerService &service, const EntryBuffer &entry, Operation operation,
                   ControlBuffer &control) {
   control.set(control.entryCount, 1);
   memcpy(control.bytes + control.entries.offset, entry.bytes, entry.kSize);
   control.set(control.operation, operation);
-  return call(set, control);
+  return call(service.set, control);
 }
 
 void printTime(uint32_t seconds, char (&text)[kTimeSize]) {
@@ -137,20 +147,11 @@ void si_deal_num_conv_weekday(uint32_t weekMask, WeekdayList *out) {
 
 namespace {
 
-int32_t readService(const LogOrigin &origin, const char *name, ServiceCall get,
-                    ControlBuffer &control) {
-  const int32_t status = call(get, control);
+int32_t readService(const LogOrigin &origin, const TimerService &service, ControlBuffer &control) {
+  const int32_t status = call(service.get, control);
   if (status == kOk) return kOk;
-  PM_LOG_FOR(origin, kError, status, "%s error\n", name);
+  PM_LOG_FOR(origin, kError, status, "%s error\n", service.getName);
   return kServiceUnreadable;
-}
-
-int32_t readWakeUps(const LogOrigin &origin, ControlBuffer &control) {
-  return readService(origin, "pm_app_wake_up_control_get", getWakeUps, control);
-}
-
-int32_t readSchedules(const LogOrigin &origin, ControlBuffer &control) {
-  return readService(origin, "pm_wlan_ex_control_get", getSchedules, control);
 }
 
 /// Lists at most `capacity` tasks.
@@ -160,14 +161,15 @@ int32_t listTasks(const LogOrigin &origin, UbusWifiTimer *records, int32_t capac
   EntryBuffer entry;
   {
     ControlBuffer wakeUps;
-    if (const int32_t status = readWakeUps(origin, wakeUps); status != kOk) return status;
+    if (const int32_t status = readService(origin, kWakeUps, wakeUps); status != kOk) return status;
     for (uint32_t i = 0; i < entryCount(wakeUps) && written < capacity; ++i) {
       loadEntry(wakeUps, i, entry);
       reportEntry(entry, kWakeUp, records[written++]);
     }
   }
   ControlBuffer schedules;
-  if (const int32_t status = readSchedules(origin, schedules); status != kOk) return status;
+  if (const int32_t status = readService(origin, kSchedules, schedules); status != kOk)
+    return status;
   for (uint32_t i = 0; i + 1 < entryCount(schedules) && written < capacity; i += 2) {
     UbusWifiTimer &task = records[written++];
     loadEntry(schedules, i, entry);
@@ -192,9 +194,9 @@ void deleteSameTask(const LogOrigin &origin, int32_t taskId) {
   }
 }
 
-int32_t addEntry(const LogOrigin &origin, ServiceCall set, const EntryBuffer &entry) {
+int32_t addEntry(const LogOrigin &origin, const TimerService &service, const EntryBuffer &entry) {
   ControlBuffer control;
-  const int32_t status = sendEntry(set, entry, kAddEntry, control);
+  const int32_t status = sendEntry(service, entry, kAddEntry, control);
   if (status == kOk) return kOk;
   PM_LOG_FOR(origin, kError, status, "iRet = %d,Reason:%s\n", status,
              control.text(control.failureReason));
@@ -210,7 +212,7 @@ int32_t addWakeUp(const LogOrigin &origin, const UbusWifiTimer &task) {
   PM_LOG_FOR(origin, kInfo, 0, "TaskId:%d\n", task.taskId);
   PM_LOG_FOR(origin, kInfo, 0, "set Enable:%d\n", task.enable);
   PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
-  return addEntry(origin, setWakeUp, entry);
+  return addEntry(origin, kWakeUps, entry);
 }
 
 int32_t addSchedule(const LogOrigin &origin, const UbusWifiTimer &task) {
@@ -223,26 +225,27 @@ int32_t addSchedule(const LogOrigin &origin, const UbusWifiTimer &task) {
   PM_LOG_FOR(origin, kInfo, 0, "Enable:%d\n", task.enable);
   PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
   PM_LOG_FOR(origin, kInfo, 0, "index:%d\n", task.index);
-  if (const int32_t status = addEntry(origin, setSchedule, entry); status != kOk) {
+  if (const int32_t status = addEntry(origin, kSchedules, entry); status != kOk) {
     return status;
   }
   printTime(task.timeOffset2, time);
   entry.put(entry.time, time);
   entry.put(entry.edge, kEnd);
   PM_LOG_FOR(origin, kInfo, 0, "timeOffset2:%d = Time:%s \n", task.timeOffset2, time);
-  return addEntry(origin, setSchedule, entry);
+  return addEntry(origin, kSchedules, entry);
 }
 
-/// Deletes every entry of the task from one service. The wake-up service knows no index.
-int32_t deleteEntries(const LogOrigin &origin, const ControlBuffer &held, ServiceCall set,
-                      int32_t taskId, bool hasIndex) {
+/// Deletes every entry of the task from one service.
+int32_t deleteEntries(const LogOrigin &origin, const TimerService &service, int32_t taskId) {
+  ControlBuffer held;
+  if (const int32_t status = readService(origin, service, held); status != kOk) return status;
   for (uint32_t i = 0; i < entryCount(held); ++i) {
     EntryBuffer entry;
     loadEntry(held, i, entry);
     if (entry.getSigned(entry.taskId) != taskId) continue;
-    if (!hasIndex) entry.put(entry.index, 0);
+    if (!service.hasIndex) entry.put(entry.index, 0);
     ControlBuffer control;
-    if (const int32_t status = sendEntry(set, entry, kDeleteEntry, control); status != kOk) {
+    if (const int32_t status = sendEntry(service, entry, kDeleteEntry, control); status != kOk) {
       PM_LOG_FOR(origin, kError, status, "delete taskid error!\n");
       return kFailure;
     }
@@ -272,16 +275,8 @@ int32_t pm_ubus_nexumd_wifi_timer_add(const UbusWifiTimer *record) {
 
 int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId) {
   PM_ENTER();
-  {
-    ControlBuffer wakeUps;
-    if (const int32_t status = readWakeUps(PM_ORIGIN, wakeUps); status != kOk) return status;
-    if (deleteEntries(PM_ORIGIN, wakeUps, setWakeUp, taskId, false) != kOk) {
-      return kFailure;
-    }
-  }
-  ControlBuffer schedules;
-  if (const int32_t status = readSchedules(PM_ORIGIN, schedules); status != kOk) return status;
-  return deleteEntries(PM_ORIGIN, schedules, setSchedule, taskId, true);
+  const int32_t status = deleteEntries(PM_ORIGIN, kWakeUps, taskId);
+  return status != kOk ? status : deleteEntries(PM_ORIGIN, kSchedules, taskId);
 }
 
 int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count) {
