@@ -1,11 +1,11 @@
 // Registers what to measure. A case is one handler beside its floor:
 //
 //   const bench::Cases cases{{
-//       .name = "ubus_getDeviceSn",
+//       .name = "roaming: get",
 //       .platform = [](uint32_t) {
-//         bench::viewAnswer(DBVIEW_DEVICE_INFO).set(platform::DeviceInfoView::serialNumber, "S1");
+//         answerTo<pm_wlan_get_wifibandsteering>.set(WlanBandSteeringRecord::lowRssi24G, 75);
 //       },
-//       .handler = [](uint32_t) { ubus_getDeviceSn(text); },
+//       .handler = [](uint32_t) { pm_ubus_roaming_get(&settings); },
 //   }};
 //
 // Buffers that the daemon owns are static: what a handler does not do, its figure must not hold.
@@ -44,5 +44,39 @@ class Cases {
  public:
   Cases(std::initializer_list<Case> cases);
 };
+
+/// A function of one small answer.
+struct Single {
+  const char *name;
+  void (*call)(uint32_t items);
+};
+
+/// They have a table of their own, behind the handlers'.
+class Singles {
+ public:
+  Singles(std::initializer_list<Case> cases);
+  /// All of them ask the same platform.
+  Singles(void (*platform)(uint32_t items), std::initializer_list<Single> singles);
+};
+
+/// Room for what any getter delivers, a view included.
+class Output {
+ public:
+  template <class T>
+  operator T *() {
+    return reinterpret_cast<T *>(bytes_);
+  }
+
+ private:
+  alignas(8) char bytes_[8192] = {};
+};
+
+inline Output output;
+
+/// Calls a getter that takes the selectors, if any, and where to put its answer.
+template <auto Getter, auto... Selectors>
+void get(uint32_t) {
+  Getter(Selectors..., output);
+}
 
 }  // namespace bench

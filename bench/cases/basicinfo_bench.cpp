@@ -5,6 +5,7 @@
 
 #include "bench/bench.hpp"
 #include "bench/platform/process.hpp"
+#include "platform/device.h"
 #include "platform/host.h"
 #include "platform/proxy.h"
 #include "platform/records/route_info.hpp"
@@ -20,19 +21,21 @@
 #include "pmapi/meshtopology.h"
 
 using bench::answerTo;
+using bench::get;
 using bench::viewAnswer;
 using namespace platform;
 
 namespace {
 
+constexpr char kWanInstance[] = "IGD.WD1.WCD1.WCPPP1";
 constexpr char kEmptyMesh[] = "{\"topology information\":[]}";
 
 BasicInfoRecord record;
-char text[128];
 char interfaceName[128];
 uint32_t ipv4;
 uint8_t ipv6[16];
 uint32_t mode;
+volatile int32_t versionCode;
 
 void identity(uint32_t) {
   viewAnswer(DBVIEW_DEVICE_INFO)
@@ -78,6 +81,7 @@ void gateway(uint32_t items) {
   answerTo<pm_upmode_info_get>.word(0, UP_MODE_ETHERNET);
   answerTo<pm_send_msg_2mm>.word(0, 2).length(4);
   answerTo<itoa>.text(0, "1");
+  answerTo<pm_get_version_config_type_int>.word(0, 7);
   bench::meshDump = kEmptyMesh;
 }
 
@@ -88,16 +92,14 @@ void emptyMesh(uint32_t) {
   free(topology);
 }
 
+void searchWan(uint32_t) {
+  ubus_get_router_ip_host_ipv46(&ipv4, ipv6, interfaceName, &mode);
+}
+
 const bench::Cases cases{
-    {.name = "basic information: serial number",
-     .platform = identity,
-     .before = [](uint32_t) { memset(text, 0, sizeof text); },
-     .handler = [](uint32_t) { ubus_getDeviceSn(text); }},
-    {.name = "basic information: capture interface set",
-     .handler = [](uint32_t) { ubus_setCaptureEth("ppp0"); }},
     {.name = "basic information: WAN search, idle links",
      .platform = wanWithoutInternet,
-     .handler = [](uint32_t) { ubus_get_router_ip_host_ipv46(&ipv4, ipv6, interfaceName, &mode); },
+     .handler = searchWan,
      .items = {1, 8, 32}},
     {.name = "basic information: all fields",
      .platform = gateway,
@@ -106,5 +108,33 @@ const bench::Cases cases{
      .besides = emptyMesh,
      .logsErrors = true},
 };
+
+const bench::Singles facts{
+    gateway,
+    {{"ubus_getProductToken", get<ubus_getProductToken>},
+     {"ubus_getDeviceType", get<ubus_getDeviceType>},
+     {"ubus_getdeviceVendor", get<ubus_getdeviceVendor>},
+     {"ubus_getDeviceModel", get<ubus_getDeviceModel>},
+     {"ubus_getDeviceSn", get<ubus_getDeviceSn>},
+     {"ubus_getCMEI", get<ubus_getCMEI>},
+     {"ubus_getSWVersion", get<ubus_getSWVersion>},
+     {"ubus_getFWVersion", get<ubus_getFWVersion>},
+     {"ubus_getAuthID", get<ubus_getAuthID>},
+     {"ubus_getDevKey", get<ubus_getDevKey>},
+     {"ubus_getCaptureEth", get<ubus_getCaptureEth>},
+     {"ubus_setCaptureEth", [](uint32_t) { ubus_setCaptureEth("ppp0"); }},
+     {"ubus_get_ifname_from_ifid", [](uint32_t) { ubus_get_ifname_from_ifid(kWanInstance); }},
+     {"ubus_getDeviceMac", get<ubus_getDeviceMac>},
+     {"ubus_getUplinkType", [](uint32_t) { ubus_getUplinkType(bench::output, 31); }},
+     {"ubus_getWorkingMode", get<ubus_getWorkingMode>},
+     {"ubus_getPPPOEUser", get<ubus_getPPPOEUser>},
+     {"ubus_getRadio5", [](uint32_t) { ubus_getRadio5(); }},
+     {"ubus_wlan_get_card_max", get<ubus_wlan_get_card_max>}}};
+
+/// Asked for once: by the time that it is measured the answer is there.
+const bench::Singles cached{{.name = "ubus_get_current_version_code",
+                             .platform = gateway,
+                             .handler = [](uint32_t) { ubus_get_current_version_code(); },
+                             .floor = [](uint32_t) { static_cast<void>(versionCode); }}};
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The item store on a file of 40 lines. The floors use stdio as anyone would, with the trace and
-// log lines that a call owes its readers.
+// The item store on a file of 40 lines, and the MAC filter's list, which lies in it. The floors use
+// stdio as anyone would, with the trace and log lines that a call owes its readers.
 #include <unistd.h>
 
 #include <cstdio>
@@ -8,32 +8,37 @@
 #include "bench/bench.hpp"
 #include "platform/logger.h"
 #include "pmapi/config.h"
+#include "pmapi/macfilter.h"
 
 namespace {
 
 constexpr char kPath[] = "nexumd_cfgfile";
 constexpr char kTemporaryPath[] = "nexumd_cfgfile.tmp";
+constexpr char kDaemonsPath[] = "root/userconfig/nexumd_cfgfile";
 constexpr char kItem[] = "if3_channel";
-constexpr char kLineOfItem[] = "if3_channel=36\n";
+constexpr char kBlackList[] = "MacFilter_BlackList";
 constexpr uint32_t kLines = 40;
 constexpr uint32_t kPlaceOfItem = 25;
 constexpr uint32_t kLineSize = 4096;
 
 alignas(UbusAddItem) char addItemBytes[sizeof(UbusAddItem) + 32];
+alignas(UbusMacFilter) char filterBytes[sizeof(UbusMacFilter) + 2048];
 char value[64];
 
 const UbusAddItem *addItem() {
   return reinterpret_cast<const UbusAddItem *>(addItemBytes);
 }
 
-void writeStore(uint32_t) {
-  strcpy(addItemBytes, kItem);
-  strcpy(addItemBytes + sizeof(UbusAddItem), "149");
-  FILE *store = fopen(kPath, "w");
+UbusMacFilter *filter() {
+  return reinterpret_cast<UbusMacFilter *>(filterBytes);
+}
+
+void writeLines(const char *path, const char *lineOfItem) {
+  FILE *store = fopen(path, "w");
   if (store == nullptr) return;
   for (uint32_t i = 1; i <= kLines; ++i) {
     if (i == kPlaceOfItem) {
-      fputs(kLineOfItem, store);
+      fputs(lineOfItem, store);
     } else {
       fprintf(store, "if5_setting%02u=value of setting %02u\n", i, i);
     }
@@ -41,19 +46,37 @@ void writeStore(uint32_t) {
   fclose(store);
 }
 
+void writeStore(uint32_t) {
+  strcpy(addItemBytes, kItem);
+  strcpy(addItemBytes + sizeof(UbusAddItem), "149");
+  writeLines(kPath, "if3_channel=36\n");
+}
+
+void writeFilterList(uint32_t) {
+  writeLines(kDaemonsPath, "MacFilter_BlackList=02a1b2c3d4e5/pad\n");
+}
+
 #define LOG(...) ProcUserLog("bench", __LINE__, __func__, LOG_LEVEL_INFO, 0, __VA_ARGS__)
 
-void scan(uint32_t) {
+void scan(const char *path, const char *item) {
   char line[kLineSize];
-  printf("%s %d  item:%s bufsize:%d\n", __func__, 107, kItem, 64);
-  FILE *store = fopen(kPath, "r");
+  printf("%s %d  item:%s bufsize:%d\n", __func__, 107, item, 64);
+  FILE *store = fopen(path, "r");
   if (store == nullptr) return;
   while (fgets(line, sizeof line, store) != nullptr) {
-    if (strstr(line, kItem) != nullptr) break;
+    if (strstr(line, item) != nullptr) break;
   }
   fclose(store);
+}
+
+void scanForItem(uint32_t) {
+  scan(kPath, kItem);
   memset(value, 0, sizeof value);
-  LOG("%s %d:item exist  %s = %s---\r\n", __func__, __LINE__, kItem, line);
+  LOG("%s %d:item exist  %s = %s---\r\n", __func__, __LINE__, kItem, "36");
+}
+
+void scanForList(uint32_t) {
+  scan("/userconfig/nexumd_cfgfile", kBlackList);
 }
 
 /// Copies the store line by line; `newLine` takes the place of the item's.
@@ -94,7 +117,7 @@ const bench::Cases cases{
     {.name = "item store: get, 40 lines",
      .before = writeStore,
      .handler = [](uint32_t) { pm_ubus_config_getitem(kItem, value, sizeof value, kPath); },
-     .floor = scan,
+     .floor = scanForItem,
      .limitPercent = 100},
     {.name = "item store: add, 40 lines",
      .before = writeStore,
@@ -106,6 +129,10 @@ const bench::Cases cases{
      .handler = [](uint32_t) { pm_ubus_config_deleteitem(kItem, kPath, kTemporaryPath); },
      .floor = blankLine,
      .limitPercent = 100},
+    {.name = "MAC filter: get, 40 lines",
+     .platform = writeFilterList,
+     .handler = [](uint32_t) { pm_ubus_get_mac_filter(filter()); },
+     .besides = scanForList},
 };
 
 }  // namespace

@@ -1,26 +1,31 @@
-// Hardware figures, and IPv6 switched on over PPPoE.
+// The gateway as a device: hardware, port, account, working mode, speed test.
 #include <cstring>
 
 #include "bench/bench.hpp"
 #include "platform/device.h"
 #include "platform/host.h"
+#include "platform/ports.h"
+#include "platform/proxy.h"
 #include "platform/records/cpu_info.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
-#include "pmapi/control.h"
+#include "platform/records/http_speed.hpp"
+#include "pmapi/detection.h"
 #include "pmapi/hardwareinfo.h"
+#include "pmapi/port.h"
+#include "pmapi/pppoe.h"
+#include "pmapi/workingmode.h"
 
 using bench::answerTo;
-using bench::viewAnswer;
-using platform::NetworkingDeviceView;
-using platform::WanPppConnectionView;
+using platform::HttpSpeedReply;
 
 namespace {
 
-constexpr uint32_t kRouterMode = 1;
-constexpr uint32_t kPpp = 2;
+const UbusWorkingMode routerMode{1, 1};
 
+alignas(UbusPppoe) char account[sizeof(UbusPppoe) + 68];
+alignas(HttpSpeedRequest) char speedTest[260];
 HardwareInfoRecord hardware;
+PortInfoRecord port;
+HttpSpeedResult speed;
 
 void figures(uint32_t) {
   const MemInfo memory{262144, 131072, 8192, 32768};
@@ -31,14 +36,20 @@ void figures(uint32_t) {
   answerTo<pm_srm_get_update_cpu_info>.set(platform::CpuInfoRecord::cpuUsage, 12);
 }
 
-void routerOnPpp(uint32_t) {
-  viewAnswer(DBVIEW_NETWORKING_DEV_INFO)
-      .set(NetworkingDeviceView::workingMode, kRouterMode)
-      .set(NetworkingDeviceView::accessMode, kPpp)
-      .set(NetworkingDeviceView::wanInstance, "IGD.WD1.WCD1.WCPPP1");
-  viewAnswer(DBVIEW_WAN_PPP_CONN)
-      .set(WanPppConnectionView::userName, "user@example.net")
-      .set(WanPppConnectionView::password, "secret");
+void describeAccount(uint32_t) {
+  strcpy(account, "user@example.net");
+  strcpy(account + sizeof(UbusPppoe), "secret");
+}
+
+void describeSpeedTest(uint32_t) {
+  strcpy(speedTest, "http://speed.example.net/100MB");
+}
+
+void finishedSpeedTest(uint32_t) {
+  bench::eventAnswer(CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT)
+      .set(HttpSpeedReply::state, "Completed")
+      .set(HttpSpeedReply::rate, 96 * 1024)
+      .length(HttpSpeedReply::rate.end());
 }
 
 const bench::Cases cases{
@@ -46,10 +57,22 @@ const bench::Cases cases{
      .platform = figures,
      .before = [](uint32_t) { memset(&hardware, 0, sizeof hardware); },
      .handler = [](uint32_t) { pm_ubus_get_hardware_info(&hardware); }},
-    {.name = "control: IPv6 on, PPP",
-     .platform = routerOnPpp,
-     .handler = [](uint32_t) { pm_ubus_ipv6enable_set(1); }},
-    {.name = "control: network lock", .handler = [](uint32_t) { pm_ubus_set_locknet(1); }},
+    {.name = "port: LAN port",
+     .before = [](uint32_t) { memset(&port, 0, sizeof port); },
+     .handler = [](uint32_t) { pm_ubus_get_portinfo(1, "IGD.LD1.ETH1", &port); }},
+    {.name = "PPPoE: account",
+     .platform = describeAccount,
+     .handler = [](uint32_t) { pm_ubus_pppoe_set(reinterpret_cast<const UbusPppoe *>(account)); }},
+    {.name = "working mode", .handler = [](uint32_t) { pm_ubus_workingmode_set(&routerMode); }},
+    {.name = "speed test: start",
+     .platform = describeSpeedTest,
+     .handler =
+         [](uint32_t) {
+           ubus_set_httpspeed_diagnostics(reinterpret_cast<const HttpSpeedRequest *>(speedTest));
+         }},
+    {.name = "speed test: result",
+     .platform = finishedSpeedTest,
+     .handler = [](uint32_t) { ubus_get_httpspeed_result(&speed); }},
 };
 
 }  // namespace

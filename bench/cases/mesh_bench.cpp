@@ -1,4 +1,5 @@
-// The mesh of three: what walking the topology adds to cJSON's own parse and delete of its text.
+// The mesh: what walking the topology adds to cJSON's own parse and delete of its text, and the two
+// settings.
 #include <cjson/cJSON.h>
 
 #include <cstdlib>
@@ -6,9 +7,12 @@
 
 #include "bench/bench.hpp"
 #include "bench/platform/process.hpp"
+#include "platform/multiap.h"
 #include "platform/views/easymesh.hpp"
+#include "pmapi/mesh_role.h"
 #include "pmapi/meshinfo.h"
 #include "pmapi/meshtopology.h"
+#include "pmapi/setmeshroam.h"
 
 namespace {
 
@@ -16,7 +20,12 @@ constexpr uint32_t kRadios = 2;
 constexpr uint32_t kBssPerRadio = 4;
 constexpr uint32_t kStationsPerBss = 1;
 
+const MeshRoleRecord controller{1};
+const MeshRoamRecord roamingOn{1};
+
 std::string dump;
+char dumped[8192];
+int32_t dumpLength;
 MeshTopologyRecord topology;
 MeshInfoRecord info;
 
@@ -82,12 +91,24 @@ void allocateAndParse(uint32_t items) {
   free(record);
 }
 
+/// The text is the caller's, who has zeroed it.
+void fetchTopology(uint32_t) {
+  void *control = mapd_interface_ctrl_open("/tmp/mapd_ctrl");
+  mapd_interface_get_topology(control, dumped, &dumpLength, "/tmp/dump.txt");
+  mapd_interface_ctrl_close(control);
+}
+
 const bench::Cases cases{
     {.name = "mesh: topology walk, 3 devices",
      .platform = meshOfThree,
      .handler = [](uint32_t) { pm_get_dumpbuf_info(dump.c_str(), nullptr, &topology); },
      .floor = parseAndDelete,
      .limitPercent = 110},
+    {.name = "mesh: topology text, 3 devices",
+     .platform = meshOfThree,
+     .before = [](uint32_t) { dumpLength = sizeof dumped; },
+     .handler = [](uint32_t) { MeshGetTopology(dumped, &dumpLength); },
+     .floor = fetchTopology},
     {.name = "mesh: topology, devices",
      .platform = meshOf,
      .handler = [](uint32_t) { pm_ubus_get_meshtopology(&topology); },
@@ -99,6 +120,13 @@ const bench::Cases cases{
      .handler = [](uint32_t) { pm_ubus_get_meshinfo(&info); },
      .besides = allocateAndParse,
      .logsErrors = true},
+    {.name = "mesh: role", .handler = [](uint32_t) { pm_ubus_meshrole_set(&controller); }},
+    {.name = "mesh: roaming", .handler = [](uint32_t) { pm_ubus_set_meshroam(&roamingOn); }},
 };
+
+const bench::Singles settings{
+    meshOfThree,
+    {{"ubus_getmeshRole", [](uint32_t) { ubus_getmeshRole(); }},
+     {"ubus_getroamingEnable", [](uint32_t) { ubus_getroamingEnable(); }}}};
 
 }  // namespace
