@@ -156,18 +156,20 @@ int32_t pm_bw_get_hard_stats(const char *instance, void *record) {
 
 int32_t ctSgw_ssend_to_proxy(uint32_t event, const void *request, uint32_t requestLength,
                              void *reply, uint16_t *replyLength) {
-  note<ctSgw_ssend_to_proxy>({*replyLength}, event, request, requestLength, reply, replyLength);
+  note<ctSgw_ssend_to_proxy>({requestLength, *replyLength}, event, request, requestLength, reply,
+                             replyLength);
   return giveReply(bench::eventAnswer(event), reply, replyLength);
 }
 int32_t pm_send_msg_2mm(const char *module, uint32_t messageClass, uint32_t messageId,
                         const void *request, uint32_t requestLength, uint32_t flags, void *reply,
                         uint16_t *replyLength) {
-  note<pm_send_msg_2mm>({*replyLength}, module, messageClass, messageId, request, requestLength,
-                        flags, reply, replyLength);
+  note<pm_send_msg_2mm>({requestLength, *replyLength}, module, messageClass, messageId, request,
+                        requestLength, flags, reply, replyLength);
   return giveReply(answerTo<pm_send_msg_2mm>, reply, replyLength);
 }
 int32_t ASEND(uint32_t messageId, const void *data, uint32_t length, const char *module) {
-  return plain<ASEND>(messageId, data, length, module);
+  note<ASEND>({length}, messageId, data, length, module);
+  return answerTo<ASEND>.give(nullptr);
 }
 int32_t ctSgw_wlanGetHostInfo(WlanHostTable *table) {
   return fillTyped<ctSgw_wlanGetHostInfo>(table, table);
