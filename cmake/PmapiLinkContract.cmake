@@ -7,7 +7,6 @@ function(pmapi_check_link_contract)
   add_test(NAME link_contract.library
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/scripts/link-contract.py $<TARGET_FILE:pmapi>
       --exports ${PROJECT_SOURCE_DIR}/cmake/exports.txt
-      --missing ${PROJECT_SOURCE_DIR}/cmake/exports_missing.txt
       --platform-headers ${PROJECT_SOURCE_DIR}/include/platform
       --cjson ${PROJECT_SOURCE_DIR}/cmake/imports_cjson.txt
       --sources ${PROJECT_SOURCE_DIR}/frame ${PROJECT_SOURCE_DIR}/objects

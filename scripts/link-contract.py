@@ -68,7 +68,7 @@ class Library:
 
 
 def names_in(path):
-    lines = Path(path).read_text(encoding="utf-8").splitlines() if path and Path(path).exists() else []
+    lines = Path(path).read_text(encoding="utf-8").splitlines()
     return {line.strip() for line in lines if line.strip() and not line.startswith("#")}
 
 
@@ -102,15 +102,11 @@ def literals(directories):
     return found
 
 
-def check_exports(library, declared, missing):
+def check_exports(library, declared):
     exported = {s.name for s in library.exported}
     for name in sorted(exported - declared):
         yield f"exports {name}, which no public header declares"
-    for name in sorted(missing - declared):
-        yield f"{name} is listed as missing, but no public header declares it"
-    for name in sorted(exported & missing):
-        yield f"exports {name}, which is still listed as missing: strike it off the list"
-    for name in sorted(declared - exported - missing):
+    for name in sorted(declared - exported):
         yield f"does not export {name}"
 
 
@@ -205,11 +201,11 @@ def check_process(paths, readelf, platform):
 
 def check(options):
     library = Library(options.library, options.readelf)
-    declared, missing = names_in(options.exports), names_in(options.missing)
+    declared = names_in(options.exports)
     platform = platform_functions(options.platform_headers)
     problems = [
         *check_machine(library),
-        *check_exports(library, declared, missing),
+        *check_exports(library, declared),
         *check_data(library),
         *check_imports(library, platform, names_in(options.cjson)),
         *check_lazy_binding(library),
@@ -219,8 +215,7 @@ def check(options):
     ]
     if options.process:
         problems += check_process(options.process, options.readelf, platform)
-    summary = (f"{len(library.exported)} of {len(declared)} names exported, {len(missing)} still missing, "
-               f"{len(library.imported)} imported")
+    summary = f"{len(library.exported)} names exported, {len(library.imported)} imported"
     return problems, summary
 
 
@@ -228,7 +223,6 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("library")
     parser.add_argument("--exports", required=True, help="list of the names that the public headers declare")
-    parser.add_argument("--missing", help="list of those that are not implemented yet")
     parser.add_argument("--platform-headers", required=True, help="directory of the imported functions")
     parser.add_argument("--cjson", required=True, help="list of the cJSON functions in use")
     parser.add_argument("--sources", nargs="*", default=[], help="directories of the library's sources")
