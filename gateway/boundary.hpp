@@ -51,6 +51,7 @@ struct Fault {
   uint32_t from = 1;
   uint32_t times = kUnlimited;
   std::optional<int32_t> answer = {};      /**< none: the call's own natural failure */
+  int32_t failure = kFailed;               /**< what a natural failure that is a status says */
   std::optional<int32_t> replyStatus = {}; /**< proxy: the call succeeds, its reply says this */
   std::vector<uint8_t> replyPayload = {};  /**< proxy: what follows the status in that reply */
   std::optional<uint16_t> replyLength =
@@ -145,6 +146,11 @@ class Passage {
   const Fault *fault_ = nullptr;
 };
 
+/// What a call answers that a fault makes fail.
+inline int32_t answer(const Fault &fault, int32_t failing) {
+  return fault.answer.value_or(failing == kFailed ? fault.failure : failing);
+}
+
 /// A call that answers a status; `failing` is what a fault without an answer of its own gives.
 template <class Body>
 int32_t status(const char *name, std::string key, Body body, int32_t failing = kFailed) {
@@ -152,7 +158,7 @@ int32_t status(const char *name, std::string key, Body body, int32_t failing = k
   const Fault *fault = passage.fault();
   const bool fails = fault != nullptr && !fault->count;
   const int32_t result =
-      fails ? fault->answer.value_or(failing) : passage.run<int32_t>(failing, body);
+      fails ? boundary::answer(*fault, failing) : passage.run<int32_t>(failing, body);
   passage.answered(result);
   return result;
 }

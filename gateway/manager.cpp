@@ -78,7 +78,7 @@ int32_t pm_send_msg_2mm(const char *module, uint32_t messageClass, uint32_t mess
   int32_t result = kOk;
   if (const Fault *fault = passage.fault()) {
     writeFaultyReply(*fault, reply, replyLength);
-    result = fault->answer.value_or(fault->replyLength ? kOk : kFailed);
+    result = boundary::answer(*fault, fault->replyLength ? kOk : kFailed);
   } else {
     result = passage.run<int32_t>(kFailed, [&](Gateway &gateway) -> int32_t {
       if (module == nullptr) throw Refusal(kNullArgument, "no module");

@@ -87,7 +87,7 @@ int32_t ctSgw_ssend_to_proxy(uint32_t event, const void *request, uint32_t reque
   if (const Fault *fault = passage.fault()) {
     const bool replies = fault->replyStatus || fault->replyLength;
     writeFaultyReply(*fault, reply, replyLength);
-    result = fault->answer.value_or(replies ? kOk : kFailed);
+    result = boundary::answer(*fault, replies ? kOk : kFailed);
   } else {
     result = passage.run<int32_t>(kFailed, [&](Gateway &gateway) {
       writeReply(answer(gateway, event, given), reply, replyLength);

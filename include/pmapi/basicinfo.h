@@ -67,8 +67,7 @@ PMAPI_EXPORT int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record);
  * @p destination: 32 zero-filled bytes (128 for the device key); receives an unterminated copy of
  * at most 31 (127) characters.
  * @retval 0 copied
- * @retval -1 the view cannot be read (ubus_getCaptureEth() returns the platform status instead), or
- *   @p destination is NULL; nothing is written
+ * @retval -1 the view cannot be read, or @p destination is NULL; nothing is written
  * @{
  */
 /** Product token as the platform stores it, from a field of 32 characters. */
@@ -91,7 +90,10 @@ PMAPI_EXPORT int32_t ubus_getFWVersion(char *destination);
 PMAPI_EXPORT int32_t ubus_getAuthID(char *destination);
 /** Device key, from a field of 128 characters; @p destination has 128 bytes. */
 PMAPI_EXPORT int32_t ubus_getDevKey(char *destination);
-/** Capture interface, from a field of 32 characters; a failed read returns its platform status. */
+/**
+ * Capture interface, from a field of 32 characters.
+ * @return else the platform status of a failed read
+ */
 PMAPI_EXPORT int32_t ubus_getCaptureEth(char *destination);
 /** User name of the first PPP connection, from a field of 64 characters. */
 PMAPI_EXPORT int32_t ubus_getPPPOEUser(char *destination);

@@ -62,6 +62,7 @@ typedef struct MeshTopologyRecord {
  *   a device, radio or BSS lacks a member it cannot do without (what precedes it stays filled); or
  *   @p record is NULL
  * @retval -2 the multi-AP daemon timed out
+ * @return else what the multi-AP library answered
  */
 PMAPI_EXPORT int32_t pm_ubus_get_meshtopology(MeshTopologyRecord *record);
 

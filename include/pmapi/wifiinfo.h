@@ -81,11 +81,14 @@ PMAPI_EXPORT int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out);
 PMAPI_EXPORT int32_t ubus_get_config_MaxAssociateNum(int32_t radioIndex, uint32_t *out);
 /** Whether the SSID is broadcast: 1 or 0. */
 PMAPI_EXPORT int32_t ubus_get_config_SsidAdvertisementEnable(int32_t radioIndex, uint32_t *out);
-/** Channel width number, as RadioRecord takes it; a failed read returns its platform status. */
+/**
+ * Channel width number, as RadioRecord takes it.
+ * @return else the platform status of a failed read
+ */
 PMAPI_EXPORT int32_t ubus_get_info_bandwidth(int32_t radioIndex, uint32_t *out);
 /**
- * Cipher number, 0 for open and WEP networks, else 1 to 3 as WifiParameterRecord takes it; a failed
- * read returns its platform status.
+ * Cipher number, 0 for open and WEP networks, else 1 to 3 as WifiParameterRecord takes it.
+ * @return else the platform status of a failed read
  */
 PMAPI_EXPORT int32_t ubus_get_info_encrypt(int32_t radioIndex, uint32_t *out);
 /** @} */

@@ -134,7 +134,9 @@ void GatewayTest::faultyRun(const std::function<int32_t()> &handler,
                (run.once ? "once" : "and all after it"));
   restart();
   if (prepare_) prepare_();
-  const size_t number = fail(Fault{"*", "", run.failed, run.once ? 1 : Fault::kUnlimited});
+  Fault planned{"*", "", run.failed, run.once ? 1 : Fault::kUnlimited};
+  planned.failure = sweepFailure_;
+  const size_t number = fail(planned);
   run.status = handler();
   EXPECT_GT(gateway().boundary().fault(number).fired, 0u) << "the planned fault did not fire";
   checkComplaints();

@@ -84,6 +84,8 @@ class GatewayTest : public ::testing::Test {
   /// calls a healthy run makes.
   uint32_t sweepFaults(const std::function<int32_t()> &handler,
                        const std::function<void(const SweepRun &)> &check = {});
+  /// What the failing calls of a sweep answer, where that is a status; -1 unless set.
+  void sweepWith(int32_t failure) { sweepFailure_ = failure; }
   /// Runs before every run of a sweep, after the gateway was restarted.
   void beforeEachRun(std::function<void()> prepare) { prepare_ = std::move(prepare); }
 
@@ -97,6 +99,7 @@ class GatewayTest : public ::testing::Test {
   std::string profile_;
   std::vector<std::string> expectedComplaints_;
   std::function<void()> prepare_;
+  int32_t sweepFailure_ = kFailed;
   bool leaksChecked_ = false;
 };
 
