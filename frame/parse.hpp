@@ -14,4 +14,14 @@ bool nextListItem(const char *&rest, std::string_view &item);
 /// twelfth is looked at.
 bool parseMacDigits(const char *digits, uint8_t mac[6]);
 
+/// A request whose texts are read as C strings. One that fills its field runs on into the fields
+/// behind it, as the daemon wrote them, but not out of the request.
+template <class Request>
+struct BoundedRequest {
+  explicit BoundedRequest(const Request &given) : request(given), end('\0') {}
+
+  Request request;
+  char end;
+};
+
 }  // namespace pm

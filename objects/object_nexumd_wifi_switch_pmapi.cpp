@@ -1,4 +1,5 @@
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
@@ -9,16 +10,20 @@ using namespace pm;
 
 static constexpr char kSourceTag[] = "object_nexumd_wifi_switch_pmapi.c";
 
+static constexpr int32_t kUnknownRadio = -257;
+
 uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record) {
   PM_ENTER();
   if (record == nullptr) {
     PM_FAIL(0, "pm_ubus_wifi_switch_set para is null");
     return static_cast<uint32_t>(kNullRecord);
   }
-  const auto band = wlan::bandNamed(record->radio);
+  const BoundedRequest<WifiSwitchRecord> bounded(*record);
+  const char *radio = bounded.request.radio;
+  const auto band = wlan::bandNamed(radio);
   if (!band) {
-    PM_FAIL(0, "ubuswifiparameter->radio error %s \r\n", record->radio);
-    return static_cast<uint32_t>(kNullRecord);
+    PM_FAIL(0, "ubuswifiparameter->radio error %s \r\n", radio);
+    return static_cast<uint32_t>(kUnknownRadio);
   }
   const InstancePath instance = wlan::radioInstance(*band);
   RecordBuffer<WlanConfigRecord> config;

@@ -1,6 +1,7 @@
 #include <cstdio>
 
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
@@ -127,7 +128,7 @@ int32_t writePassphrase(const LogOrigin &origin, const InstancePath &ssid, WlanC
   return kOk;
 }
 
-/// An open network keeps its passphrase for the day on which it is closed again.
+/// An open network's key is written like any other, an empty one included.
 int32_t writeKey(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config,
                  const char *key) {
   switch (config.get(config.securityMode)) {
@@ -170,8 +171,9 @@ uint32_t pm_ubus_wifiParameter_set(const WifiParameterRecord *record) {
     PM_FAIL(0, "pm_ubus_wifiParameter_set para is null");
     return static_cast<uint32_t>(kNullRecord);
   }
-  logRequest(PM_ORIGIN, *record);
-  return static_cast<uint32_t>(setParameters(PM_ORIGIN, *record));
+  const BoundedRequest<WifiParameterRecord> bounded(*record);
+  logRequest(PM_ORIGIN, bounded.request);
+  return static_cast<uint32_t>(setParameters(PM_ORIGIN, bounded.request));
 }
 
 int32_t pm_ubus_wifiParameter_set_Multi(const WifiParameterRecord *records, int32_t count) {

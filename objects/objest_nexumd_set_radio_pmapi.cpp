@@ -1,6 +1,7 @@
 #include <cstdlib>
 
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
@@ -29,18 +30,23 @@ uint32_t powerLevel(int32_t percent) {
   return static_cast<uint32_t>((kFullPower - percent) / kPowerPerLevel + 1);
 }
 
-bool hasNo5GRadio(const LogOrigin &origin) {
+int32_t numberIn(const char *text) {
+  return static_cast<int32_t>(strtol(text, nullptr, 10));
+}
+
+/// 0 when the platform does not tell.
+uint32_t countCards(const LogOrigin &origin) {
   RecordBuffer<WlanCardRecord> card;
   PM_LOG_FOR(origin, kInfo, 0, "before pm_wlan_get_card_max----------------------------------");
   pm_wlan_get_card_max(&card);
   PM_LOG_FOR(origin, kInfo, 0, "after pm_wlan_get_card_max----------------------------------");
-  return card.get(card.cardCount) == kSingleCard;
+  return card.get(card.cardCount);
 }
 
 int32_t fillSettings(const LogOrigin &origin, const RadioRecord &request, WlanTxPower &power,
                      WlanConfig &config) {
   power.set(power.txPower, request.transmitPower);
-  const int32_t percent = atoi(request.transmitPower);
+  const int32_t percent = numberIn(request.transmitPower);
   const uint32_t level = powerLevel(percent);
   if (level == 0) {
     PM_LOG_FOR(origin, kError, 0, " tmp error tmp = %d \r\n", percent);
@@ -49,15 +55,15 @@ int32_t fillSettings(const LogOrigin &origin, const RadioRecord &request, WlanTx
   PM_LOG_FOR(origin, kInfo, 0, "net_json_parse_data transmitpower = %d \r\n",
              static_cast<int32_t>(level));
   config.set(config.txPowerLevel, level);
-  config.set(config.channel, static_cast<uint32_t>(atoi(request.channel)));
+  config.set(config.channel, static_cast<uint32_t>(numberIn(request.channel)));
   config.set(config.channelMode, 0);
   config.set(config.bandwidthCode,
              wlan::bandwidthForPlatform(static_cast<uint32_t>(request.bandwidth)));
   return kOk;
 }
 
-int32_t chooseBand(const LogOrigin &origin, const char *radio, uint32_t *band) {
-  const bool no5GRadio = hasNo5GRadio(origin);
+/// The band of that name, if the gateway's cards have a radio for it.
+int32_t chooseBand(const LogOrigin &origin, const char *radio, uint32_t cards, uint32_t *band) {
   const auto named = wlan::bandNamed(radio);
   if (!named) {
     PM_LOG_FOR(origin, kError, 0, "radio->radio error %s \r\n", radio);
@@ -69,7 +75,7 @@ int32_t chooseBand(const LogOrigin &origin, const char *radio, uint32_t *band) {
     return kOk;
   }
   PM_LOG_FOR(origin, kInfo, 0, "enter 5G-------------------------------------");
-  if (no5GRadio) {
+  if (cards == kSingleCard) {
     PM_LOG_FOR(origin, kError, kNo5GRadio, "error:there is no 5G info, iRet = %d\n", kNo5GRadio);
     return kNo5GRadio;
   }
@@ -96,8 +102,9 @@ int32_t setRadio(const LogOrigin &origin, const RadioRecord &request) {
   WlanConfig config;
   int32_t status = fillSettings(origin, request, power, config);
   if (status != kOk) return status;
+  const uint32_t cards = countCards(origin);
   uint32_t band;
-  status = chooseBand(origin, request.radio, &band);
+  status = chooseBand(origin, request.radio, cards, &band);
   if (status != kOk) return status;
   return writeSettings(origin, band, power, config);
 }
@@ -110,9 +117,11 @@ uint32_t pm_ubus_radio_set(const RadioRecord *record) {
     PM_FAIL(0, "pm_ubus_radio_set para is null");
     return static_cast<uint32_t>(kNullRecord);
   }
-  PM_LOG(kInfo, "radio->radio:%s\n", record->radio);
-  PM_LOG(kInfo, "radio->transmitPower:%s\n", record->transmitPower);
-  PM_LOG(kInfo, "radio->channel:%s\n", record->channel);
-  PM_LOG(kInfo, "radio->bandwidth:%d\n", record->bandwidth);
-  return static_cast<uint32_t>(setRadio(PM_ORIGIN, *record));
+  const BoundedRequest<RadioRecord> bounded(*record);
+  const RadioRecord &request = bounded.request;
+  PM_LOG(kInfo, "radio->radio:%s\n", request.radio);
+  PM_LOG(kInfo, "radio->transmitPower:%s\n", request.transmitPower);
+  PM_LOG(kInfo, "radio->channel:%s\n", request.channel);
+  PM_LOG(kInfo, "radio->bandwidth:%d\n", request.bandwidth);
+  return static_cast<uint32_t>(setRadio(PM_ORIGIN, request));
 }

@@ -1,5 +1,6 @@
 // What acts on a whole radio: settings, switch, WPS.
 #include <cstring>
+#include <memory>
 
 #include "platform/records/wlan_card.hpp"
 #include "platform/records/wlan_tx_power.hpp"
@@ -30,6 +31,14 @@ RadioRecord settings(const char *radio, const char *power, const char *channel =
 
 int32_t set(const RadioRecord &record) {
   return static_cast<int32_t>(pm_ubus_radio_set(&record));
+}
+
+/// Without a zero anywhere, and exactly of its size, so that a byte read too many is noticed.
+template <class Record>
+std::unique_ptr<Record> filledRecord() {
+  auto record = std::make_unique<Record>();
+  memset(record.get(), 'x', sizeof *record);
+  return record;
 }
 
 TEST_F(PmUbusRadioSet, WritesPowerThenChannelAndWidthOfTheRadio) {
@@ -86,11 +95,27 @@ TEST_F(PmUbusRadioSet, RefusesAPowerOutside1To100BeforeAskingThePlatform) {
                                       {"-5", "-5"},
                                       {"full", "0"},
                                       {"", "0"},
-                                      {"123456789", "123456789"}}) {
+                                      {"123456789", "123456789"},
+                                      {"99999999999", "2147483647"},
+                                      {"-99999999999", "-2147483648"}}) {
     EXPECT_EQ(set(settings("2.4G", power)), -1);
     EXPECT_THAT(logs(), HasLog(4, " tmp error tmp = " + std::string(number) + " \r\n"));
   }
   EXPECT_THAT(trace(), IsEmpty());
+}
+
+TEST_F(PmUbusRadioSet, TextsRunOnIntoTheNextFieldButNotOutOfTheRequest) {
+  RadioRecord record = settings("2.4G", "60", "50");
+  record.radio[4] = 'H';
+  EXPECT_EQ(set(record), -1);
+  EXPECT_THAT(logs(), HasLog(4, "radio->radio error 2.4GH60 \r\n"));
+  record.radio[4] = '\0';
+  memset(record.transmitPower, '0', sizeof record.transmitPower);
+  EXPECT_EQ(set(record), gateway::kInvalidField) << "a power of 50, in 34 digits";
+
+  const auto filled = filledRecord<RadioRecord>();
+  EXPECT_EQ(set(*filled), -1);
+  EXPECT_THAT(logs(), HasLog(5, "radio->radio:" + std::string(sizeof *filled, 'x') + "\n"));
 }
 
 TEST_F(PmUbusRadioSet, SendsAPowerTextOf9CharactersAsAnInvalidField) {
@@ -152,6 +177,9 @@ TEST_F(PmUbusWifiSwitchSet, RefusesNullUnknownRadiosAndWhatThePlatformRefuses) {
   const WifiSwitchRecord unknown = {"all", 1};
   EXPECT_EQ(pm_ubus_wifi_switch_set(&unknown), 0xfffffeffu);
   EXPECT_THAT(logs(), HasLog(4, "ubuswifiparameter->radio error all \r\n"));
+  EXPECT_EQ(pm_ubus_wifi_switch_set(filledRecord<WifiSwitchRecord>().get()), 0xfffffeffu);
+  const std::string filled(sizeof(WifiSwitchRecord), 'x');
+  EXPECT_THAT(logs(), HasLog(4, "ubuswifiparameter->radio error " + filled + " \r\n"));
   EXPECT_THAT(trace(), IsEmpty());
 
   fail("pm_wlan_set_config", "", -77);

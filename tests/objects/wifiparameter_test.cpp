@@ -1,6 +1,7 @@
 #include "pmapi/wifiparameter.h"
 
 #include <cstring>
+#include <memory>
 
 #include "tests/objects/wlan_object_test.hpp"
 
@@ -165,6 +166,21 @@ TEST_F(PmUbusWifiParameterSet, RefusesAKeyOf65CharactersAfterTheConfiguration) {
   strcpy(record.securityMode, "WEP-64");
   EXPECT_THAT(printedBy([&] { EXPECT_EQ(set(record), -21); }),
               HasSubstr("pm_wlan_set_wep=IGD.LD1.WLAN1.WEP1 fail=-2004\n"));
+}
+
+TEST_F(PmUbusWifiParameterSet, ReadsNoTextPastTheEndOfTheRequest) {
+  // Exactly a record on the heap, so that a byte too many is noticed.
+  const auto record = std::make_unique<WifiParameterRecord>();
+  memset(record.get(), 'x', sizeof *record);
+  EXPECT_EQ(set(*record), gateway::kUnknownInstance);
+  const std::string atTheEnd(sizeof *record - offsetof(WifiParameterRecord, pwd), 'x');
+  EXPECT_THAT(logs(), HasLog(5, ::testing::EndsWith("->pwd:" + atTheEnd + "\n")));
+
+  record->index = 1;
+  strcpy(record->ssid, "Garden");
+  strcpy(record->securityMode, "None");
+  EXPECT_THAT(printedBy([&] { EXPECT_EQ(set(*record), -21); }),
+              HasSubstr("pm_wlan_set_psk=IGD.LD1.WLAN1.PSK1 fail=-2004\n"));
 }
 
 TEST_F(PmUbusWifiParameterSet, SucceedsWhenNothingChanges) {
