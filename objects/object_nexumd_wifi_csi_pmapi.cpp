@@ -21,7 +21,6 @@ enum StationOperation { kAddStation = 1, kDeleteStation = 2 };
 
 constexpr uint32_t kMacDigits = 12;
 constexpr uint32_t kMacStep = kMacDigits + 1;
-constexpr uint32_t kStations = 32;
 
 /// Writes the record to the radios that the text names; false for a text that names none.
 bool writeToRadios(const char *radio, CsiBuffer &csi, int32_t &status) {
@@ -109,7 +108,7 @@ int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record) {
 int32_t pm_ubus_get_csi_mac(CsiMacRecord *record) {
   PM_ENTER();
   if (record == nullptr) return kFailure;
-  InstanceTable<kStations> stations;
+  InstanceTable<PLATFORM_CSI_STATIONS_MAX> stations;
   CsiMacList list{PLATFORM_INSTANCE_SIZE, 0, stations.list.instances};
   if (const int32_t status = pm_wlan_list_csi_mac("IGD", &list); status != kOk) {
     PM_FAIL(status, "pm_wlan_list_csi_mac fail=%d\n", status);
@@ -120,7 +119,7 @@ int32_t pm_ubus_get_csi_mac(CsiMacRecord *record) {
     StationBuffer station;
     if (const int32_t status = pm_wlan_get_csi_mac_par(stations.at(i).text, &station);
         status != kOk) {
-      PM_FAIL(status, "pm_wlan_get_csi_mac_par(%d) fail=%d\n", __LINE__, status);
+      PM_FAIL(status, "pm_wlan_get_csi_mac_par(%d) fail=%d\n", i, status);
       return kOk;
     }
     char *mac = record->macList + i * kMacStep;

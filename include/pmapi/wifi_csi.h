@@ -40,7 +40,8 @@ typedef struct CsiConfigRecord {
  * @param record the switch
  * @retval 0 written
  * @retval -257 @p record is NULL
- * @retval -1 unknown radio, or the write failed; with "All" that of 5 GHz alone decides
+ * @retval -1 unknown radio, or the write failed (nothing changed included); with "All" that of
+ *   5 GHz alone decides
  */
 PMAPI_EXPORT int32_t pm_ubus_set_csi_enable(const CsiEnableSetRecord *record);
 
@@ -76,7 +77,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_csi_mac(CsiMacRecord *record);
  * @param record the parameters
  * @retval 0 written
  * @retval -257 @p record is NULL
- * @retval -1 a write failed; after a failure on 2.4 GHz 5 GHz is not tried
+ * @retval -1 a write failed (nothing changed included); after a failure on 2.4 GHz 5 GHz is not
+ *   tried
  */
 PMAPI_EXPORT int32_t pm_ubus_set_csi_config(const CsiConfigRecord *record);
 

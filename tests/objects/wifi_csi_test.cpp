@@ -1,6 +1,7 @@
 #include "pmapi/wifi_csi.h"
 
 #include <cstring>
+#include <memory>
 
 #include "platform/records/wlan_csi.hpp"
 #include "tests/objects/wlan_object_test.hpp"
@@ -11,14 +12,14 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-/// A record with the room that the daemon gives its list.
+/// A record with the room that the daemon gives its list, and not a byte more.
 class MacRequest {
  public:
   static constexpr size_t kRoom = 416;
-  CsiMacRecord *record() { return reinterpret_cast<CsiMacRecord *>(bytes_); }
+  CsiMacRecord *record() { return reinterpret_cast<CsiMacRecord *>(bytes_.get()); }
 
  private:
-  alignas(CsiMacRecord) uint8_t bytes_[sizeof(CsiMacRecord) + kRoom] = {};
+  std::unique_ptr<uint8_t[]> bytes_ = std::make_unique<uint8_t[]>(sizeof(CsiMacRecord) + kRoom);
 };
 
 class WifiCsi : public WlanObjectTest {
@@ -79,6 +80,12 @@ TEST_F(WifiCsi, EnableGetReadsBothRadiosOrWritesNothing) {
   EXPECT_STREQ(record.radio2, "5G");
   EXPECT_EQ(record.enable2, 3);
 
+  const gateway::Row radio = store().row<WlanCsiRecord>("IGD.CsiInfo2");
+  memset(radio.data() + WlanCsiRecord::radioName.offset, 'r', WlanCsiRecord::radioName.width);
+  EXPECT_EQ(pm_ubus_get_csi_enable(&record), 0);
+  EXPECT_EQ(record.radio2, std::string(31, 'r'));
+  EXPECT_EQ(record.enable2, 3);
+
   sweepFaults(
       [&] {
         record = {};
@@ -133,8 +140,14 @@ TEST_F(WifiCsi, ListsAsManyStationsAsThereIsRoomFor) {
   EXPECT_EQ(setMacs(1, "0011223344ff"), 0);
   EXPECT_THAT(trace("pm_wlan_add_csi_mac").back(), ::testing::EndsWith("= -2006")) << "full";
   EXPECT_EQ(macs(), all);
-  store().create<WlanCsiMacRecord>("IGD.CsiMac33").setText(WlanCsiMacRecord::macText, "00");
-  EXPECT_EQ(macs(), all) << "33 reported";
+  for (const int32_t reported : {33, INT32_MAX, -1, INT32_MIN}) {
+    fail(gateway::Fault{.call = "pm_wlan_list_csi_mac", .times = 1, .count = reported});
+    EXPECT_EQ(macs(), reported > 0 ? all : "") << reported;
+  }
+  for (const char *path : {"IGD.CsiMac1", "IGD.CsiMac32"}) {
+    store().row<WlanCsiMacRecord>(path).setText(WlanCsiMacRecord::macText, "0011223344aabb");
+  }
+  EXPECT_EQ(macs(), "0011223344aa" + all.substr(12, all.size() - 24) + "0011223344aa");
 }
 
 TEST_F(WifiCsi, TheListEndsAtAStationThatCannotBeRead) {
@@ -142,9 +155,7 @@ TEST_F(WifiCsi, TheListEndsAtAStationThatCannotBeRead) {
   fail("pm_wlan_get_csi_mac_par", "CsiMac2", -77);
   EXPECT_EQ(macs(), "001122334401");
   EXPECT_THAT(logs(),
-              ::testing::Contains(::testing::Field(
-                  &gateway::LogLine::text,
-                  ::testing::MatchesRegex("pm_wlan_get_csi_mac_par\\([0-9]+\\) fail=-77\n"))));
+              HasLogLine({4, "pm_ubus_get_csi_mac", "pm_wlan_get_csi_mac_par(1) fail=-77\n", -77}));
   fail("pm_wlan_list_csi_mac", "IGD", -78);
   EXPECT_EQ(macs(-78), "");
   EXPECT_THAT(logs(),
@@ -192,6 +203,9 @@ TEST_F(WifiCsi, NullRecordsAreRefused) {
   EXPECT_EQ(pm_ubus_get_csi_mac(nullptr), -1);
   EXPECT_EQ(pm_ubus_get_csi_config(nullptr), -1);
   EXPECT_THAT(logs(), SizeIs(2)) << "their entry lines alone";
+  for (const char *handler : {"pm_ubus_get_csi_mac", "pm_ubus_get_csi_config"}) {
+    EXPECT_THAT(logs(), HasLogLine({5, handler, "now in " + std::string(handler) + "\n"}));
+  }
   EXPECT_THAT(trace(), IsEmpty());
 }
 
