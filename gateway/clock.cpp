@@ -4,11 +4,17 @@
 
 namespace gateway {
 
-void Clock::sleep(uint32_t seconds) {
-  if (sleepSink_) sleepSink_(seconds);
-  slept_ += seconds;
-  advance(seconds);
-  if (real_) ::sleep(seconds);
+uint32_t Clock::sleep(uint32_t seconds) {
+  uint32_t left = 0;
+  if (interruptedAfter_ && *interruptedAfter_ < seconds) {
+    left = seconds - *std::exchange(interruptedAfter_, std::nullopt);
+  }
+  const uint32_t slept = seconds - left;
+  if (sleepSink_) sleepSink_(slept);
+  slept_ += slept;
+  advance(slept);
+  if (real_) ::sleep(slept);
+  return left;
 }
 
 }  // namespace gateway

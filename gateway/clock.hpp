@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace gateway {
@@ -27,7 +28,10 @@ class Clock {
     time_ += seconds;
   }
   /// A sleep of the library: it moves the clock, and takes its time only when that is asked for.
-  void sleep(uint32_t seconds);
+  /// Returns how many seconds were left when it was interrupted.
+  uint32_t sleep(uint32_t seconds);
+  /// A signal ends the next sleep that is longer after so many seconds.
+  void interruptAfter(uint32_t seconds) { interruptedAfter_ = seconds; }
   void useRealTime(bool real) { real_ = real; }
   /// Told how many seconds, before the library sleeps.
   void onSleep(std::function<void(uint32_t)> sink) { sleepSink_ = std::move(sink); }
@@ -35,12 +39,14 @@ class Clock {
   void reset() {
     set(kDefaultUptime, kDefaultTime);
     slept_ = 0;
+    interruptedAfter_.reset();
   }
 
  private:
   int64_t uptime_ = kDefaultUptime;
   int64_t time_ = kDefaultTime;
   int64_t slept_ = 0;
+  std::optional<uint32_t> interruptedAfter_;
   bool real_ = false;
   std::function<void(uint32_t)> sleepSink_;
 };

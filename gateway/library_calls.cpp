@@ -67,9 +67,10 @@ void *allocateForLibrary(size_t count, size_t size) {
 }
 
 unsigned sleepForLibrary(unsigned seconds) {
+  unsigned left = 0;
   boundary::note("sleep", std::to_string(seconds),
-                 [&](Gateway &gateway) { gateway.clock().sleep(seconds); });
-  return 0;
+                 [&](Gateway &gateway) { left = gateway.clock().sleep(seconds); });
+  return left;
 }
 
 int sysinfoForLibrary(struct sysinfo *info) {

@@ -1,8 +1,7 @@
-#include <unistd.h>
-
 #include "frame/log.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_scan.hpp"
+#include "objects/wlan_tables.hpp"
 #include "platform/host.h"
 #include "pmapi/wlan_neighborinfo.h"
 
@@ -26,20 +25,21 @@ void fillEntry(const HeardAccessPoint &heard, const char *radio, NeighborApEntry
 }
 
 /// Scans one band. The entries start over with every scan, so the bands share them.
-int32_t scanBand(const LogOrigin &origin, const char *radioInstance, const char *ssidInstance,
-                 const char *radio, NeighborInfoRecord *record, int32_t *count) {
-  if (const int32_t status = startScan(radioInstance); status != kOk) {
+int32_t scanBand(const LogOrigin &origin, uint32_t band, NeighborInfoRecord *record,
+                 int32_t *count) {
+  if (const int32_t status = startScan(band); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "pm_wlan_set_scan_ap fail=%d\n", status);
     return status;
   }
-  sleep(kScanSeconds);
+  waitSeconds(kScanSeconds);
   ApListBuffer list;
-  if (const int32_t status = listAccessPoints(ssidInstance, list); status != kOk) {
+  if (const int32_t status = listAccessPoints(band, list); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "pm_wlan_list_ap fail=%d\n", status);
     return status;
   }
   const uint32_t heard = countOf(list);
   *count = static_cast<int32_t>(heard);
+  const char *radio = wlan::bandText(band);
   for (uint32_t i = 0; i < heard; ++i) fillEntry(accessPointAt(list, i), radio, record->entries[i]);
   return kOk;
 }
@@ -52,8 +52,8 @@ uint32_t pm_ubus_wlan_neighborinfo_get_2g(NeighborInfoRecord *record) {
     PM_FAIL(0, "buff is NULL\n");
     return static_cast<uint32_t>(kNoRecord);
   }
-  return static_cast<uint32_t>(scanBand(PM_ORIGIN, "IGD.LD1.WLANBase1", "IGD.LD1.WLAN1", "2.4G",
-                                        record, &record->neighborNum24G));
+  return static_cast<uint32_t>(
+      scanBand(PM_ORIGIN, wlan::kBand24G, record, &record->neighborNum24G));
 }
 
 uint32_t pm_ubus_wlan_neighborinfo_get_5g(NeighborInfoRecord *record) {
@@ -62,6 +62,5 @@ uint32_t pm_ubus_wlan_neighborinfo_get_5g(NeighborInfoRecord *record) {
     PM_FAIL(0, "buff is NULL\n");
     return static_cast<uint32_t>(kNoRecord);
   }
-  return static_cast<uint32_t>(scanBand(PM_ORIGIN, "IGD.LD1.WLANBase2", "IGD.LD1.WLAN5", "5G",
-                                        record, &record->neighborNum5G));
+  return static_cast<uint32_t>(scanBand(PM_ORIGIN, wlan::kBand5G, record, &record->neighborNum5G));
 }

@@ -1,9 +1,8 @@
-#include <unistd.h>
-
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_scan.hpp"
+#include "objects/wlan_tables.hpp"
 #include "platform/records/wan.hpp"
 #include "platform/views/networking_device.hpp"
 #include "platform/views/wlan_client.hpp"
@@ -21,9 +20,7 @@ constexpr uint32_t kScanSeconds = 10;
 constexpr uint32_t kJoinSeconds = 10;
 constexpr uint32_t kPassphraseSize = 63;
 
-constexpr char kRadioInstances[][20] = {"IGD.LD1.WLANBase1", "IGD.LD1.WLANBase2"};
-constexpr char kSsidInstances[][16] = {"IGD.LD1.WLAN1", "IGD.LD1.WLAN5"};
-constexpr uint32_t kRadios = 2;
+constexpr int32_t kClientNotRecorded = -8;
 
 /// Makes Wi-Fi the uplink. A platform that does not take over the new mode at once is only logged.
 int32_t switchUplink(const LogOrigin &origin) {
@@ -52,22 +49,22 @@ int32_t switchUplink(const LogOrigin &origin) {
 }
 
 /// Looks for the network in one band; `status` keeps the scan's or the list's result.
-bool findNetwork(const LogOrigin &origin, uint32_t radio, const char *ssid, int32_t &status,
+bool findNetwork(const LogOrigin &origin, uint32_t band, const char *ssid, int32_t &status,
                  HeardAccessPoint &found) {
-  status = startScan(kRadioInstances[radio]);
+  status = startScan(band);
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status, "tScanPara fail=%d\n", status);
     return false;
   }
-  sleep(kScanSeconds);
+  waitSeconds(kScanSeconds);
   ApListBuffer list;
-  status = listAccessPoints(kSsidInstances[radio], list);
+  status = listAccessPoints(band, list);
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status, " pm_wlan_list_ap=%d ", status);
     return false;
   }
   const uint32_t heard = countOf(list);
-  PM_LOG_FOR(origin, kInfo, 0, " radiotype %d , tWLANAPList.dwCount=%d ", radio, heard);
+  PM_LOG_FOR(origin, kInfo, 0, " radiotype %d , tWLANAPList.dwCount=%d ", band, heard);
   for (uint32_t i = 0; i < heard; ++i) {
     PM_LOG_FOR(origin, kInfo, 0, "dwCount = %d, LINE =%d\n", i, __LINE__);
     found = accessPointAt(list, i);
@@ -76,14 +73,14 @@ bool findNetwork(const LogOrigin &origin, uint32_t radio, const char *ssid, int3
   return false;
 }
 
-int32_t selectNetwork(const LogOrigin &origin, uint32_t radio, const HeardAccessPoint &network,
+int32_t selectNetwork(const LogOrigin &origin, uint32_t band, const HeardAccessPoint &network,
                       const char *passphrase) {
   RecordBuffer<WlanSelectRecord> selection;
   selection.set(selection.bssid, network.bssid);
   selection.set(selection.securityMode, static_cast<uint32_t>(network.securityMode));
   selection.set(selection.channel, static_cast<uint32_t>(network.channel));
   selection.set(selection.passphrase, passphrase);
-  const int32_t status = pm_wlan_select_ap_bystamode(radio, &selection);
+  const int32_t status = pm_wlan_select_ap_bystamode(band, &selection);
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status, "pm_wlan_select_ap_bystamode fail=%d\n", status);
   }
@@ -99,7 +96,7 @@ int32_t recordClient(const LogOrigin &origin) {
   const InstancePath instance("IGD.LD1.WLANApcli1");
   if (const int32_t status = client.write(instance.text); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "Set DBVIEW_WLAN_APCLI error! line(%d)\n", __LINE__);
-    return kUnreadable;
+    return kClientNotRecorded;
   }
   PM_LOG_FOR(origin, kInfo, 0, "Find Uplink ssid and uplink success!!! line(%d)\n", __LINE__);
   return kOk;
@@ -121,14 +118,14 @@ int32_t pm_ubus_wlanconnect_set(const WlanConnectRecord *record) {
 
   int32_t status = kOk;
   HeardAccessPoint network = {};
-  uint32_t radio = 0;
-  while (radio < kRadios && !findNetwork(PM_ORIGIN, radio, ssid, status, network)) ++radio;
-  if (radio == kRadios) {
+  uint32_t band = wlan::kBand24G;
+  while (band <= wlan::kBand5G && !findNetwork(PM_ORIGIN, band, ssid, status, network)) ++band;
+  if (band > wlan::kBand5G) {
     PM_FAIL(status, "Cannot find Uplink ssid  line(%d)\n", __LINE__);
     return status;
   }
-  if (status = selectNetwork(PM_ORIGIN, radio, network, passphrase); status != kOk) return status;
+  if (status = selectNetwork(PM_ORIGIN, band, network, passphrase); status != kOk) return status;
   PM_LOG(kInfo, "Find ssid!!! LINE =%d\n", __LINE__);
-  sleep(kJoinSeconds);
+  waitSeconds(kJoinSeconds);
   return recordClient(PM_ORIGIN);
 }

@@ -1,6 +1,8 @@
 #include "objects/wlan_scan.hpp"
 
-#include "frame/instance.hpp"
+#include <unistd.h>
+
+#include "objects/wlan_tables.hpp"
 
 namespace pm {
 
@@ -12,18 +14,20 @@ constexpr uint32_t kScanEverything = UINT32_MAX;
 
 }  // namespace
 
-int32_t startScan(const char *radioInstance) {
+int32_t startScan(uint32_t band) {
   RecordBuffer<WlanScanRequest> request;
   request.set(request.setting1, kScanEverything);
   request.set(request.setting2, 0);
-  const InstancePath instance(radioInstance);
-  return pm_wlan_set_scan_ap(instance.text, &request);
+  return pm_wlan_set_scan_ap(wlan::scanInstance(band).text, &request);
 }
 
-int32_t listAccessPoints(const char *ssidInstance, ApListBuffer &list) {
+void waitSeconds(uint32_t seconds) {
+  for (uint32_t left = seconds; left > 0;) left = sleep(left);
+}
+
+int32_t listAccessPoints(uint32_t band, ApListBuffer &list) {
   list.put(list.selector, UINT32_MAX);
-  const InstancePath instance(ssidInstance);
-  return pm_wlan_list_ap(instance.text, &list);
+  return pm_wlan_list_ap(wlan::radioInstance(band).text, &list);
 }
 
 uint32_t countOf(const ApListBuffer &list) {

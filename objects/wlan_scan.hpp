@@ -19,11 +19,14 @@ struct HeardAccessPoint {
   int32_t encryption;
 };
 
-/// Starts a scan on a radio, "IGD.LD1.WLANBase1" or 2; the result takes its time.
-int32_t startScan(const char *radioInstance);
+/// Starts a scan with the radio of a band; the result takes its time.
+int32_t startScan(uint32_t band);
 
-/// Reads what the last scan of an SSID's radio has heard into a fresh list.
-int32_t listAccessPoints(const char *ssidInstance, ApListBuffer &list);
+/// Blocks its caller, whatever signals come in between.
+void waitSeconds(uint32_t seconds);
+
+/// Reads what the band's last scan has heard into a fresh list.
+int32_t listAccessPoints(uint32_t band, ApListBuffer &list);
 
 /// Access points that really lie in the list, whatever the platform counted.
 uint32_t countOf(const ApListBuffer &list);

@@ -28,8 +28,8 @@ constexpr SecurityMode kSecurityModes[] = {
 constexpr uint8_t kCiphers[3] = {2, 1, 3};
 constexpr uint8_t kBandwidths[3] = {1, 2, 0};
 
-constexpr int32_t firstSsid(uint32_t band) {
-  return band == kBand5G ? 5 : 1;
+constexpr int32_t radioNumber(uint32_t band) {
+  return band == kBand5G ? 2 : 1;
 }
 
 std::optional<uint32_t> indexOf(const uint8_t (&numbers)[3], uint32_t wanted) {
@@ -93,11 +93,15 @@ InstancePath ssidInstance(int32_t number) {
 }
 
 InstancePath radioInstance(uint32_t band) {
-  return ssidInstance(firstSsid(band));
+  return InstancePath(band == kBand5G ? kFirst5GSsid : kFirst24GSsid);
 }
 
 InstancePath txPowerInstance(uint32_t band) {
-  return InstancePath::numbered("IGD.TxPower", band == kBand5G ? 2 : 1);
+  return InstancePath::numbered("IGD.TxPower", radioNumber(band));
+}
+
+InstancePath scanInstance(uint32_t band) {
+  return InstancePath::numbered("IGD.LD1.WLANBase", radioNumber(band));
 }
 
 InstancePath wpsInstance(uint32_t band) {

@@ -49,6 +49,7 @@ uint32_t bandwidthForPlatform(uint32_t bandwidth);
 InstancePath ssidInstance(int32_t number);
 InstancePath radioInstance(uint32_t band);
 InstancePath txPowerInstance(uint32_t band);
+InstancePath scanInstance(uint32_t band);
 InstancePath wpsInstance(uint32_t band);
 
 /// What hangs under an SSID, such as ".WEP" and 2; at most `limit` characters of it.

@@ -47,6 +47,13 @@ TEST_F(PmUbusWlanNeighborinfoGet, ScansWaitsListsAndCopies) {
   EXPECT_STREQ(record->entries[2].ssid, "");
 }
 
+TEST_F(PmUbusWlanNeighborinfoGet, WaitsOutItsTimeWhenASignalEndsTheSleep) {
+  gateway().clock().interruptAfter(2);
+  EXPECT_EQ(get5G(), 0);
+  EXPECT_THAT(trace("sleep"), ElementsAre("sleep(5)", "sleep(3)"));
+  EXPECT_EQ(gateway().clock().slept(), 5);
+}
+
 TEST_F(PmUbusWlanNeighborinfoGet, The5GScanOverwritesTheFirstEntriesAndKeepsTheOtherCount) {
   EXPECT_EQ(get2G(), 0);
   EXPECT_EQ(get5G(), 0);
