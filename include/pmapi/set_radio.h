@@ -9,11 +9,11 @@
 
 PMAPI_BEGIN_DECLS
 
-/** Radio settings. */
+/** Radio settings. A text that fills its field runs on into the next one. */
 typedef struct RadioRecord {
   char radio[5];          /**< "2.4G" or "5G", or any beginning; empty is "2.4G" */
-  char transmitPower[32]; /**< 1 to 100, decimal */
-  char channel[7];        /**< channel number, decimal */
+  char transmitPower[32]; /**< 1 to 100, decimal; sent as an invalid field beyond 8 characters */
+  char channel[7];        /**< channel number, decimal; what is no number counts as 0 */
   int32_t bandwidth;      /**< width number 0, 1, 2; any other goes to the platform as it is */
 } RadioRecord;
 

@@ -2,7 +2,8 @@
  * @file stainfo.h
  * One attached device, chosen by its zero-based position in the platform's list.
  *
- * Each function reads the list anew. An index outside 0 to 127 asks the platform for an empty path.
+ * Each function reads the list anew. Device queries for an index outside 0 to 127 carry an empty
+ * path; the access-device view is always that of index + 1.
  */
 #ifndef PMAPI_STAINFO_H_
 #define PMAPI_STAINFO_H_
@@ -15,7 +16,7 @@ PMAPI_BEGIN_DECLS
 typedef struct StaConfigResult {
   int32_t valid;       /**< 1 when the rates were obtained */
   char band[32];       /**< Wi-Fi: "2.4G" or "5G" */
-  char wlanName[32];   /**< Wi-Fi: network name */
+  char wlanName[32];   /**< Wi-Fi: network name; at most 31 characters, from a field of 36 bytes */
   char rssi[32];       /**< Wi-Fi: signal, decimal */
   char radioValue[32]; /**< Wi-Fi: the radio's value, decimal */
   char linkRate[32];   /**< Wi-Fi: negotiated rate / 1000; wired: "10", "100", "1000" or empty */
@@ -86,9 +87,9 @@ PMAPI_EXPORT int32_t ubus_getUptime(int32_t index, char *out);
 /**
  * Reads how a station is connected.
  * @param index zero-based
- * @param result zero-filled; untouched for a station on neither "wlan" nor "eth", what precedes a
- *   failing step stays filled
- * @retval 0 read
+ * @param result zero-filled; what precedes a failing step stays filled
+ * @retval 0 read; also, with valid left at 0, for a station on neither "wlan" nor "eth" and when
+ *   the proxy knows nothing of the device
  * @retval 1001 the devices cannot be listed
  * @retval -1 @p result is NULL, the wired port cannot be looked up, the MAC does not match exactly
  *   one association, or the counters cannot be read

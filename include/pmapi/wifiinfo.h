@@ -53,7 +53,10 @@ PMAPI_EXPORT uint32_t pm_ubus_get_wifi_info(int32_t radioIndex, WifiInfoRecord *
 PMAPI_EXPORT int32_t ubus_get_radios_Enable(int32_t radioIndex, uint32_t *out);
 /** Whether the SSID is on: 1 or 0. */
 PMAPI_EXPORT int32_t ubus_get_radios_SSIDEnable(int32_t radioIndex, uint32_t *out);
-/** Transmit power as stored, from a field of 8 characters; other indices than 0 and 4 give none. */
+/**
+ * Transmit power as stored, at most 11 characters from a field of 12 bytes; other indices than 0
+ * and 4 give none.
+ */
 PMAPI_EXPORT int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out);
 /** 802.11 standard, such as "802.11bgnax". */
 PMAPI_EXPORT int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char *out);

@@ -9,7 +9,11 @@
 
 PMAPI_BEGIN_DECLS
 
-/** Parameters of one SSID. Radio and securityMode may be shortened to any beginning. */
+/**
+ * Parameters of one SSID. Radio and securityMode may be shortened to any beginning. A text that
+ * fills its field runs on into the next one, up to the end of the record; numbers are passed on as
+ * they are where nothing else is said.
+ */
 typedef struct WifiParameterRecord {
   char radio[8]; /**< "2.4G" or "5G"; an unknown text counts as "2.4G", with an error line */
   int32_t index; /**< SSID number, one-based */
@@ -21,7 +25,8 @@ typedef struct WifiParameterRecord {
    */
   char securityMode[32];
   int32_t encrypt; /**< cipher: 1, 3, or anything else for the default */
-  char pwd[64];    /**< WEP key or passphrase, also stored for "None" */
+  /** WEP key or passphrase, also stored for "None"; of 65 characters or more an invalid field */
+  char pwd[64];
   int32_t maxAssociateNum;
   int32_t ssidAdvertisementEnabled;
 } WifiParameterRecord;

@@ -11,7 +11,7 @@ PMAPI_BEGIN_DECLS
 
 /** Network to join. */
 typedef struct WlanConnectRecord {
-  char ssid[32]; /**< compared exactly; at most 31 characters are taken */
+  char ssid[32]; /**< compared exactly; at most 31 characters; empty matches a hidden network */
   char pwd[64];  /**< at most 62 characters are taken */
 } WlanConnectRecord;
 
@@ -19,7 +19,7 @@ typedef struct WlanConnectRecord {
  * Makes Wi-Fi the uplink and joins the named network, looked for on 2.4 GHz and then on 5 GHz.
  * Blocks for 10 seconds per radio scanned and 10 more after a match. The uplink mode is switched
  * first and saved, also when @p record is NULL or the network is not found; it is not switched
- * back.
+ * back. A mode that cannot be saved or taken over at once does not end the call.
  * @param record the network
  * @retval 0 joined; or not found, the last radio asked having been scanned and listed well
  * @retval -257 @p record is NULL
