@@ -21,7 +21,6 @@ static constexpr char kSourceTag[] = "object_nexumd_stainfo_pmapi.c";
 
 namespace {
 
-constexpr uint32_t kTextSize = 32;
 constexpr char kKinds[][8] = {"phone", "pad", "pc", "stb", "ap", "iot"};
 constexpr uint32_t kKindCount = sizeof kKinds / sizeof kKinds[0];
 
@@ -35,7 +34,9 @@ InstancePath pathAt(const DeviceTable &devices, int32_t index) {
   return devices.at(static_cast<uint32_t>(index));
 }
 
-int32_t lookUp(const LogOrigin &origin, int32_t index, DeviceBuffer &device) {
+/// What every getter begins with; without an output the platform is not asked.
+int32_t lookUp(const LogOrigin &origin, int32_t index, const char *out, DeviceBuffer &device) {
+  if (out == nullptr) return kFailure;
   DeviceTable devices;
   if (const int32_t status = listDevices(devices); status != kOk) return status;
   DeviceReply reply;
@@ -45,53 +46,48 @@ int32_t lookUp(const LogOrigin &origin, int32_t index, DeviceBuffer &device) {
 }  // namespace
 
 int32_t ubus_getIpAddress(int32_t index, char *out) {
-  if (out == nullptr) return kFailure;
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
-  char text[kTextSize] = {};
+  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  char text[kGetterTextSize] = {};
   IPToStr(device.get(device.ipv4Address), text, sizeof text);
   copyExact(out, text, sizeof text - 1);
   return kOk;
 }
 
 int32_t ubus_getHostName(int32_t index, char *out) {
-  if (out == nullptr) return kFailure;
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
-  copyExact(out, device.text(device.hostName), kTextSize - 1);
+  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  copyExact(out, device.text(device.hostName), kGetterTextSize - 1);
   return kOk;
 }
 
 int32_t ubus_getMacAddress(int32_t index, char *out) {
-  if (out == nullptr) return kFailure;
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
-  char text[kTextSize] = {};
+  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  char text[kGetterTextSize] = {};
   MacToString(device.get(device.mac), text, sizeof text);
   copyExact(out, text, sizeof text - 1);
   return kOk;
 }
 
 int32_t ubus_getStatype(int32_t index, char *out) {
-  if (out == nullptr) return kFailure;
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
+  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
   const uint32_t kind = device.get(device.kind);
   const char *name = kind >= 1 && kind <= kKindCount ? kKinds[kind - 1] : "other";
-  copyExact(out, name, kTextSize - 1);
+  copyExact(out, name, kGetterTextSize - 1);
   PM_LOG(kInfo, "statype:%s\n", name);
   return kOk;
 }
 
 int32_t ubus_getUptime(int32_t index, char *out) {
-  if (out == nullptr) return kFailure;
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, device); status != kOk) return status;
+  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
   const auto now = static_cast<uint32_t>(GetUpTime());
   const uint32_t connected = device.get(device.connectionTime);
   // An earlier "now" means that the uptime counter has wrapped since.
   const uint32_t online = now >= connected ? now - connected : now + (UINT32_MAX - connected);
-  snprintf(out, kTextSize, "%u", online);
+  snprintf(out, kGetterTextSize, "%u", online);
   PM_LOG(kInfo, "uptime:%s\n", out);
   return kOk;
 }
@@ -212,13 +208,6 @@ int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
 
 namespace {
 
-template <uint32_t Size>
-void fillText(char (&field)[Size], int32_t index, int32_t (*getter)(int32_t, char *)) {
-  char value[kTextSize] = {};
-  getter(index, value);
-  copyText(field, value);
-}
-
 int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
   ViewBuffer<platform::AccessDeviceView> access;
   if (const int32_t status = access.read(path.text); status != kOk) {
@@ -275,16 +264,16 @@ int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record) {
     PM_FAIL(0, "%s para is null", __func__);
     return kFailure;
   }
-  fillText(record->ipAddress, index, ubus_getIpAddress);
+  fillText(record->ipAddress, ubus_getIpAddress, index);
   const auto position = static_cast<int32_t>(static_cast<uint32_t>(index) + 1);
   const InstancePath path = InstancePath::numbered("IGD.LD1.Hosts.Adev", position);
   PM_LOG(kInfo, "szViewName=%s\n", path.text);
   if (const int32_t status = fillAccess(PM_ORIGIN, path, record); status != kOk) return status;
   if (const int32_t status = fillTraffic(PM_ORIGIN, path, record); status != kOk) return status;
-  fillText(record->hostName, index, ubus_getHostName);
-  fillText(record->macAddress, index, ubus_getMacAddress);
-  fillText(record->staType, index, ubus_getStatype);
-  fillText(record->onlineTime, index, ubus_getUptime);
+  fillText(record->hostName, ubus_getHostName, index);
+  fillText(record->macAddress, ubus_getMacAddress, index);
+  fillText(record->staType, ubus_getStatype, index);
+  fillText(record->onlineTime, ubus_getUptime, index);
   fillConfig(index, record);
   printf("===================pmapi end========================");
   return kOk;

@@ -12,40 +12,20 @@ static constexpr char kSourceTag[] = "object_nexumd_wifi_statsinfo_pmapi.c";
 
 namespace {
 
-constexpr uint32_t kTextSize = 32;
-
-using TextGetter = int32_t (*)(const char *instance, char *out);
 using CounterGetter = int32_t (*)(const char *instance, uint64_t *out);
-using WlanDriver = RecordBuffer<WlanDriverRecord>;
 
 int32_t checked(const LogOrigin &origin, int32_t status) {
   return reportedRead(origin, status) == kOk ? kOk : kFailure;
 }
 
-int32_t readDriver(const LogOrigin &origin, const char *instance, WlanDriver &driver) {
-  return checked(origin, pm_wlan_get_config_driver(instance, &driver));
-}
-
-int32_t getBytes(const LogOrigin &origin, const char *instance, uint32_t offset, uint64_t *out) {
+/// The driver counts bytes in 64 bits, packets and what went wrong in 32.
+template <class InDriver>
+int32_t getCounter(const LogOrigin &origin, const char *instance, uint32_t offset, uint64_t *out) {
   if (out == nullptr) return kFailure;
-  WlanDriver driver;
-  if (readDriver(origin, instance, driver) != kOk) return kFailure;
-  *out = loadAs<uint64_t>(driver.bytes, offset);
+  RecordBuffer<WlanDriverRecord> driver;
+  if (checked(origin, pm_wlan_get_config_driver(instance, &driver)) != kOk) return kFailure;
+  *out = loadAs<InDriver>(driver.bytes, offset);
   return kOk;
-}
-
-int32_t getEvents(const LogOrigin &origin, const char *instance, uint32_t offset, uint64_t *out) {
-  if (out == nullptr) return kFailure;
-  WlanDriver driver;
-  if (readDriver(origin, instance, driver) != kOk) return kFailure;
-  *out = loadAs<uint32_t>(driver.bytes, offset);
-  return kOk;
-}
-
-void fill(char (&field)[kTextSize], TextGetter get, const char *instance) {
-  char text[kTextSize] = {};
-  get(instance, text);
-  copyText(field, text);
 }
 
 void fill(uint64_t &field, CounterGetter get, const char *instance) {
@@ -61,7 +41,7 @@ int32_t ubus_getRadio(const char *instance, char *out) {
   RecordBuffer<WlanConfigRecord> config;
   if (checked(PM_ORIGIN, pm_wlan_get_config(instance, &config)) != kOk) return kFailure;
   const char *band = wlan::bandText(config.get(config.band));
-  if (band != nullptr) copyExact(out, band, kTextSize - 1);
+  if (band != nullptr) copyExact(out, band, kGetterTextSize - 1);
   return kOk;
 }
 
@@ -69,40 +49,44 @@ int32_t ubus_getSsid(const char *instance, char *out) {
   if (out == nullptr) return kFailure;
   RecordBuffer<WlanConfigRecord> config;
   if (checked(PM_ORIGIN, pm_wlan_get_config(instance, &config)) != kOk) return kFailure;
-  copyExact(out, config.text(config.ssid), kTextSize - 1);
+  copyExact(out, config.text(config.ssid), kGetterTextSize - 1);
   return kOk;
 }
 
 int32_t ubus_getTotalBytesSent(const char *instance, uint64_t *out) {
-  return getBytes(PM_ORIGIN, instance, WlanDriverRecord::totalBytesSent.offset, out);
+  return getCounter<uint64_t>(PM_ORIGIN, instance, WlanDriverRecord::totalBytesSent.offset, out);
 }
 
 int32_t ubus_getTotalBytesReceived(const char *instance, uint64_t *out) {
-  return getBytes(PM_ORIGIN, instance, WlanDriverRecord::totalBytesReceived.offset, out);
+  return getCounter<uint64_t>(PM_ORIGIN, instance, WlanDriverRecord::totalBytesReceived.offset,
+                              out);
 }
 
 int32_t ubus_getTotalPacketsSent(const char *instance, uint64_t *out) {
-  return getEvents(PM_ORIGIN, instance, WlanDriverRecord::totalPacketsSent.offset, out);
+  return getCounter<uint32_t>(PM_ORIGIN, instance, WlanDriverRecord::totalPacketsSent.offset, out);
 }
 
 int32_t ubus_getTotalPacketsReceived(const char *instance, uint64_t *out) {
-  return getEvents(PM_ORIGIN, instance, WlanDriverRecord::totalPacketsReceived.offset, out);
+  return getCounter<uint32_t>(PM_ORIGIN, instance, WlanDriverRecord::totalPacketsReceived.offset,
+                              out);
 }
 
 int32_t ubus_getErrorsSent(const char *instance, uint64_t *out) {
-  return getEvents(PM_ORIGIN, instance, WlanDriverRecord::errorsSent.offset, out);
+  return getCounter<uint32_t>(PM_ORIGIN, instance, WlanDriverRecord::errorsSent.offset, out);
 }
 
 int32_t ubus_getErrorsReceived(const char *instance, uint64_t *out) {
-  return getEvents(PM_ORIGIN, instance, WlanDriverRecord::errorsReceived.offset, out);
+  return getCounter<uint32_t>(PM_ORIGIN, instance, WlanDriverRecord::errorsReceived.offset, out);
 }
 
 int32_t ubus_getDiscardPacketsSent(const char *instance, uint64_t *out) {
-  return getEvents(PM_ORIGIN, instance, WlanDriverRecord::discardPacketsSent.offset, out);
+  return getCounter<uint32_t>(PM_ORIGIN, instance, WlanDriverRecord::discardPacketsSent.offset,
+                              out);
 }
 
 int32_t ubus_getDiscardPacketsReceived(const char *instance, uint64_t *out) {
-  return getEvents(PM_ORIGIN, instance, WlanDriverRecord::discardPacketsReceived.offset, out);
+  return getCounter<uint32_t>(PM_ORIGIN, instance, WlanDriverRecord::discardPacketsReceived.offset,
+                              out);
 }
 
 int32_t pm_ubus_get_wifi_statsinfo(const char *instance, WifiStatsRecord *record) {
@@ -111,8 +95,8 @@ int32_t pm_ubus_get_wifi_statsinfo(const char *instance, WifiStatsRecord *record
     PM_FAIL(0, "%s para is null", __func__);
     return kFailure;
   }
-  fill(record->radio, ubus_getRadio, instance);
-  fill(record->ssid, ubus_getSsid, instance);
+  fillText(record->radio, ubus_getRadio, instance);
+  fillText(record->ssid, ubus_getSsid, instance);
   fill(record->totalBytesSent, ubus_getTotalBytesSent, instance);
   fill(record->totalBytesReceived, ubus_getTotalBytesReceived, instance);
   fill(record->totalPacketsSent, ubus_getTotalPacketsSent, instance);

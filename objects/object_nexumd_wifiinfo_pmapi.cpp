@@ -14,15 +14,15 @@ static constexpr char kSourceTag[] = "object_nexumd_wifiinfo_pmapi.c";
 
 namespace {
 
-constexpr uint32_t kTextSize = 32;
 constexpr uint32_t kKeyNameLimit = 30;
 constexpr int32_t kWepKeyUnreadable = 1001;
 constexpr int32_t kPassphraseUnreadable = 1003;
 
 using WlanConfig = RecordBuffer<WlanConfigRecord>;
 
-using TextGetter = int32_t (*)(int32_t radioIndex, char *out);
 using NumberGetter = int32_t (*)(int32_t radioIndex, uint32_t *out);
+using WordReader = int32_t (*)(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
+                               uint32_t *value);
 
 /// SSIDs are numbered from 1, the daemon's indices from 0.
 InstancePath ssidAt(int32_t radioIndex) {
@@ -52,18 +52,30 @@ int32_t readDriverWord(const LogOrigin &origin, int32_t radioIndex, uint32_t off
   return status;
 }
 
-int32_t getFlag(const LogOrigin &origin, int32_t radioIndex, uint32_t offset, uint32_t *out) {
+int32_t getNumber(const LogOrigin &origin, int32_t radioIndex, WordReader read, uint32_t offset,
+                  uint32_t *out) {
   if (out == nullptr) return kFailure;
   uint32_t value;
-  if (readConfigWord(origin, radioIndex, offset, &value) != kOk) return kFailure;
-  *out = value == 1 ? 1 : 0;
+  if (read(origin, radioIndex, offset, &value) != kOk) return kFailure;
+  *out = value;
   return kOk;
 }
 
-void writeDecimal(uint32_t value, char *out) {
+int32_t getDecimal(const LogOrigin &origin, int32_t radioIndex, WordReader read, uint32_t offset,
+                   char *out) {
+  if (out == nullptr) return kFailure;
+  uint32_t value;
+  if (read(origin, radioIndex, offset, &value) != kOk) return kFailure;
   char text[kDecimalSize];
   printDecimal(text, value);
   copyExact(out, text, kDecimalSize);
+  return kOk;
+}
+
+int32_t getFlag(const LogOrigin &origin, int32_t radioIndex, uint32_t offset, uint32_t *out) {
+  const int32_t status = getNumber(origin, radioIndex, readConfigWord, offset, out);
+  if (status == kOk) *out = *out == 1 ? 1 : 0;
+  return status;
 }
 
 int32_t getNamed(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
@@ -71,7 +83,7 @@ int32_t getNamed(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
   if (out == nullptr) return kFailure;
   uint32_t code;
   if (readConfigWord(origin, radioIndex, offset, &code) != kOk) return kFailure;
-  if (const char *text = textOf(code); text != nullptr) copyExact(out, text, kTextSize - 1);
+  if (const char *text = textOf(code); text != nullptr) copyExact(out, text, kGetterTextSize - 1);
   return kOk;
 }
 
@@ -83,7 +95,7 @@ int32_t getWepKey(const LogOrigin &origin, const InstancePath &ssid, uint32_t ke
     PM_LOG_FOR(origin, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
     return kWepKeyUnreadable;
   }
-  copyExact(out, wep.text(wep.key), kTextSize - 1);
+  copyExact(out, wep.text(wep.key), kGetterTextSize - 1);
   return kOk;
 }
 
@@ -95,14 +107,8 @@ int32_t getPassphrase(const LogOrigin &origin, const InstancePath &ssid, char *o
     PM_LOG_FOR(origin, kError, status, "pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
     return kPassphraseUnreadable;
   }
-  copyExact(out, psk.text(psk.passphrase), kTextSize - 1);
+  copyExact(out, psk.text(psk.passphrase), kGetterTextSize - 1);
   return kOk;
-}
-
-void fill(char (&field)[kTextSize], TextGetter get, int32_t radioIndex) {
-  char text[kTextSize] = {};
-  get(radioIndex, text);
-  copyText(field, text);
 }
 
 void fill(int32_t &field, NumberGetter get, int32_t radioIndex) {
@@ -128,7 +134,7 @@ int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
       wlan::txPowerInstance(radioIndex == 0 ? wlan::kBand24G : wlan::kBand5G);
   RecordBuffer<WlanTxPowerRecord> power;
   if (reportedRead(PM_ORIGIN, pm_wlan_get_txpower(instance.text, &power)) != kOk) return kFailure;
-  copyExact(out, power.text(power.txPower), kTextSize - 1);
+  copyExact(out, power.text(power.txPower), kGetterTextSize - 1);
   return kOk;
 }
 
@@ -138,34 +144,17 @@ int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_radios_noiseLevel(int32_t radioIndex, char *out) {
-  if (out == nullptr) return kFailure;
-  uint32_t level;
-  if (readDriverWord(PM_ORIGIN, radioIndex, WlanDriverRecord::noiseLevel.offset, &level) != kOk) {
-    return kFailure;
-  }
-  writeDecimal(level, out);
-  return kOk;
+  return getDecimal(PM_ORIGIN, radioIndex, readDriverWord, WlanDriverRecord::noiseLevel.offset,
+                    out);
 }
 
 int32_t ubus_get_radios_interferencePercent(int32_t radioIndex, uint32_t *out) {
-  if (out == nullptr) return kFailure;
-  uint32_t percent;
-  if (readDriverWord(PM_ORIGIN, radioIndex, WlanDriverRecord::interferencePercent.offset,
-                     &percent) != kOk) {
-    return kFailure;
-  }
-  *out = percent;
-  return kOk;
+  return getNumber(PM_ORIGIN, radioIndex, readDriverWord,
+                   WlanDriverRecord::interferencePercent.offset, out);
 }
 
 int32_t ubus_get_radios_Channel(int32_t radioIndex, char *out) {
-  if (out == nullptr) return kFailure;
-  uint32_t channel;
-  if (readConfigWord(PM_ORIGIN, radioIndex, WlanConfigRecord::channel.offset, &channel) != kOk) {
-    return kFailure;
-  }
-  writeDecimal(channel, out);
-  return kOk;
+  return getDecimal(PM_ORIGIN, radioIndex, readConfigWord, WlanConfigRecord::channel.offset, out);
 }
 
 int32_t ubus_get_config_Radio(int32_t radioIndex, char *out) {
@@ -184,7 +173,7 @@ int32_t ubus_get_config_Ssid(int32_t radioIndex, char *out) {
   if (out == nullptr) return kFailure;
   WlanConfig config;
   if (readConfig(PM_ORIGIN, ssidAt(radioIndex), config) != kOk) return kFailure;
-  copyExact(out, config.text(config.ssid), kTextSize - 1);
+  copyExact(out, config.text(config.ssid), kGetterTextSize - 1);
   return kOk;
 }
 
@@ -207,20 +196,14 @@ int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out) {
     case wlan::kSecurityWpaWpa2:
       return getPassphrase(PM_ORIGIN, ssid, out);
     default:
-      // WPA3 passphrases are not given away.
+      // WPA3 and unknown modes report no key.
       return kOk;
   }
 }
 
 int32_t ubus_get_config_MaxAssociateNum(int32_t radioIndex, uint32_t *out) {
-  if (out == nullptr) return kFailure;
-  uint32_t stations;
-  if (readConfigWord(PM_ORIGIN, radioIndex, WlanConfigRecord::maxAssociateNum.offset, &stations) !=
-      kOk) {
-    return kFailure;
-  }
-  *out = stations;
-  return kOk;
+  return getNumber(PM_ORIGIN, radioIndex, readConfigWord, WlanConfigRecord::maxAssociateNum.offset,
+                   out);
 }
 
 int32_t ubus_get_config_SsidAdvertisementEnable(int32_t radioIndex, uint32_t *out) {
@@ -259,17 +242,17 @@ uint32_t pm_ubus_get_wifi_info(int32_t radioIndex, WifiInfoRecord *record) {
     PM_FAIL(0, "%s para is null", __func__);
     return static_cast<uint32_t>(kFailure);
   }
-  fill(record->radio, ubus_get_config_Radio, radioIndex);
+  fillText(record->radio, ubus_get_config_Radio, radioIndex);
   fill(record->enable, ubus_get_radios_Enable, radioIndex);
-  fill(record->transmitPower, ubus_get_radios_transmitPower, radioIndex);
-  fill(record->standard, ubus_get_radios_ssidStandard, radioIndex);
-  fill(record->noiseLevel, ubus_get_radios_noiseLevel, radioIndex);
+  fillText(record->transmitPower, ubus_get_radios_transmitPower, radioIndex);
+  fillText(record->standard, ubus_get_radios_ssidStandard, radioIndex);
+  fillText(record->noiseLevel, ubus_get_radios_noiseLevel, radioIndex);
   record->interferencePercent = 0;
-  fill(record->channel, ubus_get_radios_Channel, radioIndex);
+  fillText(record->channel, ubus_get_radios_Channel, radioIndex);
   fill(record->index, ubus_get_config_Index, radioIndex);
-  fill(record->ssid, ubus_get_config_Ssid, radioIndex);
-  fill(record->securityMode, ubus_get_config_SecurityMode, radioIndex);
-  fill(record->pwd, ubus_get_config_Pwd, radioIndex);
+  fillText(record->ssid, ubus_get_config_Ssid, radioIndex);
+  fillText(record->securityMode, ubus_get_config_SecurityMode, radioIndex);
+  fillText(record->pwd, ubus_get_config_Pwd, radioIndex);
   fill(record->maxAssociateNum, ubus_get_config_MaxAssociateNum, radioIndex);
   fill(record->ssidAdvertisementEnabled, ubus_get_config_SsidAdvertisementEnable, radioIndex);
   fill(record->ssidEnable, ubus_get_radios_SSIDEnable, radioIndex);
