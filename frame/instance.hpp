@@ -14,9 +14,10 @@ struct InstancePath {
 
   explicit InstancePath(const char *path) : text{} { copyText(text, path); }
 
+  /// The stem leaves room for any number.
   static InstancePath numbered(const char *stem, int32_t number) {
     InstancePath path(stem);
-    path.append(number);
+    printDecimal(path.text + strlen(path.text), number);
     return path;
   }
 
