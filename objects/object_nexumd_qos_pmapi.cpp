@@ -64,9 +64,9 @@ void reportRule(RuleView &rule, UbusQosRule &reported) {
   reported.param3 = rule.getSigned(rule.param3);
   reported.param4 = rule.getSigned(rule.reportedParam4);
   IPToStr(rule.get(rule.ip1), reported.ip1, sizeof reported.ip1);
-  snprintf(reported.port1, sizeof reported.port1, "%d", rule.get(rule.port1));
+  printDecimal(reported.port1, rule.get(rule.port1));
   IPToStr(rule.get(rule.ip2), reported.ip2, sizeof reported.ip2);
-  snprintf(reported.port2, sizeof reported.port2, "%d", rule.get(rule.port2));
+  printDecimal(reported.port2, rule.get(rule.port2));
   memset(reported.label, 0, sizeof reported.label);
   copyExact(reported.label, rule.text(rule.label), sizeof reported.label);
   MACToStr(rule.get(rule.mac1), reported.mac1, sizeof reported.mac1);
