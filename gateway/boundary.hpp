@@ -57,6 +57,7 @@ struct Fault {
   std::optional<uint16_t> replyLength =
       {};                            /**< proxy, manager: the length reported for the reply */
   std::optional<int32_t> count = {}; /**< lists: the call succeeds, but counts so many */
+  bool workDone = false;             /**< the call has done its work when it fails */
 
   uint32_t seen = 0;  /**< matching calls so far */
   uint32_t fired = 0; /**< how many of them it changed */
@@ -157,8 +158,9 @@ int32_t status(const char *name, std::string key, Body body, int32_t failing = k
   Passage passage(name, std::move(key));
   const Fault *fault = passage.fault();
   const bool fails = fault != nullptr && !fault->count;
-  const int32_t result =
-      fails ? boundary::answer(*fault, failing) : passage.run<int32_t>(failing, body);
+  int32_t result = failing;
+  if (!fails || fault->workDone) result = passage.run<int32_t>(failing, body);
+  if (fails) result = boundary::answer(*fault, failing);
   passage.answered(result);
   return result;
 }

@@ -113,6 +113,15 @@ TEST_F(BoundaryTest, ListsMayCountMoreOrLessThanTheyHold) {
   EXPECT_EQ(list.dwCount, 1u);
 }
 
+TEST_F(BoundaryTest, CallMayHaveDoneItsWorkWhenItFails) {
+  int32_t done = 0;
+  for (const bool workDone : {false, true}) {
+    fail({.call = "some_call", .times = 1, .answer = -7, .workDone = workDone});
+    EXPECT_EQ(boundary::status("some_call", "", [&](Gateway &) { return ++done; }), -7);
+    EXPECT_EQ(done, workDone ? 1 : 0);
+  }
+}
+
 TEST_F(BoundaryTest, SweepFailsEveryCallOnceAndOnward) {
   std::vector<std::string> runs;
   const auto handler = [&] { return call("1") + call("2") + call("3"); };
