@@ -17,6 +17,18 @@ using DeviceBuffer = RecordBuffer<platform::DeviceRecord>;
 using StationStatisticsBuffer = RecordBuffer<platform::StationStatisticsRecord>;
 using LanInfoBuffer = ViewBuffer<platform::LanInfoView>;
 
+/// The interface of a device in a text of its own: the platform may fill the field to its end.
+struct InterfaceName {
+  char text[platform::DeviceRecord::interfaceName.width + 1] = {};
+
+  explicit InterfaceName(const uint8_t *deviceRecord) {
+    copyExact(
+        text,
+        reinterpret_cast<const char *>(deviceRecord) + platform::DeviceRecord::interfaceName.offset,
+        platform::DeviceRecord::interfaceName.width);
+  }
+};
+
 using DeviceTable = InstanceTable<PLATFORM_ATTACHED_DEVICES_MAX>;
 using AssociationTable = InstanceTable<64>;
 

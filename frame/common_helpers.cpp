@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "frame/attached_device.hpp"
 #include "frame/instance.hpp"
 #include "frame/json_items.hpp"
 #include "frame/record_buffer.hpp"
-#include "platform/records/device.hpp"
 #include "platform/views/associated_device.hpp"
 #include "pmapi/helpers.h"
 
@@ -121,11 +121,9 @@ int32_t check_dev_valid(const void *deviceRecord) {
   const auto *device = static_cast<const uint8_t *>(deviceRecord);
   if (pm::loadAs<int32_t>(device, DeviceRecord::accessType.offset) != 1) return 1;
 
-  char interfaceName[DeviceRecord::interfaceName.width + 1] = {};
-  memcpy(interfaceName, device + DeviceRecord::interfaceName.offset,
-         DeviceRecord::interfaceName.width);
-  const bool onWire = strstr(interfaceName, "eth") != nullptr;
-  const bool onAir = strstr(interfaceName, "wlan") != nullptr;
+  const pm::InterfaceName interface(device);
+  const bool onWire = strstr(interface.text, "eth") != nullptr;
+  const bool onAir = strstr(interface.text, "wlan") != nullptr;
   if (!onWire && !onAir) return 1;
 
   if (pm::loadAs<int32_t>(device, DeviceRecord::linkFlag.offset) == 0) return 1;

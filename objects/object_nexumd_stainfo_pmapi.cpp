@@ -190,13 +190,13 @@ int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
     DeviceReply reply;
     queryDevice(PM_ORIGIN, pathAt(devices, index), reply, device);
   }
-  const char *interfaceName = device.text(device.interfaceName);
+  const InterfaceName interface(device.bytes);
   const uint8_t *mac = device.get(device.mac);
-  const bool isWireless = startsWith(interfaceName, "wlan");
-  if (!isWireless && !startsWith(interfaceName, "eth")) return kOk;
+  const bool isWireless = startsWith(interface.text, "wlan");
+  if (!isWireless && !startsWith(interface.text, "eth")) return kOk;
 
   const int32_t link =
-      isWireless ? readWirelessLink(PM_ORIGIN, mac, result) : readWiredLink(interfaceName, result);
+      isWireless ? readWirelessLink(PM_ORIGIN, mac, result) : readWiredLink(interface.text, result);
   if (link != kOk) return link;
   StationStatisticsBuffer traffic;
   const int32_t status = isWireless ? readMeasuredTraffic(PM_ORIGIN, mac, traffic)

@@ -261,12 +261,11 @@ int32_t if_uplink_statics(int32_t mode) {
 namespace {
 
 /// The counters of a station on the wire, from the hardware if it counts this one.
-void readWiredStatistics(const LogOrigin &origin, DeviceBuffer &device,
+void readWiredStatistics(const LogOrigin &origin, const char *interfaceName, const uint8_t *mac,
                          StationStatisticsBuffer &statistics) {
   LanInfoBuffer lan;
-  if (!findLanInterface(device.text(device.interfaceName), lan)) return;
+  if (!findLanInterface(interfaceName, lan)) return;
   PM_LOG_FOR(origin, kInfo, 0, "Enter ctSgw_ssend_to_proxy CTSGW_EVENT_GET_HARD_STATS!\n");
-  const uint8_t *mac = device.get(device.mac);
   if (!queryStationStatistics(origin, CTSGW_EVENT_GET_HARD_STATS, mac, statistics)) return;
   if (statistics.get(statistics.notEnoughRegister) == 0) return;
   PM_LOG_FOR(origin, kInfo, 0, "pm_bw_get_hard_stats not enough register, use olt func\n");
@@ -281,11 +280,12 @@ void sampleDevice(const LogOrigin &origin, const InstancePath &path,
   ProxyReply<20480> reply;
   queryDevice(origin, path, reply, device);
   if (check_dev_valid(device.bytes) == 0) return;
-  const char *interfaceName = device.text(device.interfaceName);
-  if (startsWith(interfaceName, "wlan")) {
-    queryStationStatistics(origin, CTSGW_EVENT_GET_BW_STATS, device.get(device.mac), statistics);
-  } else if (startsWith(interfaceName, "eth")) {
-    readWiredStatistics(origin, device, statistics);
+  const InterfaceName interface(device.bytes);
+  const uint8_t *mac = device.get(device.mac);
+  if (startsWith(interface.text, "wlan")) {
+    queryStationStatistics(origin, CTSGW_EVENT_GET_BW_STATS, mac, statistics);
+  } else if (startsWith(interface.text, "eth")) {
+    readWiredStatistics(origin, interface.text, mac, statistics);
   }
 }
 

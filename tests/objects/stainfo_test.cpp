@@ -1,5 +1,6 @@
 #include "pmapi/stainfo.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "gateway/stations.hpp"
@@ -316,6 +317,19 @@ TEST_F(StaInfoTest, DeviceRecordsWithoutEndsAreReadWithinTheirFields) {
   EXPECT_EQ(ubus_getMacAddress(kPad, text), 0);
   EXPECT_STREQ(text, "000000000000");
   EXPECT_EQ(config(kPad), 0);
+}
+
+TEST_F(StaInfoTest, InterfaceNameMayFillItsField) {
+  const std::string longest = "eth0.123456789ab";
+  const Row lan = store().create<LanInfoView>("IGD.LD1.ETH9");
+  lan.setText(LanInfoView::interfaceName, longest);
+  lan.setText(LanInfoView::speed, "100Mbps");
+  std::vector<uint8_t> device(platform::DeviceRecord::kSize, 'x');
+  std::copy(longest.begin(), longest.end(),
+            device.begin() + platform::DeviceRecord::interfaceName.offset);
+  fail({.call = "ctSgw_ssend_to_proxy", .match = "ADEV", .replyStatus = 0, .replyPayload = device});
+  EXPECT_EQ(config(kStorage), -1) << "a station of this MAC is not there";
+  EXPECT_STREQ(result.linkRate, "100");
 }
 
 TEST_F(StaInfoTest, EveryDeviceOfACrowdIsDescribed) {

@@ -1,4 +1,5 @@
 // Rings of rate samples, their statistics, and the two samplers that fill them.
+#include <algorithm>
 #include <cstring>
 
 #include "gateway/stations.hpp"
@@ -9,6 +10,7 @@
 namespace gateway {
 namespace {
 
+using platform::DeviceRecord;
 using platform::LanInfoView;
 using platform::SampleConfigView;
 using ::testing::Contains;
@@ -338,6 +340,17 @@ TEST_F(StationSamplerTest, RepliesOfWrongLengthAreTakenAsFarAsTheyGo) {
             .times = 1,
             .replyStatus = 0,
             .replyLength = length});
+TEST_F(StationSamplerTest, InterfaceNameMayFillItsField) {
+  only(7);
+  const std::string longest = "eth0.123456789ab";
+  store().create<LanInfoView>("IGD.LD1.ETH9").setText(LanInfoView::interfaceName, longest);
+  std::vector<uint8_t> device(DeviceRecord::kSize, 'x');
+  fieldsOf<DeviceRecord>(device.data()).setMac(DeviceRecord::mac, stations().all[7].mac);
+  std::copy(longest.begin(), longest.end(), device.begin() + DeviceRecord::interfaceName.offset);
+  fail({.call = "ctSgw_ssend_to_proxy", .match = "ADEV", .replyStatus = 0, .replyPayload = device});
+  EXPECT_THAT(sampleOnce(), Pair(524288, 131072));
+}
+
       EXPECT_THAT(sampleOnce(), Pair(0, 0)) << event << " " << length;
     }
   }
