@@ -1,10 +1,12 @@
 #include <cstdio>
+#include <cstring>
 
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
+#include "objects/sample_modes.hpp"
 #include "objects/uplink_rates.hpp"
 #include "platform/host.h"
 #include "platform/ports.h"
@@ -51,9 +53,7 @@ consteval KeyField keyField(platform::TypedField<platform::FieldKind::kText, tru
   return {View::kId, View::kSize, field.offset, Width - 4};
 }
 
-/// Reads the one instance whose key field holds `key`.
-int32_t readMatch(const LogOrigin &origin, const KeyField &field, const char *key, void *view) {
-  auto *bytes = static_cast<uint8_t *>(view);
+int32_t seekMatch(const LogOrigin &origin, const KeyField &field, const char *key, uint8_t *bytes) {
   prepareView(bytes, field.viewSize);
   putText(bytes, field.offset, field.usable, key, Mark::kMatch);
   InstanceTable<16> found;
@@ -66,15 +66,25 @@ int32_t readMatch(const LogOrigin &origin, const KeyField &field, const char *ke
   return vcorDbGetView(field.viewId, found.at(0).text, bytes);
 }
 
+/// Reads the one instance whose key field holds `key`. After a failure the view is zero: neither
+/// the key nor half an answer shows.
+int32_t readMatch(const LogOrigin &origin, const KeyField &field, const char *key, void *view) {
+  const int32_t status = seekMatch(origin, field, key, static_cast<uint8_t *>(view));
+  if (status != kOk) memset(view, 0, field.viewSize);
+  return status;
+}
+
 constexpr KeyField kByService = keyField<WanConnectionView>(WanConnectionView::serviceList);
 constexpr KeyField kRouteByWan = keyField<RouteInterfaceView>(RouteInterfaceView::wanInstance);
 constexpr KeyField kDssInfoByWan = keyField<DssInfoView>(DssInfoView::wanInstance);
 constexpr KeyField kDssConfigByWan = keyField<DssConfigView>(DssConfigView::wanInstance);
 constexpr KeyField kPrefixByWan = keyField<PrefixConfigView>(PrefixConfigView::wanInstance);
 
+/// A view that cannot be read counts as empty.
 void readNetworking(const LogOrigin &origin, ViewBuffer<NetworkingDeviceView> &networking) {
   if (const int32_t status = networking.read("IGD"); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:%d\n", status);
+    networking.clear();
   }
 }
 
@@ -328,9 +338,25 @@ constexpr uint16_t kCounterOffsets[8] = {
     PortStatisticsRecord::counter460.offset, PortStatisticsRecord::counter208.offset,
     PortStatisticsRecord::counter496.offset, PortStatisticsRecord::counter244.offset};
 
+void reportFailure(const LogOrigin &origin, const char *call, int32_t status) {
+  if (status == kOk) return;
+  PM_LOG_FOR(origin, kError, status, "func %s fail,iRet=%d\n", call, status);
+}
+
+void fillPortCounters(const LogOrigin &origin, const InstancePath &port, UplinkInfoRecord *record) {
+  RecordBuffer<PortStatisticsRecord> statistics;
+  const int32_t status = pm_eth_get_port_basic_statstics(port.text, statistics.bytes);
+  if (status != kOk) statistics.clear();
+  reportFailure(origin, "pm_eth_get_port_basic_statstics", status);
+  for (uint32_t i = 0; i < 8; ++i) {
+    record->ethCounters[i] = loadAs<uint64_t>(statistics.bytes, kCounterOffsets[i]);
+  }
+}
+
 void fillWiredLink(const LogOrigin &origin, uint32_t port, UplinkInfoRecord *record) {
   InstancePath instance("");
-  pm_switch_get_inst_id_by_port(port, instance.text);
+  reportFailure(origin, "pm_switch_get_inst_id_by_port",
+                pm_switch_get_inst_id_by_port(port, instance.text));
   const int32_t speed = readPortSpeed(origin);
   PM_LOG_FOR(origin, kInfo, 0, "speedResult:%d\n", speed);
   const char *rate = speedText(speed);
@@ -343,18 +369,13 @@ void fillWiredLink(const LogOrigin &origin, uint32_t port, UplinkInfoRecord *rec
   record->wlanStatus4[0] = '\0';
   copyText(record->linkRate, rate);
   copyText(record->linkRate2, rate);
-
-  RecordBuffer<PortStatisticsRecord> statistics;
-  pm_eth_get_port_basic_statstics(instance.text, statistics.bytes);
-  for (uint32_t i = 0; i < 8; ++i) {
-    record->ethCounters[i] = loadAs<uint64_t>(statistics.bytes, kCounterOffsets[i]);
-  }
+  fillPortCounters(origin, instance, record);
 }
 
 void fillCurrentRate(const LogOrigin &origin, UplinkInfoRecord *record) {
   char rxText[kRateTextSize] = {};
   char txText[kRateTextSize] = {};
-  ubus_get_rate_rt(rxText, txText);
+  reportFailure(origin, "ubus_get_rate_rt", ubus_get_rate_rt(rxText, txText));
   PM_LOG_FOR(origin, kInfo, 0, " RxRate_rt  RxRate_rt :%s TxRate_rt: %s", rxText, txText);
   copyText(record->RxRate_rt, rxText);
   copyText(record->TxRate_rt, txText);
@@ -370,24 +391,15 @@ struct Ipv6State {
   ViewBuffer<PrefixConfigView> prefix;
 };
 
-/// A view that was prepared for its query must not show the key when the query fails.
-template <class View>
-int32_t readOrClear(int32_t (*read)(const char *, void *), const InstancePath &wan,
-                    ViewBuffer<View> &view) {
-  const int32_t status = read(wan.text, view.bytes);
-  if (status != kOk) view.clear();
-  return status;
-}
-
 void readIpv6(const LogOrigin &origin, const InstancePath &wan, Ipv6State &state) {
   PM_LOG_FOR(origin, kInfo, 0, "the result of ubus_get_route_if_into = %d\n",
-             readOrClear(ubus_get_route_if_into, wan, state.route));
+             ubus_get_route_if_into(wan.text, state.route.bytes));
   PM_LOG_FOR(origin, kInfo, 0, "the result of ubus_get_dssinto = %d\n",
-             readOrClear(ubus_get_dssinto, wan, state.dss));
+             ubus_get_dssinto(wan.text, state.dss.bytes));
   PM_LOG_FOR(origin, kInfo, 0, "the result of tDssCfg = %d\n",
-             readOrClear(ubus_get_dsscfg, wan, state.dssConfig));
+             ubus_get_dsscfg(wan.text, state.dssConfig.bytes));
   PM_LOG_FOR(origin, kInfo, 0, "the result of tPrefixcfg = %d\n",
-             readOrClear(ubus_get_prefixcfg, wan, state.prefix));
+             ubus_get_prefixcfg(wan.text, state.prefix.bytes));
 }
 
 const char *addressOriginText(uint32_t addressOrigin) {
@@ -433,7 +445,7 @@ void fillDnsServers(const LogOrigin &origin, const ViewBuffer<DssInfoView> &dss,
     IPv6ToStr(server, text, sizeof text);
     if (ChkIPv6(server) == -1) continue;
     if (length > 0) list[length++] = ',';
-    copyText(list + length, kAddressTextSize - 1, text);
+    copyText(list + length, sizeof list - length, text);
     length += static_cast<uint32_t>(strlen(list + length));
   }
   PM_LOG_FOR(origin, kInfo, 0, "dhsv6_servers=%s\n", list);
@@ -503,8 +515,6 @@ bool fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_
 }
 
 void fillRateStatistics(const LogOrigin &origin, UplinkInfoRecord *record) {
-  constexpr int32_t kUplinkIpv4 = 3;
-  constexpr int32_t kUplinkIpv6 = 4;
   record->rateStatsValid = 1;
   si_net_sample_dev key = {};
   copyText(key.name, "uplink");

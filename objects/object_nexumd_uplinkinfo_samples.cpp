@@ -1,10 +1,11 @@
 // The sampling half of the uplink object: rings of rate samples and their statistics.
-#include <cstdio>
+#include <cstring>
 
 #include "frame/attached_device.hpp"
 #include "frame/list.hpp"
 #include "frame/log.hpp"
 #include "frame/status.hpp"
+#include "objects/sample_modes.hpp"
 #include "objects/uplink_rates.hpp"
 #include "platform/host.h"
 #include "platform/views/sample_config.hpp"
@@ -34,13 +35,12 @@ int32_t g_if6_SampleInterval = kDefaultSampleInterval;
 
 namespace {
 
-enum ListMode { kStationIpv4 = 1, kStationIpv6 = 2, kUplinkIpv4 = 3, kUplinkIpv6 = 4 };
 enum SamplingMode { kSampleIpv4 = 1, kSampleIpv6 = 2 };
 
 constexpr uint32_t kDeviceNodeSize = 64;
 constexpr uint32_t kSampleNodeSize = 20;
 constexpr int32_t kDefaultCapacity = 10;
-constexpr int32_t kShortestInterval = 59;
+constexpr int32_t kShortestInterval = 60;
 
 ListLink *listOf(int32_t mode) {
   switch (mode) {
@@ -87,9 +87,9 @@ si_net_sample_dev *addRing(const LogOrigin &origin, ListLink *head, const char *
   return ring;
 }
 
-/// The IPv4 intervals rule all four lists.
+/// The IPv4 intervals rule all four lists; shorter ones than these do not count.
 int32_t ringCapacity() {
-  if (g_ifa_ReportInterval > kShortestInterval && g_ifa_SampleInterval > kShortestInterval) {
+  if (g_ifa_ReportInterval >= kShortestInterval && g_ifa_SampleInterval >= kShortestInterval) {
     return g_ifa_ReportInterval / g_ifa_SampleInterval;
   }
   return kDefaultCapacity;

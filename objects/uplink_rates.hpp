@@ -23,7 +23,8 @@ using BandwidthQuery = BandwidthAnswer (*)(const LogOrigin &origin,
 
 /// Writes both texts (kRateTextSize each) when every connection was asked. `unreadable` is what a
 /// connection list or view that cannot be read yields. The counters are cleared before the first
-/// connection only: a query that fills nothing adds those of the connection before it.
+/// connection; a query may clear them again. One that fills nothing adds those of the connection
+/// before it.
 int32_t sumUplinkRates(const LogOrigin &origin, BandwidthQuery query, int32_t unreadable,
                        char *rxText, char *txText);
 

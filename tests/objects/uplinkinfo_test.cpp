@@ -20,6 +20,8 @@ using platform::NetworkingDeviceView;
 using platform::PrefixConfigView;
 using platform::RouteInterfaceView;
 using platform::WanConnectionView;
+using ::testing::Each;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -84,6 +86,33 @@ TEST_F(UplinkInfoTest, FillsTheRecordOfAWiredUplink) {
   }
   EXPECT_STREQ(record.ipv4Rates.statType, "IFA");
   EXPECT_STREQ(record.ipv6Rates.statType, "IF6");
+  EXPECT_STREQ(record.RxRate_rt, "9472000.000");
+  EXPECT_STREQ(record.TxRate_rt, "1041817.625");
+  const testing::LogExpectation lines[] = {
+      {5, "pm_ubus_get_uplinkinfo", "ubus_get_manger_mac, 00:e0:4c:77:31:a3 !\n"},
+      {5, "ubus_getGatewayMac", "pGatewayMac:00:00:5e:00:01:01\n"},
+      {5, "pm_ubus_get_uplinkinfo", "GatewayMac=00005E000101\n"},
+      {5, "ubus_getPPPOEUserPwd", "pUser:07558823417@home\n"},
+      {5, "ubus_getPPPOEUserPwd", "pPwd:s8Lq2vXd\n"},
+      {5, "pm_ubus_get_uplinkinfo", "up_mode=1\n"},
+      {5, "pm_ubus_get_uplinkinfo", "pm_wan_get_port_link_state_type Rate = 1000 \n"},
+      {5, "ubus_get_rate_rt", " RxRate_rt  RxRate_rt  :9472000.000 TxRate_rt: 1041817.625"},
+      {5, "pm_ubus_get_uplinkinfo", " RxRate_rt  RxRate_rt :9472000.000 TxRate_rt: 1041817.625"}};
+  for (const testing::LogExpectation &line : lines) EXPECT_THAT(logs(), HasLogLine(line));
+}
+
+TEST_F(UplinkInfoTest, RateBlocksShowEachDirectionOfTheirOwnList) {
+  const si_net_sample all[] = {{{}, 1, 10}, {{}, 3, 20}, {{}, 100, 1000}, {{}, 300, 2000}};
+  for (uint32_t i = 0; i < 4; ++i) si_sample_list_add(&all[i], "uplink", i < 2 ? 3 : 4);
+  EXPECT_EQ(get(), 0);
+  const auto texts = [](const UplinkRateBlock &block) {
+    return std::vector<std::string>{block.AverRxRate, block.AverTxRate, block.MaxRxRate,
+                                    block.MaxTxRate};
+  };
+  EXPECT_THAT(texts(record.ipv4Rates), ElementsAre("15", "2", "20", "3"));
+  EXPECT_THAT(texts(record.ipv6Rates), ElementsAre("1500", "200", "2000", "300"));
+  EXPECT_THAT(logs(), HasLog(5, "AverRxRate is 15  : 2 :20 :3\n"));
+  EXPECT_THAT(logs(), HasLog(5, "si_net_sample_list_statics succeed \n"));
 }
 
 TEST_F(UplinkInfoTest, PortCountersComeInTheirOwnOrderAndGrow) {
@@ -189,7 +218,11 @@ TEST_F(WifiUplinkTest, LinkThatCannotBeAskedForIsDown) {
                           "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE error!\n", 6}));
   fail("ctSgw_ssend_to_proxy", "LINKSTAT");
   EXPECT_EQ(get(), 0);
-  EXPECT_STREQ(record.radioBand, "");
+  for (const char *text : {record.radioBand, record.linkName}) EXPECT_STREQ(text, "");
+  for (const char *text : {record.wlanStatus1, record.wlanStatus2, record.wlanStatus3,
+                           record.wlanStatus4, record.linkRate, record.linkRate2}) {
+    EXPECT_STREQ(text, "0");
+  }
   EXPECT_THAT(logs(), HasLog(5, "wlan status 1\n "));
 }
 
@@ -202,7 +235,9 @@ TEST_F(UplinkInfoTest, WithoutIpv6ItsFieldsAreEmptied) {
   for (const char *text :
        {record.v6Status, record.v6AddressOrigin, record.v6IPAddress, record.dhsv6_servers,
         record.v6PrefixOrigin, record.v6Prefix, record.PreferLifetime, record.ValidLifetime,
-        record.defaultIPv6Gateway}) {
+        record.defaultIPv6Gateway, record.radioBand, record.linkName, record.wlanStatus1,
+        record.wlanStatus2, record.wlanStatus3, record.wlanStatus4, record.ipv4Rates.AverRxRate,
+        record.ipv4Rates.AverTxRate, record.ipv6Rates.MaxRxRate, record.ipv6Rates.MaxTxRate}) {
     EXPECT_STREQ(text, "");
   }
   EXPECT_THAT(trace("IPv6ToStr"), IsEmpty());
@@ -248,10 +283,24 @@ TEST_F(UplinkInfoTest, NameServersAreThoseThatAreReachable) {
                              "2001:db8::2\n"));
 }
 
+TEST_F(UplinkInfoTest, LongAddressesAreCutAndALongPrefixDoesNotFit) {
+  const Ipv6Address longest = address("2001:db8:aaaa:bbbb:cccc:dddd:eeee:ffff");
+  const std::vector<uint8_t> bytes(longest.begin(), longest.end());
+  const Row route = store().row<RouteInterfaceView>("IGD.RouteIf1");
+  route.setBytes(RouteInterfaceView::ipv6Address, bytes);
+  route.setBytes(RouteInterfaceView::ipv6Gateway, bytes);
+  store().row<PrefixConfigView>("IGD.Prefix1").setBytes(PrefixConfigView::prefix, bytes);
+  expectComplaint("\"2001:db8:aaaa:bbbb:cccc:dddd:eeee:ffff\" does not fit 32");
+  EXPECT_EQ(get(), 0);
+  EXPECT_STREQ(record.v6IPAddress, "2001:db8:aaaa:bbbb:cccc:dddd:ee");
+  EXPECT_STREQ(record.defaultIPv6Gateway, "2001:db8:aaaa:bbbb:cccc:dddd:ee");
+  EXPECT_STREQ(record.v6Prefix, "");
+}
+
 TEST_F(UplinkInfoTest, Ipv6ViewsThatCannotBeReadCountAsEmpty) {
   store().create<RouteInterfaceView>("IGD.RouteIf2").setText(RouteInterfaceView::wanInstance, kWan);
   fail("vcorDbQryView", "DBVIEW_DSS_INFO");
-  fail("vcorDbGetView", "DBVIEW_DSS_CFG", -7);
+  fail({.call = "vcorDbGetView", .match = "DBVIEW_DSS_CFG", .answer = -7, .workDone = true});
   fail("vcorDbGetView", "DBVIEW_PREFIX_CFG", -7);
   EXPECT_EQ(get(), 0);
   EXPECT_STREQ(record.v6Status, "Unconnected ");
@@ -274,6 +323,12 @@ TEST_F(UplinkInfoTest, FailuresLeaveTheirFieldsEmpty) {
   fail("vcorDbQryView", "DBVIEW_WAN_CONN_DEV", -5);
   fail("vcorDbGetView", "DBVIEW_WAN_PPP_CONN", -6);
   fail("pm_send_msg_2mm", "bandInfo_mgr");
+  fail("pm_switch_get_inst_id_by_port", "", -10, 1, 1);
+  fail({.call = "pm_eth_get_port_basic_statstics",
+        .from = 2,
+        .times = 1,
+        .answer = -11,
+        .workDone = true});
   files().remove("/proc/net/arp");
   EXPECT_EQ(get(), 0);
   EXPECT_STREQ(record.managerMac, "000000000000");
@@ -287,19 +342,39 @@ TEST_F(UplinkInfoTest, FailuresLeaveTheirFieldsEmpty) {
       {4, "ubus_getPPPOEUserPwd", "[ubus_getPPPOEUserPwd] dbgetview fail(-6)\r\n", -6},
       {4, "ubus_get_rate_rt", "net_json_get_wan_rate_rt CmSendMsg2MM fail,iRet = -1\n", -1},
       {7, "ubus_getGatewayMac", "/proc/net/arp can not open!"},
+      {4, "pm_ubus_get_uplinkinfo", "func pm_switch_get_inst_id_by_port fail,iRet=-10\n", -10},
       {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics ifa failed [name uplink] \n"},
       {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics if6 failed [name uplink]\n"}};
   for (const testing::LogExpectation &line : lines) EXPECT_THAT(logs(), HasLogLine(line));
 
-  fail("vcorDbGetView", "DBVIEW_NETWORKING_DEV_INFO", -8);
+  fail({.call = "vcorDbGetView",
+        .match = "DBVIEW_NETWORKING_DEV_INFO",
+        .answer = -8,
+        .workDone = true});
+  fail("vcorDbLstView", "DBVIEW_WAN_CONN_DEV");
   EXPECT_EQ(get(), 0);
   EXPECT_EQ(record.accessMode, 0);
-  EXPECT_THAT(logs(), HasLog(4, "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:-8\n"));
+  EXPECT_THAT(record.ethCounters, Each(0u));
+  char user[32] = {};
+  char password[32] = {};
+  EXPECT_EQ(ubus_getPPPOEUserPwd(user, password), -1);
+  EXPECT_EQ(trace().back(), "vcorDbGetView(DBVIEW_WAN_PPP_CONN ) = -6 [fault]");
+  const testing::LogExpectation laterLines[] = {
+      {4, "pm_ubus_get_uplinkinfo", "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:-8\n", -8},
+      {4, "ubus_getPPPOEUserPwd", "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:-8\n", -8},
+      {4, "pm_ubus_get_uplinkinfo", "func pm_eth_get_port_basic_statstics fail,iRet=-11\n", -11},
+      {4, "pm_ubus_get_uplinkinfo", "func ubus_get_rate_rt fail,iRet=-8\n", -8}};
+  for (const testing::LogExpectation &line : laterLines) EXPECT_THAT(logs(), HasLogLine(line));
 
   fail("pm_upmode_info_get", "", -12);
   EXPECT_EQ(get(), -12);
   EXPECT_EQ(record.rateStatsValid, 0);
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_get_uplinkinfo",
+                                  "[pm_ubus_get_uplinkinfo] pm_upmode_info_get error, iret = "
+                                  "-12\n",
+                                  -12}));
   EXPECT_EQ(pm_ubus_get_uplinkinfo(nullptr), -1);
+  EXPECT_THAT(logs(), HasLog(4, "pm_ubus_get_uplinkinfo para is null"));
 }
 
 TEST_F(UplinkInfoTest, ManagementMacNeedsOneInternetConnection) {
@@ -309,8 +384,17 @@ TEST_F(UplinkInfoTest, ManagementMacNeedsOneInternetConnection) {
   store()
       .row<WanConnectionView>("IGD.WD1.WCD2.WCIP1")
       .setText(WanConnectionView::serviceList, "INTERNET");
+  std::memset(mac, 0x5a, sizeof mac);
   EXPECT_EQ(ubus_get_manger_mac(mac), -2);
-  EXPECT_THAT(logs(), HasLog(4, "No Run Info [INTERNET] [2]"));
+  EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_manger_mac", "No Run Info [INTERNET] [2]"}));
+  fail({.call = "vcorDbQryView", .match = "WAN_CONN", .times = 1, .count = 0});
+  EXPECT_EQ(ubus_get_manger_mac(mac), -2);
+  EXPECT_THAT(logs(), HasLog(4, "No Run Info [INTERNET] [0]"));
+  fail({.call = "vcorDbQryView", .match = "WAN_CONN", .times = 1, .count = 1});
+  fail("vcorDbGetView", "WAN_CONN", -13);
+  EXPECT_EQ(ubus_get_manger_mac(mac), -13);
+  EXPECT_THAT(mac, Each(0x5a));
+  EXPECT_EQ(ubus_get_manger_mac(nullptr), -1);
 }
 
 TEST_F(UplinkInfoTest, CurrentRateIsSumOfAllInSinglePrecision) {
@@ -324,6 +408,10 @@ TEST_F(UplinkInfoTest, CurrentRateIsSumOfAllInSinglePrecision) {
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
   EXPECT_STREQ(rx, "4294967296.000");
   EXPECT_STREQ(tx, "16384.000");
+  EXPECT_THAT(logs(), HasLogLine({5, "ubus_get_rate_rt",
+                                  " BandWithInfotmp  tBandwidthTx :1 tBandwidthRx: 512"}));
+  EXPECT_THAT(logs(), HasLogLine({5, "ubus_get_rate_rt",
+                                  "  tBandwidthTx :16777217 tBandwidthRx: 4398046510592"}));
   interfaces[0].rx = {1536, 0, 0};
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
   EXPECT_STREQ(rx, "2.000");
@@ -331,11 +419,22 @@ TEST_F(UplinkInfoTest, CurrentRateIsSumOfAllInSinglePrecision) {
   fail("pm_send_msg_2mm", "bandInfo_mgr", -3, 2, 1);
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
   EXPECT_STREQ(tx, "16384.002");
+  // So does an answer that brings nothing, whatever it calls its length.
+  fail({.call = "pm_send_msg_2mm", .from = 2, .times = 1, .replyLength = uint16_t{8}});
+  EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
+  EXPECT_STREQ(tx, "16384.002");
+  for (const int32_t none : {0, -1}) {
+    fail({.call = "vcorDbLstView", .match = "WAN_CONN", .times = 1, .count = none});
+    EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
+    EXPECT_STREQ(rx, "0.000");
+    EXPECT_STREQ(tx, "0.000");
+  }
   fail("vcorDbGetView", "DBVIEW_WAN_CONN_DEV", -3, 1, 1);
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), -8);
   fail("vcorDbLstView", "DBVIEW_WAN_CONN_DEV", -3, 1, 1);
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), -8);
   EXPECT_EQ(ubus_get_rate_rt(nullptr, tx), 1001);
+  EXPECT_EQ(ubus_get_rate_rt(rx, nullptr), 1001);
   EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_rate_rt", "RxRate_rt OR TxRate_rt IS null"}));
 
   loadExample("crowded.json");
@@ -412,15 +511,42 @@ TEST_F(UplinkInfoTest, AccountIsCopiedAsFarAsItsFieldsGo) {
   char text[32] = {};
   EXPECT_EQ(ubus_getPPPOEUserPwd(nullptr, text), -1);
   EXPECT_EQ(ubus_getPPPOEUserPwd(text, nullptr), -1);
+
+  const std::string longPath(40, 'p');
+  store().row<NetworkingDeviceView>("IGD").setText(NetworkingDeviceView::wanInstance, longPath);
+  EXPECT_EQ(ubus_getPPPOEUserPwd(text, text), -1);
+  EXPECT_THAT(trace().back(), HasSubstr("DBVIEW_WAN_PPP_CONN " + longPath.substr(0, 31) + ")"));
 }
 
-TEST_F(UplinkInfoTest, KeyOfManyCharactersIsSentAsInvalid) {
-  std::vector<uint64_t> view(4384 / sizeof(uint64_t));
-  const std::string key(33, 'k');
-  EXPECT_EQ(ubus_get_dssinto(key.c_str(), view.data()), -1);
-  EXPECT_EQ(ubus_get_dsscfg(nullptr, view.data()), -1);
-  EXPECT_EQ(ubus_get_prefixcfg(kWan, nullptr), -1);
-  EXPECT_EQ(ubus_get_dsscfg(kWan, view.data()), 0);
+TEST_F(UplinkInfoTest, ViewsAreWholeOrZeroAndFoundByKeysOfThirtyTwoCharacters) {
+  const struct {
+    int32_t (*get)(const char *, void *);
+    size_t size;
+  } getters[] = {{ubus_get_route_if_into, 2208},
+                 {ubus_get_dssinto, 4384},
+                 {ubus_get_dsscfg, 1224},
+                 {ubus_get_prefixcfg, 652}};
+  for (const auto &getter : getters) {
+    std::vector<uint32_t> view(getter.size / sizeof(uint32_t), 0x5a5a5a5a);
+    EXPECT_EQ(getter.get(nullptr, view.data()), -1);
+    EXPECT_EQ(getter.get(kWan, nullptr), -1);
+    EXPECT_THAT(view, Each(0x5a5a5a5au));
+    EXPECT_EQ(getter.get(kWan, view.data()), 0);
+    EXPECT_EQ(view[0], getter.size);
+    const Fault failures[] = {{.call = "vcorDbQryView", .times = 1},
+                              {.call = "vcorDbQryView", .times = 1, .count = 0},
+                              {.call = "vcorDbGetView", .times = 1, .workDone = true}};
+    for (const Fault &failure : failures) {
+      fail(failure);
+      EXPECT_EQ(getter.get(kWan, view.data()), failure.count ? -2 : -1);
+      EXPECT_THAT(view, Each(0u));
+    }
+    EXPECT_EQ(getter.get(std::string(33, 'k').c_str(), view.data()), -1) << "sent as invalid";
+  }
+  const std::string longest(32, 'k');
+  store().row<DssConfigView>("IGD.Dss1").setText(DssConfigView::wanInstance, longest);
+  std::vector<uint64_t> view(1224 / sizeof(uint64_t));
+  EXPECT_EQ(ubus_get_dsscfg(longest.c_str(), view.data()), 0);
   EXPECT_EQ(fieldsOf<DssConfigView>(view.data()).word(DssConfigView::prefixMode), 1u);
 }
 
