@@ -192,6 +192,36 @@ TEST_F(UplinkSamplerTest, RatesThatCannotBeReadCountAsZero) {
   }
 }
 
+TEST_F(UplinkSamplerTest, CountersThatDoNotComeCountAsZero) {
+  auto &interfaces = uplinkTraffic().interfaces;
+  interfaces[0].rx = {1024, 0, 0};
+  interfaces[1].rx = {1024 << 1, 0, 0};
+  interfaces[2].rx = {1024 << 2, 0, 0};
+  // The second connection's counters in part: its figures are its own, not the ones before it.
+  const std::vector<uint8_t> whole = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0};
+  const struct {
+    size_t length;
+    int32_t rate;
+  } cases[] = {{0, 3}, {7, 3}, {8, 3}, {10, 3}, {11, 67}, {16, 67}};
+  for (const auto &one : cases) {
+    startSampling();
+    fail({.call = "ctSgw_ssend_to_proxy",
+          .match = "BANDWIDTH",
+          .from = 2,
+          .times = 1,
+          .replyStatus = 0,
+          .replyPayload = {whole.begin(), whole.begin() + static_cast<ptrdiff_t>(one.length)}});
+    EXPECT_EQ(if_uplink_statics(1), 0);
+    EXPECT_THAT(samples(rings(g_net_uplink_ifa_list)[0]), ElementsAre(Pair(one.rate, one.rate)))
+        << one.length;
+  }
+  EXPECT_THAT(logs(), HasLogLine({5, "net_json_get_rate_rt",
+                                  " BandWithInfotmp  tBandwidthTx :0 tBandwidthRx: 65536"}));
+  EXPECT_THAT(logs(), HasLog(5,
+                             " enter  si_sample_list_add dev_name is uplink  rx tx [ 67 : 67] "
+                             "\n"));
+}
+
 TEST_F(UplinkSamplerTest, OtherModesAndAnUnreadableConfigurationAddNothing) {
   EXPECT_EQ(if_uplink_statics(3), 0);
   EXPECT_THAT(logs(), HasLogLine({4, "if_uplink_statics", "not support this mode \n"}));
@@ -265,6 +295,14 @@ TEST_F(StationSamplerTest, InterfaceDecidesWhoIsAsked) {
 }
 
 TEST_F(StationSamplerTest, DeviceThatDoesNotCountEndsTheWalkWithZero) {
+  only(3);
+  stations().all[8].online = true;
+  stations().all[8].interfaceName = "usb0";
+  EXPECT_THAT(sampleOnce(), Pair(0, 0)) << "nothing is left of the device before it";
+  only(3).online = false;
+  EXPECT_THAT(sampleOnce(), Pair(0, 0)) << "no device at all";
+  EXPECT_THAT(logs(), HasLogLine({5, "if_sta_statics",
+                                  " enter  si_sample_list_add dev_mac is   [tx:0 rx:0 ]\n"}));
   Station &station = only(7);
   station.linkFlag = 1;
   EXPECT_THAT(sampleOnce(), Pair(0, 0));
@@ -300,6 +338,17 @@ TEST_F(StationSamplerTest, FailuresSkipTheDeviceOnly) {
   }
   fail("plib_adev_list_view", "", -3);
   EXPECT_EQ(if_sta_statics(1), 1001);
+}
+
+TEST_F(StationSamplerTest, InterfaceNameMayFillItsField) {
+  only(7);
+  const std::string longest = "eth0.123456789ab";
+  store().create<LanInfoView>("IGD.LD1.ETH9").setText(LanInfoView::interfaceName, longest);
+  std::vector<uint8_t> device(DeviceRecord::kSize, 'x');
+  fieldsOf<DeviceRecord>(device.data()).setMac(DeviceRecord::mac, stations().all[7].mac);
+  std::copy(longest.begin(), longest.end(), device.begin() + DeviceRecord::interfaceName.offset);
+  fail({.call = "ctSgw_ssend_to_proxy", .match = "ADEV", .replyStatus = 0, .replyPayload = device});
+  EXPECT_THAT(sampleOnce(), Pair(524288, 131072));
 }
 
 TEST_F(StationSamplerTest, LanInterfaceThatIsNotFoundIsPrinted) {
@@ -340,17 +389,6 @@ TEST_F(StationSamplerTest, RepliesOfWrongLengthAreTakenAsFarAsTheyGo) {
             .times = 1,
             .replyStatus = 0,
             .replyLength = length});
-TEST_F(StationSamplerTest, InterfaceNameMayFillItsField) {
-  only(7);
-  const std::string longest = "eth0.123456789ab";
-  store().create<LanInfoView>("IGD.LD1.ETH9").setText(LanInfoView::interfaceName, longest);
-  std::vector<uint8_t> device(DeviceRecord::kSize, 'x');
-  fieldsOf<DeviceRecord>(device.data()).setMac(DeviceRecord::mac, stations().all[7].mac);
-  std::copy(longest.begin(), longest.end(), device.begin() + DeviceRecord::interfaceName.offset);
-  fail({.call = "ctSgw_ssend_to_proxy", .match = "ADEV", .replyStatus = 0, .replyPayload = device});
-  EXPECT_THAT(sampleOnce(), Pair(524288, 131072));
-}
-
       EXPECT_THAT(sampleOnce(), Pair(0, 0)) << event << " " << length;
     }
   }

@@ -51,6 +51,13 @@ TEST_F(UplinkRateConfigTest, InterfaceMayHaveThirtyTwoCharacters) {
   EXPECT_EQ(set(longest, "1", "60"), -1) << "33 characters, the next field's one included";
 }
 
+TEST_F(UplinkRateConfigTest, IntervalThatRunsIntoTheNextIsSentAsInvalid) {
+  EXPECT_EQ(set("nbif0", "300", "30"), 0);
+  std::memset(record.reportInterval, '6', sizeof record.reportInterval);
+  EXPECT_EQ(pm_ubus_uplinkrate_config_set(&record), -1) << "and the platform refuses it";
+  EXPECT_EQ(text("nbif0", UplinkRateConfigView::reportInterval), "300");
+}
+
 TEST_F(UplinkRateConfigTest, Failures) {
   fail("vcorDbSetView", "DBVIEW_UPLINKRATE_CONFIG br0", -5);
   EXPECT_EQ(set("br0", "600", "60"), -1);
