@@ -25,6 +25,7 @@ static constexpr char kSourceTag[] = "object_nexumd_roaming_pmapi.c";
 namespace {
 
 constexpr int32_t kAssociationFault = 1566;
+constexpr uint32_t kLast24GSsid = 4;
 
 /// Reads one word of the record that roaming and band steering share.
 int32_t readSteeringWord(const LogOrigin &origin, uint32_t offset, uint32_t *out) {
@@ -234,6 +235,13 @@ bool parseMac(const LogOrigin &origin, const char *text, uint8_t mac[6]) {
   return true;
 }
 
+int32_t queryAssociations(const LogOrigin &origin, const uint8_t mac[6],
+                          AssociationTable &matches) {
+  const int32_t status = findAssociations(mac, matches);
+  if (status != kOk) PM_LOG_FOR(origin, kFault, kAssociationFault, "DBVIEW_WLAN_AD");
+  return status;
+}
+
 /// Blocks the association of that name and takes it away.
 int32_t blockAndRemove(const char *name) {
   AssociationBuffer station;
@@ -254,8 +262,7 @@ int32_t pm_ubus_roaming_sta_disconnect(const char *mac) {
   if (!parseMac(PM_ORIGIN, mac, station)) return kFailure;
 
   AssociationTable matches;
-  if (const int32_t status = findAssociations(station, matches); status != kOk) {
-    PM_LOG_CODE(kFault, kAssociationFault, "DBVIEW_WLAN_AD");
+  if (const int32_t status = queryAssociations(PM_ORIGIN, station, matches); status != kOk) {
     return status;
   }
   if (matches.reported() != 1) {
@@ -265,21 +272,20 @@ int32_t pm_ubus_roaming_sta_disconnect(const char *mac) {
   printf("=======number=======%d\n", matches.reported());
 
   const InstancePath instance = matches.at(0);
+  // The stations beside it do not matter: only whether the platform can list them decides.
   AssociationTable neighbours;
   if (const int32_t status = pm_wlan_list_ad(instance.text, &neighbours.list); status != kOk) {
     printf("pm_wlan_list_ad fail=%d\n", status);
     return status;
   }
   AssociationBuffer association;
-  wlan_get_ad_db_q(instance.text, association.bytes);
-  const InstancePath name(association.text(association.name));
+  const bool named = wlan_get_ad_db_q(instance.text, association.bytes) == kOk;
+  const InstancePath name(named ? association.text(association.name) : instance.text);
   printf("=======tViewName=======%s\n", name.text);
   return blockAndRemove(name.text);
 }
 
 namespace {
-
-constexpr uint32_t kLast24GSsid = 4;
 
 struct AssociatedHost {
   uint32_t ssidNumber;
@@ -335,9 +341,10 @@ namespace {
 
 enum class Medium { kNone, kWired, k24G, k5G };
 
-Medium wirelessMedium(const uint8_t mac[6]) {
+Medium wirelessMedium(const LogOrigin &origin, const uint8_t mac[6]) {
   AssociationTable matches;
-  if (findAssociations(mac, matches) != kOk || matches.reported() != 1) return Medium::kNone;
+  if (queryAssociations(origin, mac, matches) != kOk) return Medium::kNone;
+  if (matches.reported() != 1) return Medium::kNone;
   AssociationBuffer association;
   wlan_get_ad_db_q(matches.at(0).text, association.bytes);
   RecordBuffer<WlanConfigRecord> config;
@@ -362,7 +369,7 @@ Medium mediumOf(const LogOrigin &origin, const InstancePath &path) {
   if (net_json_check_dev_valid(device.bytes) == 0) return Medium::kNone;
   const char *interfaceName = device.text(device.interfaceName);
   if (startsWith(interfaceName, "eth")) return Medium::kWired;
-  if (startsWith(interfaceName, "wlan")) return wirelessMedium(device.get(device.mac));
+  if (startsWith(interfaceName, "wlan")) return wirelessMedium(origin, device.get(device.mac));
   return Medium::kNone;
 }
 

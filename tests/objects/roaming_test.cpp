@@ -5,12 +5,14 @@
 
 #include "gateway/associations.hpp"
 #include "gateway/stations.hpp"
+#include "platform/records/device.hpp"
 #include "platform/records/wlan_band_steering.hpp"
 #include "platform/views/associated_device.hpp"
 #include "tests/objects/wlan_object_test.hpp"
 
 namespace {
 
+using platform::DeviceRecord;
 using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -92,19 +94,23 @@ TEST_F(Roaming, BandSteeringSwitchesRoamingTooAndRenames5G) {
 TEST_F(Roaming, BandSteeringSetStopsAtAFailure) {
   const struct {
     const char *call;
+    int32_t answer;
     int32_t status;
     const char *text;
   } failures[] = {
-      {"pm_wlan_set_config", -1, "pm_wlan_set_config 2.4G fail = -77\n"},
-      {"pm_wlan_set_wifibandsteering", -1, "pm_wlan_set_wifibandsteering  fail=-77\n"},
-      {"pm_wlan_set_same_ssid_2G", -77, "pm_wlan_set_same_ssid_2G failed!! iRet:-77\n"},
+      {"pm_wlan_set_config", -77, -1, "pm_wlan_set_config 2.4G fail = -77\n"},
+      {"pm_wlan_set_wifibandsteering", -77, -1, "pm_wlan_set_wifibandsteering  fail=-77\n"},
+      {"pm_wlan_set_wifibandsteering", -9, -1, "pm_wlan_set_wifibandsteering  fail=-9\n"},
+      {"pm_wlan_set_same_ssid_2G", -9, -9, "pm_wlan_set_same_ssid_2G failed!! iRet:-9\n"},
+      {"pm_wlan_set_same_ssid_2G", -77, -77, "pm_wlan_set_same_ssid_2G failed!! iRet:-77\n"},
   };
   for (const auto &failure : failures) {
     restart();
-    fail(failure.call, "", -77);
+    fail(failure.call, "", failure.answer);
     EXPECT_EQ(setSteering(1, -70, -75), failure.status);
     EXPECT_EQ(trace().back(), trace(failure.call).back());
-    EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_roaming_bandsteering_set", failure.text, -77}));
+    EXPECT_THAT(logs(),
+                HasLogLine({4, "pm_ubus_roaming_bandsteering_set", failure.text, failure.answer}));
   }
   EXPECT_EQ(steering(WlanBandSteeringRecord::lowRssi24G), -70) << "nothing is taken back";
 }
@@ -140,6 +146,8 @@ TEST_F(Roaming, GettersLeaveTheirOutputWhenTheReadFails) {
   BandSteeringRecord record;
   memset(&record, 0x5a, sizeof record);
   EXPECT_EQ(pm_ubus_roaming_bandsteering_get(&record), 0);
+  EXPECT_EQ(record.bandSteeringStatus, 0);
+  EXPECT_EQ(record.rssiThreshold, 0);
   EXPECT_EQ(record.rssiThreshold5G, 0);
 }
 
@@ -223,30 +231,42 @@ TEST_F(RoamingStations, DisconnectNeedsExactlyOneMatch) {
       printedBy([] { EXPECT_EQ(pm_ubus_roaming_sta_disconnect(kTablet), -1); });
   EXPECT_THAT(printed, ::testing::EndsWith("Database don't have this mac or more the one!\n"));
   EXPECT_THAT(counted(), ElementsAre(2, 2, 4)) << "nor is it counted";
+  fail({.call = "vcorDbQryView", .match = "WLAN_AD", .times = 1, .count = 0});
+  EXPECT_EQ(pm_ubus_roaming_sta_disconnect(kTablet), -1);
   EXPECT_THAT(gateway::blockList().stations, IsEmpty());
 }
 
 TEST_F(RoamingStations, DisconnectAnswersWhatFails) {
   sweepFaults([] { return pm_ubus_roaming_sta_disconnect(kTablet); },
               [this](const gateway::testing::SweepRun &run) {
-                // Neither the read that gives the name to the trace nor the block list decides.
-                const bool blocked = run.failed == 6 && run.once;
-                EXPECT_EQ(run.status, blocked ? 0 : -1) << run.failed;
-                EXPECT_EQ(store().has<platform::AssociatedDeviceView>(kTabletPath), !blocked);
+                // The fourth reads the name, which the query has found already; the sixth blocks.
+                const bool removed = run.once && (run.failed == 4 || run.failed == 6);
+                EXPECT_EQ(run.status, removed ? 0 : -1) << run.failed;
+                EXPECT_EQ(store().has<platform::AssociatedDeviceView>(kTabletPath), !removed);
               });
+  const std::string asked = "=======strtoMAc======f4:0f:24:10:88:01\n";
+  const std::string found = asked + "=======number=======1\n";
+  const std::string named = found + "=======tViewName=======IGD.LD1.WLAN1.AD1\n";
   const struct {
     const char *call;
     int32_t status;
-  } failures[] = {{"vcorDbQryView", -77},
-                  {"pm_wlan_list_ad", -77},
-                  {"pm_wlan_get_ad", -1},
-                  {"pm_wlan_del_ad", -77},
-                  {"pm_wlan_add_blklist", 0}};
+    std::string printed;
+  } failures[] = {{"vcorDbQryView", -77, asked},
+                  {"pm_wlan_list_ad", -77, found + "pm_wlan_list_ad fail=-77\n"},
+                  {"vcorDbGetView", 0, named},
+                  {"pm_wlan_get_ad", -1, named},
+                  {"pm_wlan_del_ad", -77, named},
+                  {"pm_wlan_add_blklist", 0, named}};
   for (const auto &failure : failures) {
+    SCOPED_TRACE(failure.call);
     restart();
     fail(failure.call, "", -77);
-    EXPECT_EQ(pm_ubus_roaming_sta_disconnect(kTablet), failure.status) << failure.call;
-    const bool logged = std::string(failure.call) == "vcorDbQryView";
+    int32_t status = 1;
+    EXPECT_EQ(printedBy([&] { status = pm_ubus_roaming_sta_disconnect(kTablet); }),
+              failure.printed);
+    EXPECT_EQ(status, failure.status);
+    const bool logged = failure.printed == asked;
+    EXPECT_EQ(logs().size(), logged ? 2u : 1u);
     if (logged) {
       EXPECT_THAT(logs(),
                   HasLogLine({0, "pm_ubus_roaming_sta_disconnect", "DBVIEW_WLAN_AD", 1566}));
@@ -259,12 +279,14 @@ TEST_F(RoamingStations, SignalComesFromTheHostTableAndTheRadio) {
     const char *ssid;
     const char *radio;
     const char *value;
-  } cases[] = {{"IGD.LD1.WLAN4", "2.4G", "38"}, {"IGD.LD1.WLAN5", "5G", "12"}};
+    std::string type;
+  } cases[] = {{"IGD.LD1.WLAN4", "2.4G", "38", "0"}, {"IGD.LD1.WLAN5", "5G", "12", "1"}};
   for (const auto &expected : cases) {
     association(kTabletPath).setText(platform::AssociatedDeviceView::ssidInstance, expected.ssid);
     StaRssiRecord record = asking("f4:0f:24:10:88:01");
     memset(record.reserved, 0x5a, sizeof record.reserved);
-    EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), 0);
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), 0); }),
+              "=======strtoMAc======f4:0f:24:10:88:01\nradioType:" + expected.type + "\n");
     EXPECT_STREQ(record.radio, expected.radio);
     EXPECT_STREQ(record.rssi, "-58");
     EXPECT_STREQ(record.radioValue, expected.value);
@@ -293,10 +315,53 @@ TEST_F(RoamingStations, SignalFailsSilentlyForAStationThatIsNotThere) {
 }
 
 TEST_F(RoamingStations, SignalIgnoresWhatTheReplyCallsItsStatus) {
-  fail({.call = "ctSgw_ssend_to_proxy", .match = "WLANRADIOINFO", .replyStatus = -5});
-  StaRssiRecord record = asking(kTablet);
-  EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), 0);
-  EXPECT_STREQ(record.radioValue, "0");
+  const struct {
+    std::vector<uint8_t> payload;
+    const char *value;
+  } replies[] = {{{}, "0"}, {{7, 1}, "263"}, {{7, 1, 0, 0}, "263"}, {{7, 0, 0, 0, 9}, "7"}};
+  for (const auto &reply : replies) {
+    fail({.call = "ctSgw_ssend_to_proxy",
+          .match = "WLANRADIOINFO",
+          .times = 1,
+          .replyStatus = -5,
+          .replyPayload = reply.payload});
+    StaRssiRecord record = asking(kTablet);
+    EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), 0);
+    EXPECT_STREQ(record.radioValue, reply.value);
+  }
+}
+
+TEST_F(RoamingStations, SignalTakesAPositiveResultAndATornReplyForSuccess) {
+  const gateway::Fault faults[] = {
+      {.call = "ctSgw_ssend_to_proxy", .match = "WLANRADIOINFO", .times = 1, .answer = 7},
+      {.call = "ctSgw_ssend_to_proxy",
+       .match = "WLANRADIOINFO",
+       .times = 1,
+       .replyStatus = 0,
+       .replyPayload = {9, 9, 9, 9},
+       .replyLength = uint16_t{3}}};
+  for (const gateway::Fault &fault : faults) {
+    fail(fault);
+    StaRssiRecord record = asking(kTablet);
+    EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), 0);
+    EXPECT_STREQ(record.rssi, "-58");
+    EXPECT_STREQ(record.radioValue, "0");
+  }
+}
+
+TEST_F(RoamingStations, HostTableIsReadAsFarAsItGoes) {
+  const struct {
+    int32_t count;
+    int32_t status;
+  } cases[] = {{0, -1}, {1, 0}, {128, 0}, {129, 0}, {INT32_MAX, 0}, {-1, -1}};
+  for (const auto &reported : cases) {
+    fail({.call = "ctSgw_wlanGetHostInfo", .match = "", .times = 1, .count = reported.count});
+    StaRssiRecord record = asking(kTablet);
+    EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), reported.status) << reported.count;
+    fail({.call = "ctSgw_wlanGetHostInfo", .match = "", .times = 1, .count = reported.count});
+    record = asking("02:00:00:00:00:99");
+    EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), -1) << "is in no entry";
+  }
 }
 
 TEST_F(RoamingStations, TextsThatAreNoMacAskNothing) {
@@ -334,6 +399,7 @@ TEST_F(RoamingStations, DevicesThatCannotBePlacedAreNotCounted) {
   fail("vcorDbQryView", "DBVIEW_WLAN_AD", -77, 7, 1);
   const std::string printed = printedBy([] { EXPECT_THAT(counted(), ElementsAre(0, 2, 3)); });
   EXPECT_EQ(printed, "pm_wlan_get_config fail=-77\n");
+  EXPECT_THAT(logs(), HasLogLine({0, "pm_ubus_sta_num_get", "DBVIEW_WLAN_AD", 1566}));
   EXPECT_THAT(logs(),
               HasLogLine({4, "pm_ubus_sta_num_get",
                           "ctSgw_ssend_to_proxy CTSGW_EVENT_QUERY_ADEV_PARAM error!\n", -77}));
@@ -341,6 +407,38 @@ TEST_F(RoamingStations, DevicesThatCannotBePlacedAreNotCounted) {
     StaNumRecord record = {};
     return pm_ubus_sta_num_get(&record);
   });
+}
+
+TEST_F(RoamingStations, AssociationsThatAreNotNamedAreNotCounted) {
+  fail({.call = "vcorDbQryView", .match = "WLAN_AD", .times = 1, .count = 0});
+  fail("vcorDbGetView", "WLAN1.AD2", -77);
+  const std::string printed = printedBy([] { EXPECT_THAT(counted(), ElementsAre(2, 1, 4)); });
+  EXPECT_THAT(printed, ::testing::MatchesRegex("pm_wlan_get_config fail=-[0-9]+\n"));
+}
+
+TEST_F(RoamingStations, WholeDeviceCountsWhateverTheReplyCallsItsStatus) {
+  DeviceRecord device = {};
+  gateway::fieldsOf<DeviceRecord>(&device).setText(DeviceRecord::interfaceName, "eth7");
+  const auto *bytes = device.bytes;
+  // One byte less is a torn record.
+  for (const uint32_t size : {device.kSize - 1, device.kSize}) {
+    fail({.call = "ctSgw_ssend_to_proxy",
+          .match = "Adev1",
+          .times = 1,
+          .replyStatus = -5,
+          .replyPayload = {bytes, bytes + size}});
+    EXPECT_THAT(counted(), ElementsAre(size == device.kSize ? 3 : 2, 2, 4));
+  }
+}
+
+TEST_F(RoamingStations, ListIsCountedAsFarAsItGoes) {
+  for (const int32_t reported : {-1, 0, 129, INT32_MAX}) {
+    forgetCalls();
+    fail({.call = "plib_adev_list_view", .match = "", .times = 1, .count = reported});
+    const std::vector<int32_t> all = {2, 3, 4};
+    EXPECT_EQ(counted(), reported > 0 ? all : std::vector<int32_t>(3)) << reported;
+    EXPECT_EQ(trace("ctSgw_ssend_to_proxy").size(), reported > 0 ? 128u : 0u);
+  }
 }
 
 TEST_F(RoamingStations, AFailedListLeavesTheRecord) {
