@@ -36,13 +36,15 @@ struct NetworkTexts {
   const char *security;
 };
 
-constexpr uint32_t clamped(uint32_t count, uint32_t capacity) {
-  return count < capacity ? count : capacity;
+/// How many of so many entries the array holds.
+template <class Entry, uint32_t Capacity>
+constexpr uint32_t fitting(uint32_t count, const Entry (&)[Capacity]) {
+  return count < Capacity ? count : Capacity;
 }
 
 template <class Entry, uint32_t Capacity>
-uint32_t fitting(const cJSON *list, const Entry (&)[Capacity]) {
-  return clamped(static_cast<uint32_t>(cJSON_GetArraySize(list)), Capacity);
+uint32_t fitting(const cJSON *list, const Entry (&array)[Capacity]) {
+  return fitting(static_cast<uint32_t>(cJSON_GetArraySize(list)), array);
 }
 
 bool hasType(const cJSON *item, int type) {
@@ -243,9 +245,9 @@ uint32_t stationsOf(const MeshRadioBlock &block, uint32_t bssNum) {
 /// empty topology leaves those that the caller's record came with.
 void totalStations(MeshTopologyRecord *record) {
   const MeshDeviceSlot &first = record->devices[0];
-  const uint32_t deviceNum = clamped(first.deviceNum, 32);
-  const uint32_t bssNumA = clamped(first.radioA.bssNum, 32);
-  const uint32_t bssNumB = clamped(first.radioB.bssNum, 32);
+  const uint32_t deviceNum = fitting(first.deviceNum, record->devices);
+  const uint32_t bssNumA = fitting(first.radioA.bssNum, first.radioA.bss);
+  const uint32_t bssNumB = fitting(first.radioB.bssNum, first.radioB.bss);
   for (uint32_t i = 0; i < deviceNum; ++i) {
     MeshDeviceSlot &device = record->devices[i];
     device.staTotal = stationsOf(device.radioA, bssNumA) + stationsOf(device.radioB, bssNumB) +

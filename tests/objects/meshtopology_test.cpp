@@ -89,7 +89,6 @@ class MeshTopologyTest : public GatewayTest {
 
 using PmGetDumpbufInfo = MeshTopologyTest;
 using PmUbusGetMeshtopology = MeshTopologyTest;
-using MeshGetTopologyTest = MeshTopologyTest;
 
 Json stations(size_t count) {
   Json list = Json::array();
@@ -230,6 +229,10 @@ TEST_F(PmUbusGetMeshtopology, CountsAsManyBssPerDeviceAsTheFirstOneHas) {
   ASSERT_EQ(fetch(topology({first, second}).dump()), 0);
   EXPECT_EQ(slot(0).staTotal, 3u);
   EXPECT_EQ(slot(1).staTotal, 4u + 3 + 1);
+
+  ASSERT_EQ(fetch(topology({first, nullptr}).dump()), 0);
+  EXPECT_EQ(slot(1).deviceNum, 2u);
+  EXPECT_EQ(slot(1).staTotal, 0u);
 }
 
 TEST_F(PmUbusGetMeshtopology, CutsADumpThatFillsItsBufferAtTheLastByte) {
@@ -259,10 +262,12 @@ TEST_F(PmUbusGetMeshtopology, AnswersWithTheFetchsResultAndLeavesTheRecord) {
       {gateway::MapdState::kDown, -1, "open /tmp/mapd_ctrl fail!\n"},
       {gateway::MapdState::kFailing, -1, "Command Failed\n"},
       {gateway::MapdState::kTimingOut, -2, "Command Time Out\n"},
+      {gateway::MapdState::kUp, 7, ""},
   };
   for (const auto &c : cases) {
     SCOPED_TRACE(c.printed);
     forgetCalls();
+    if (c.status == 7) fail("mapd_interface_get_topology", "", c.status);
     mesh().state = c.state;
     const std::string printed =
         printedBy([&] { EXPECT_EQ(pm_ubus_get_meshtopology(record_.get()), c.status); });
@@ -275,15 +280,6 @@ TEST_F(PmUbusGetMeshtopology, AnswersWithTheFetchsResultAndLeavesTheRecord) {
                             c.status}));
     EXPECT_EQ(slot(0).deviceNum, 0u);
   }
-}
-
-TEST_F(MeshGetTopologyTest, PassesOnAResultThatItHasNoLineFor) {
-  mesh().state = gateway::MapdState::kUp;
-  fail("mapd_interface_get_topology", "", 7);
-  char buffer[64] = {};
-  int32_t length = sizeof buffer;
-  EXPECT_EQ(printedBy([&] { EXPECT_EQ(MeshGetTopology(buffer, &length), 7); }), "");
-  EXPECT_EQ(trace("mapd_interface_ctrl_close").size(), 1u);
 }
 
 TEST_F(PmUbusGetMeshtopology, SurvivesEveryFailingCall) {
@@ -335,6 +331,7 @@ TEST_F(PmGetDumpbufInfo, RefusesATornDump) {
   for (const char *other : {"[]", "7", "\"topology information\"", "{\"topology\":[]}"}) {
     EXPECT_EQ(walk(std::string(other)), -1) << other;
   }
+  EXPECT_EQ(pm_get_dumpbuf_info(nullptr, nullptr, record_.get()), -1);
 }
 
 /// What the walk says of a member that is missing, or of another type than a text's.
