@@ -22,9 +22,9 @@ typedef struct MeshBackhaulEntry {
 /** One BSS. */
 typedef struct MeshBssEntry {
   char bssid[18];
-  char ssid[18]; /**< cut at 17 characters */
-  char staMac[32][32];
-  uint32_t staNum; /**< stations, at most 32 */
+  char ssid[18];       /**< cut at 17 characters */
+  char staMac[32][32]; /**< cut at 17 characters each */
+  uint32_t staNum;     /**< stations, at most 32 */
 } MeshBssEntry;
 
 /** BSSs of one radio. */
@@ -40,11 +40,11 @@ typedef struct MeshDeviceSlot {
   char meshRole[15];  /**< cut at 10 characters */
   char alMac[217];    /**< cut at 31 characters */
   MeshBackhaulEntry bhInfo[32];
-  uint32_t bhNum;        /**< backhaul links, at most 32 */
-  MeshRadioBlock radioB; /**< the last radio after the first */
-  MeshRadioBlock radioA; /**< the first radio */
-  char otherClientMac[32][32];
-  uint32_t otherClientNum; /**< other clients, at most 32 */
+  uint32_t bhNum;              /**< backhaul links, at most 32 */
+  MeshRadioBlock radioB;       /**< the last radio after the first */
+  MeshRadioBlock radioA;       /**< the first radio */
+  char otherClientMac[32][32]; /**< cut at 17 characters each */
+  uint32_t otherClientNum;     /**< other clients, at most 32 */
   uint32_t staTotal; /**< stations and other clients; counts as many BSSs as the first device has */
 } MeshDeviceSlot;
 
@@ -68,7 +68,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_meshtopology(MeshTopologyRecord *record);
 
 /**
  * Asks the multi-AP daemon for its topology as JSON text; failures go to standard output.
- * @param buffer zero-filled, not NULL
+ * @param buffer zero-filled, not NULL, with one byte more than @p length says: a text that fills
+ *   them is not terminated
  * @param length in: size of @p buffer in bytes; out: as the multi-AP library leaves it; not NULL
  * @retval 0 written
  * @retval -1 the control socket cannot be opened, or the command failed

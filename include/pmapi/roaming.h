@@ -38,7 +38,7 @@ typedef struct StaRssiRecord {
   uint8_t reserved[36]; /**< neither read nor written */
   char macAddress[32];  /**< in: twelve digits or six pairs with ":" */
   char radio[8];        /**< out: "2.4G" or "5G" */
-  char rssi[32];        /**< out: decimal */
+  char rssi[32];        /**< out: dBm, decimal */
   char radioValue[32];  /**< out: first value of the radio's information, decimal */
 } StaRssiRecord;
 
@@ -138,11 +138,11 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_set(const RoamingRecord *record);
 PMAPI_EXPORT int32_t pm_ubus_roaming_sta_disconnect(const char *mac);
 
 /**
- * Reads the signal of one associated station.
+ * Reads the signal of one associated station. Traces its steps on standard output.
  * @param record macAddress is read, radio, rssi and radioValue are written on success
  * @retval 0 read
- * @retval -1 @p record is NULL, macAddress is no MAC, the station is not associated, or the
- *   radio's information cannot be read
+ * @retval -1 @p record is NULL, macAddress is no MAC, the associated stations cannot be listed, the
+ *   station is not among them, or the radio's information cannot be read
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record);
 
@@ -152,8 +152,9 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record);
  * @param record status and thresholds
  * @retval 0 done
  * @retval -257 @p record is NULL
- * @retval -1 the first SSID or the shared record was refused; what precedes it stays written
- * @return else the platform status of the renaming
+ * @retval -1 the first SSID was refused, or the shared record, there -9 (nothing changed) included;
+ *   what precedes it stays written
+ * @return else the platform status of the renaming, -9 included
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *record);
 
@@ -166,7 +167,8 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *
 PMAPI_EXPORT int32_t pm_ubus_roaming_bandsteering_get(BandSteeringRecord *record);
 
 /**
- * Counts the attached devices by medium; a device that cannot be placed is not counted.
+ * Counts the attached devices by medium; a device that cannot be placed is not counted. A failed
+ * read of an SSID is printed on standard output.
  * @param record written on success only
  * @retval 0 counted
  * @retval -1 @p record is NULL or the devices cannot be listed

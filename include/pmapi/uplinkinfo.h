@@ -68,14 +68,14 @@ typedef struct UplinkInfoRecord {
   char TxRate_rt[64];
   char v6Status[32];        /**< "Connected" or "Unconnected " with its blank */
   char v6AddressOrigin[32]; /**< "AutoConfigured", "Static", "DHCPv6" or empty */
-  char v6IPAddress[32];
-  char dhsv6_servers[32]; /**< DNS servers with "," between them, cut at 31 characters */
+  char v6IPAddress[32];     /**< cut at 31 characters */
+  char dhsv6_servers[32];   /**< DNS servers with "," between them, cut at 31 characters */
   int32_t v6PrefixMode;
   char v6PrefixOrigin[32]; /**< "Static", "PrefixDelegation" or empty */
   char v6Prefix[32];
-  char PreferLifetime[32]; /**< decimal */
-  char ValidLifetime[32];  /**< decimal */
-  char defaultIPv6Gateway[32];
+  char PreferLifetime[32];              /**< decimal */
+  char ValidLifetime[32];               /**< decimal */
+  char defaultIPv6Gateway[32];          /**< cut at 31 characters */
   int32_t rateStatsValid;               /**< 1 */
   UplinkRateBlock ipv4Rates;            /**< rates of #g_net_uplink_ifa_list */
   UplinkRateBlock ipv6Rates;            /**< rates of #g_net_uplink_if6_list */
@@ -96,7 +96,8 @@ extern PMAPI_EXPORT ListLink g_net_uplink_if6_list;
 /** @} */
 
 /** @name Intervals
- * Every sampling call sets them: the first two from the platform, the other two to 600 and 60.
+ * Every sampling call that can read the platform's configuration sets them: the first two from it,
+ * the other two to 600 and 60.
  * @{ */
 /** Report interval, IPv4; 600 at load. */
 extern PMAPI_EXPORT int32_t g_ifa_ReportInterval;
@@ -114,8 +115,8 @@ extern PMAPI_EXPORT int32_t g_if6_SampleInterval;
  * 10, in all four lists. A full ring loses its oldest sample; one that has become too long does not
  * shrink.
  * @param sample only tx and rx are read
- * @param key at most 31 characters count; not NULL. An empty key always makes a new ring, which no
- *   lookup finds
+ * @param key not NULL, at most 31 characters. A longer one is cut in its ring and so never matches
+ *   it: like an empty key, it makes a new ring each time, and that ring is never freed
  * @param mode list, 1 to 4; its head must have been set
  * @retval 0 added, or there was no memory for a new ring
  * @retval -1 @p sample is NULL, @p mode is unknown, or there was no memory for the sample
@@ -134,7 +135,8 @@ PMAPI_EXPORT void si_net_sample_list_del(si_net_sample *sample);
  * @param result written on success only
  * @param mode list, 1 to 4
  * @retval 0 computed
- * @retval -1 a pointer is NULL, @p mode is unknown, or the key has no samples
+ * @retval -1 a pointer is NULL, @p mode is unknown, the key has no samples, or the head of the list
+ *   was never set
  */
 PMAPI_EXPORT int32_t si_net_sample_list_statics(const si_net_sample_dev *key,
                                                 si_net_sample_statics *result, int32_t mode);
@@ -143,7 +145,7 @@ PMAPI_EXPORT int32_t si_net_sample_list_statics(const si_net_sample_dev *key,
  * Takes one station sample; asks the platform for every attached device. It is filed under an empty
  * key, so statistics do not find it.
  * @param mode 1 IPv4, 2 IPv6; any other is logged and adds nothing
- * @retval 0 done, also when the sampling configuration cannot be read
+ * @retval 0 done, also when the sampling configuration cannot be read or the sample was not added
  * @retval 1001 the attached devices cannot be listed
  */
 PMAPI_EXPORT int32_t if_sta_statics(int32_t mode);
@@ -208,8 +210,8 @@ PMAPI_EXPORT int32_t ubus_getGatewayMac(char *mac);
 
 /**
  * @name IPv6 views of a WAN connection
- * @p instance is the key, at most 35 characters; @p view is zero-filled and 4-aligned and receives
- * the whole view with its header.
+ * @p instance is the key, at most 32 characters; a longer one is sent as an invalid field. @p view
+ * is 4-aligned; it is cleared, given its header and filled. After a failure it is all zero.
  * @retval 0 read
  * @retval -1 the query failed, or a pointer is NULL
  * @retval -2 the key does not match exactly one instance

@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// How often rates are sampled and reported, in seconds; one instance, "IGD".
+/// How often rates are sampled and reported; one instance, "IGD".
 struct SampleConfigView : View<DBVIEW_SAMPLE_CONFIG, 200> {
   static constexpr Word reportInterval{"reportInterval", 36};
   static constexpr Word sampleInterval{"sampleInterval", 68};
