@@ -60,7 +60,9 @@ PMAPI_EXPORT int32_t pm_ubus_get_pmfctrl(uint32_t *value);
 
 /**
  * Reads the kernel's packet-skip counter.
- * @param count the counter; -1 when it is switched off or its switch file is empty
+ * @param count the counter, from the first seven characters of its file (0 when that is empty,
+ *   unreadable or no number); -1 when the switch is off, which an empty, unreadable or non-numeric
+ *   switch file means too. Written on success only
  * @retval 0 read
  * @retval -1 @p count is NULL, a file cannot be opened, or the switch is neither 0 nor 1
  */

@@ -11,13 +11,13 @@ PMAPI_BEGIN_DECLS
 
 /** Limits of one device. */
 typedef struct UbusDeviceLimit {
-  char deviceMac[32]; /**< twelve digits; read up to there, written in upper case */
-  char TxRate[32];    /**< upstream limit, decimal, given to the platform times 1024; twice "0" ends
-                         the limit */
-  char RxRate[32];    /**< downstream limit, likewise */
-  char LimitUrl[1600];     /**< URL keywords with "," between them */
-  int32_t LmtMode;         /**< 1 limits in the period below, any other value always */
-  int32_t LimitWeek;       /**< mask of 7 weekdays, below 128 */
+  char deviceMac[32];  /**< twelve digits; read up to there, written in upper case */
+  char TxRate[32];     /**< upstream limit, decimal, at most 31 characters are read; given to the
+                          platform times 1024 in 32 bits; twice "0" ends the limit */
+  char RxRate[32];     /**< downstream limit, likewise */
+  char LimitUrl[1600]; /**< URL keywords with "," between them, at most 1599 characters */
+  int32_t LmtMode;     /**< 1 limits in the period below, any other value always */
+  int32_t LimitWeek;   /**< mask of 7 weekdays, below 128 */
   uint32_t LimitStartTime; /**< seconds of the day, at most 86400 */
   uint32_t LimitEndTime;   /**< seconds of the day, at most 86400, not before the start */
 } UbusDeviceLimit;
@@ -72,7 +72,8 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_limit_get(UbusDeviceLimit *records, int32_t 
 /**
  * Applies the limits of one device: URL rules of the firewall, the list in memory, then the time
  * policy, or without a valid period the rate limit at the proxy. A wrong period is logged and the
- * limit applied without one. URL rules stay installed when a later step fails.
+ * limit applied without one. The proxy also gets the limit when the policy cannot be written, and
+ * every deletion. URL rules stay installed when a later step fails.
  * @param record the limits
  * @retval 0 applied, or the proxy refused in its reply only
  * @retval -1 @p record is NULL or its MAC is not hexadecimal

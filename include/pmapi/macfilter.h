@@ -24,20 +24,24 @@ PMAPI_EXPORT int32_t ubus_getmacFilterPolicy(void);
 
 /**
  * Reads the filter: state and policy from the firewall, the list in force from the item store.
- * @param record zero-filled; entries receives at most 127 characters
+ * @param record zero-filled; entries receives at most 19 characters of the list, for the item is
+ *   read with the length of its name
  * @retval 0 read; a firewall that cannot be read shows in the two numbers only
- * @retval -1 the list is not in the item store (both numbers are filled), or @p record is NULL
+ * @retval -1 the item store cannot be read or has no such list (both numbers are filled), or
+ *   @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_get_mac_filter(UbusMacFilter *record);
 
 /**
  * Sets state and policy and, when switching on, replaces the firewall's entries (the first 32 of
  * them) by the given ones; switching off keeps them. The list in the item store is not changed.
- * @param record at most 2047 characters of entries are read, names are cut at 15 characters
- *   Without entries the state and policy alone are set (and the old entries removed if it is on)
- * @retval 0 applied; an entry whose MAC is not hexadecimal, or that the platform refuses, is logged
- *   and left out; so is every entry with a state or policy above 1 (of which the lowest byte
- * counts)
+ * @param record at most 2047 characters of entries are read, names are cut at 15 characters.
+ *   Without entries the state and policy alone are set (and the old entries removed if it is on); a
+ *   list of nothing but "," removes the old entries if it is on and sets nothing. Old entries are
+ *   removed for a state of exactly 1; of state and policy the platform gets the lowest byte
+ * @retval 0 done; every failure of the platform is logged only. An entry whose MAC is not
+ *   hexadecimal, that the platform refuses, or that comes with a state or policy byte above 1 is
+ *   left out
  * @retval 1001 an entry has no name, or a MAC that is not 12 characters long; nothing was changed
  * @retval -1 @p record is NULL
  */

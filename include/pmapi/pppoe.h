@@ -17,7 +17,8 @@ typedef struct UbusPppoe {
 
 /**
  * Sets the PPPoE account. The password appears in the log in plain text.
- * @param record a text of 65 characters or more is sent as an invalid field
+ * @param record a text of 65 characters or more is sent as an invalid field. A user name that fills
+ *   its 64 characters runs on into the password: it is valid before an empty password only
  * @retval 0 set
  * @retval -257 @p record is NULL
  * @return else the platform status

@@ -20,7 +20,8 @@ typedef struct UbusQosRule {
   char port1[20]; /**< first port, decimal */
   char ip2[64];
   char port2[20];
-  char label[32]; /**< at most 32 characters; a longer C string is sent as an invalid field */
+  char label[32]; /**< at most 32 characters, a longer C string is sent as an invalid field; read
+                     back without a zero when it has 32 */
   char mac1[20];
   char mac2[20];
 } UbusQosRule;
@@ -33,9 +34,11 @@ typedef struct UbusQos {
 } UbusQos;
 
 /**
- * Adds the rules to those that exist (pm_qc_clear_all() removes them). Refusals of the platform are
- * ignored. A field that one rule leaves unset keeps what the rule before it had.
- * @param record the rules
+ * Adds the rules, at most 30, to those that exist (pm_qc_clear_all() removes them). Refusals of the
+ * platform are ignored. An address or MAC that does not parse keeps what the rule before had (the
+ * first rule: 0), a port that does not parse is 0, and after an invalid label those of the rules
+ * behind it are invalid too.
+ * @param record the rules; a count above 0x7FFFFFFF sends none
  * @retval 0 sent
  * @retval -1 @p record is NULL
  */

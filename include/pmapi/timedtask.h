@@ -9,10 +9,10 @@
 
 PMAPI_BEGIN_DECLS
 
-/** Timer task. Times are kept in whole minutes; 86400 and more count from the next midnight. */
+/** Timer task. Times are kept in whole minutes; 86400 and more are reduced by one day, once. */
 typedef struct UbusWifiTimer {
   int32_t taskId;
-  int32_t enable;       /**< 1 active */
+  int32_t enable;       /**< 1 active; the platform keeps its low byte */
   uint32_t weekMask;    /**< bit 0 Sunday, bits 1 to 6 Monday to Saturday */
   int32_t Action;       /**< 1 wake-up control, 2 Wi-Fi schedule */
   uint32_t timeOffset;  /**< seconds of the day; of a schedule the start */
@@ -27,8 +27,9 @@ typedef struct WeekdayList {
 } WeekdayList;
 
 /**
- * Adds a task, deleting first every task with the same taskId (even if the new one is then
- * refused). A schedule is stored as two entries; when the second is refused the first stays.
+ * Adds a task, deleting first those of the same taskId among the first 32 that are listed (even if
+ * the new one is then refused); when the tasks cannot be listed none is deleted. A schedule is
+ * stored as two entries; when the second is refused the first stays.
  * @param record the task
  * @retval 0 added
  * @retval -10 @p record is NULL
