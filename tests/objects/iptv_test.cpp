@@ -1,5 +1,6 @@
 #include "pmapi/iptv.h"
 
+#include <cstring>
 #include <string>
 
 #include "gateway/status.hpp"
@@ -45,7 +46,21 @@ TEST_F(IptvTest, BindsPortsUpToTheFirstZeroAndReadsThemBack) {
   EXPECT_EQ(record.vlanId, 85u);
   EXPECT_THAT(record.ethPorts, ElementsAre(1, 3, 0, 0));
   EXPECT_EQ(record.wlanPorts[1], 6u);
-  EXPECT_THAT(logs(), HasLog(5, "pm_ubus_nexumd_iptv_set success \n"));
+  for (const char *line :
+       {"now in pm_ubus_nexumd_iptv_set\n", "now in pm_ubus_nexumd_iptv_get\n",
+        "pm_ubus_nexumd_iptv_set success \n", "pm_ubus_nexumd_iptv_get success end "}) {
+    EXPECT_THAT(logs(), HasLog(5, line));
+  }
+}
+
+TEST_F(IptvTest, EveryPortOfAFullRecordIsBoundAndReadBack) {
+  UbusIptv asked = {1, 1, {1, 2, 3, 4}, {}};
+  for (uint32_t i = 0; i < 16; ++i) asked.wlanPorts[i] = 16 - i;
+  EXPECT_EQ(pm_ubus_nexumd_iptv_set(asked), 0);
+  EXPECT_THAT(trace(kBind), SizeIs(20));
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), 0);
+  EXPECT_THAT(record.ethPorts, ElementsAreArray(asked.ethPorts));
+  EXPECT_THAT(record.wlanPorts, ElementsAreArray(asked.wlanPorts));
 }
 
 TEST_F(IptvTest, VlanRangesDifferBetweenSetAndGet) {
@@ -55,10 +70,16 @@ TEST_F(IptvTest, VlanRangesDifferBetweenSetAndGet) {
   EXPECT_THAT(logs(), HasLog(4, "pm_ubus_nexumd_iptv_set vlanid is out of range (0~4096)\n"));
   asked.vlanId = 4096;
   EXPECT_EQ(pm_ubus_nexumd_iptv_set(asked), 0);
-  record.vlanId = 77;
-  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), 0);
-  EXPECT_EQ(record.vlanId, 77u) << "4096 is not reported";
-  EXPECT_EQ(record.ethPorts[0], 1u);
+  EXPECT_THAT(store().paths(layoutOf<IptvVlanBindingView>()), SizeIs(1));
+  const Row row = store().row<IptvVlanBindingView>("IGD.Iptvlanbind1");
+  for (const auto &[vlanId, reported] :
+       {std::pair(0u, 77u), {1u, 1u}, {4094u, 4094u}, {4095u, 77u}, {4096u, 77u}}) {
+    row.setWord(IptvVlanBindingView::vlanId, vlanId);
+    record.vlanId = 77;
+    EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), 0);
+    EXPECT_EQ(record.vlanId, reported) << vlanId;
+    EXPECT_EQ(record.ethPorts[0], 1u);
+  }
 }
 
 TEST_F(IptvTest, DisablingRemovesEveryBindingThatCanBeRead) {
@@ -99,10 +120,31 @@ TEST_F(IptvTest, GetRefusesWithoutTouchingTheRecord) {
   EXPECT_EQ(record.enable, 9u);
 }
 
-TEST_F(IptvTest, PathsTooShortForAPortAreWithoutNumber) {
+TEST_F(IptvTest, OddPathsAndUnreadableBindingsLeaveTheOthers) {
   bind("IGD.LD1", 85);
+  bind("IGD.LD1.WLAN9", 86);
+  bind("IGD.LD1.ETH2", 87);
+  // A path to the last byte of its field.
+  const Row full = store().row<IptvVlanBindingView>("IGD.B1");
+  const std::string path = "IGD.LD1.WLAN7" + std::string(23, 'x');
+  std::memcpy(full.data() + IptvVlanBindingView::portPath.offset, path.data(), path.size());
+  bind("IGD.LD1", 88);
+  fail("vcorDbGetView", "IGD.B2", -5, 1, 1);
   EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), 0);
-  EXPECT_EQ(record.wlanPorts[0], 0u);
+  EXPECT_THAT(record.ethPorts, ElementsAre(2, 0, 0, 0));
+  EXPECT_EQ(record.wlanPorts[0], 7u);
+  EXPECT_EQ(record.wlanPorts[1], 0u) << "too short for a port";
+  expectComplaint("longer than 32");
+  EXPECT_EQ(pm_iptv_del(), 0);
+  EXPECT_THAT(trace(kBind)[0], HasSubstr(path.substr(0, 35) + " 0)"));
+}
+
+TEST_F(IptvTest, CountsBelowZeroAreNone) {
+  bind("IGD.LD1.ETH1", 85);
+  fail(Fault{.call = "vcorDbLstView", .times = 2, .count = -1});
+  EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), -1);
+  EXPECT_EQ(pm_iptv_del(), 0);
+  EXPECT_THAT(trace(kBind), IsEmpty());
 }
 
 TEST_F(IptvTest, SweepOfFaults) {

@@ -11,6 +11,7 @@ namespace gateway {
 namespace {
 
 using platform::QosClassificationView;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -57,15 +58,21 @@ TEST_F(QosTest, ParametersReadBackFromOtherPlacesThanTheyWereWrittenTo) {
   ask(0, "games");
   record()->qosCommon = 0x1FF;
   EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
-  EXPECT_EQ(stored(0).word(QosClassificationView::param5), 5u);
-  EXPECT_EQ(stored(0).word(QosClassificationView::writtenParam4), 4u);
+  const Row row = stored(0);
+  EXPECT_EQ(row.word(QosClassificationView::param5), 5u);
+  EXPECT_EQ(row.word(QosClassificationView::writtenParam4), 4u);
+  EXPECT_EQ(row.word(QosClassificationView::reportedParam2), 0u);
+  EXPECT_EQ(printIpv4(row.word(QosClassificationView::ip1)), "192.168.1.10");
+  EXPECT_EQ(row.word(QosClassificationView::port2), 443u);
+  EXPECT_EQ(printMac(row.mac(QosClassificationView::mac2)), "66:77:88:99:aa:bb");
+  row.setWord(QosClassificationView::reportedParam2, 22);
   clearRecord();
   EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), 0);
   EXPECT_EQ(record()->qosCommon, 0xFFu);
   EXPECT_EQ(record()->count, 1u);
   const UbusQosRule &rule = record()->rules[0];
   EXPECT_EQ(rule.param1, 1);
-  EXPECT_EQ(rule.param2, 0);
+  EXPECT_EQ(rule.param2, 22);
   EXPECT_EQ(rule.param3, 3);
   EXPECT_EQ(rule.param4, -2);
   EXPECT_EQ(rule.param5, 0);
@@ -76,6 +83,11 @@ TEST_F(QosTest, ParametersReadBackFromOtherPlacesThanTheyWereWrittenTo) {
   EXPECT_STREQ(rule.label, "games");
   EXPECT_STRCASEEQ(rule.mac1, "00:11:22:33:44:55");
   EXPECT_STRCASEEQ(rule.mac2, "66:77:88:99:aa:bb");
+  for (const char *line : {"now in pm_ubus_nexumd_qos_set\n", " paraseOK before pm_ubus_nexumd ",
+                           "now in pm_ubus_nexumd_qos_get\n", " pm_ubus_nexumd_qos_get success",
+                           "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is 1 \n"}) {
+    EXPECT_THAT(logs(), HasLog(5, line));
+  }
 }
 
 TEST_F(QosTest, LabelsHoldThirtyTwoCharactersAndALongerOneSpoilsTheRulesBehindIt) {
@@ -89,8 +101,11 @@ TEST_F(QosTest, LabelsHoldThirtyTwoCharactersAndALongerOneSpoilsTheRulesBehindIt
   EXPECT_EQ(stored(0).text(QosClassificationView::label), full);
   EXPECT_THAT(trace("pm_qos_qc_set_config"), SizeIs(3));
   clearRecord();
+  // What the platform fills to the last byte ends with the record's field.
+  std::memset(stored(0).data() + QosClassificationView::label.offset, 'y', 36);
   EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), 0);
-  EXPECT_EQ(std::string(record()->rules[0].label, 32), full);
+  EXPECT_EQ(std::string(record()->rules[0].label, 32), std::string(32, 'y'));
+  EXPECT_STRCASEEQ(record()->rules[0].mac1, "00:00:00:00:00:00") << "nothing runs into it";
 }
 
 TEST_F(QosTest, TextsThatAreNoAddressesLeaveWhatTheRuleBeforeHad) {
@@ -147,19 +162,29 @@ TEST_F(QosTest, AtMostThirtyRulesAreReported) {
   for (int i = 0; i < 45; ++i) {
     store().create<QosClassificationView>("IGD.Q" + std::to_string(i));
   }
+  store().row<QosClassificationView>("IGD.Q29").setByte(QosClassificationView::qosCommon, 29);
   EXPECT_EQ(pm_ubus_nexumd_qos_get(record()), 0);
   EXPECT_EQ(record()->count, 30u);
+  EXPECT_EQ(record()->qosCommon, 29u) << "the last one read wins";
 }
 
 TEST_F(QosTest, ClearingRemovesRulesByTheirNames) {
-  for (uint32_t i = 0; i < 2; ++i) ask(i, "rule");
+  for (uint32_t i = 0; i < 4; ++i) ask(i, "rule");
   EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0);
-  const std::string path = store().paths(layoutOf<QosClassificationView>())[0];
+  const auto paths = store().paths(layoutOf<QosClassificationView>());
+  const std::string &path = paths[0];
+  fail("vcorDbGetView", paths[1], -5, 1, 1);
+  std::memset(stored(2).data() + QosClassificationView::ruleName.offset, 'n', 36);
   const std::string name = stored(0).text(QosClassificationView::ruleName);
   const std::string printed = printedBy([] { EXPECT_EQ(pm_qc_clear_all(), 0); });
   EXPECT_THAT(printed, HasSubstr("viewname is " + path + " before \nviewname is " + path +
                                  "   qcviername is " + name + " \n"));
-  EXPECT_THAT(store().paths(layoutOf<QosClassificationView>()), IsEmpty());
+  EXPECT_THAT(trace("pm_qos_qc_del_config")[1], HasSubstr("(" + std::string(35, 'n') + ")"));
+  EXPECT_THAT(store().paths(layoutOf<QosClassificationView>()), ElementsAre(paths[1], paths[2]))
+      << "what cannot be read or found stays";
+  EXPECT_THAT(logs(), HasLogLine({5, "pm_qc_clear_all",
+                                  "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is 4 "
+                                  "\n"}));
 }
 
 TEST_F(QosTest, FailuresOfTheListing) {
@@ -173,6 +198,7 @@ TEST_F(QosTest, FailuresOfTheListing) {
                           "vcorDbQryView DBVIEW_QOS_CLASSIFICATION failure! iRet = -6.\n", -6}));
   EXPECT_EQ(pm_ubus_nexumd_qos_set(nullptr), -1);
   EXPECT_EQ(pm_ubus_nexumd_qos_get(nullptr), -1);
+  EXPECT_THAT(logs(), HasLog(4, "pm_ubus_nexumd_qos_get para is null"));
   EXPECT_THAT(logs(), HasLog(4, "pm_ubus_nexumd_qos_set argument is NULL"));
   EXPECT_EQ(pm_ubus_nexumd_qos_set(record()), 0) << "a count of 0";
   EXPECT_THAT(logs(), HasLog(5, " pm_ubus_nexumd_qos_set success"));
