@@ -7,6 +7,7 @@
 #include "gateway/filter_rules.hpp"
 #include "gateway/host.hpp"
 #include "gateway/limits.hpp"
+#include "gateway/manager.hpp"
 #include "platform/views/device_limit.hpp"
 #include "platform/views/time_policy.hpp"
 #include "tests/support/gateway_test.hpp"
@@ -21,6 +22,8 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
+using gateway::Bytes;
+using gateway::Fault;
 using gateway::FilterRule;
 using gateway::filterRules;
 using gateway::layoutOf;
@@ -60,6 +63,16 @@ UbusDeviceLimit timedLimit(const std::string &mac, const std::string &tx, const 
   limit.LimitStartTime = period.start;
   limit.LimitEndTime = period.end;
   return limit;
+}
+
+/// Names of the fields that the policy in a message to its manager marks as written.
+std::vector<std::string> writtenFields(std::vector<uint8_t> message) {
+  const Row policy = gateway::fieldsOf<TimePolicyView>(message.data() + sizeof(uint32_t));
+  std::vector<std::string> names;
+  for (const platform::Field &field : TimePolicyView::fields) {
+    if (policy.mark(field) == 1) names.emplace_back(field.name);
+  }
+  return names;
 }
 
 void forgetLimits() {
@@ -155,9 +168,14 @@ TEST_F(DeviceLimitCfgData, RateIsSetKeptAndDeletedAtTheProxy) {
                                   "[device_limit_cfg_data] set/del device limit: IGD.DevLimit1 "
                                   "!\n"}));
   EXPECT_EQ(remove(kTablet), 0);
+  EXPECT_THAT(logs(), HasLogLine({5, "device_limit_cfg_data", "bIsDel=1\n"}));
   EXPECT_THAT(rates(), IsEmpty());
   EXPECT_THAT(listed(), IsEmpty());
   EXPECT_THAT(gateway::host().programs, IsEmpty());
+
+  EXPECT_EQ(set(limitOf(kTablet, "4194304", "-1")), 0);
+  EXPECT_THAT(rates(), ElementsAre("IGD.DevLimit1 a1:b2:c3:d4:e5:f6 0 4294966272"))
+      << "the platform's rate has 32 bits";
 }
 
 TEST_F(DeviceLimitCfgData, UnknownDeviceIsStillDeletedAtTheProxy) {
@@ -188,9 +206,19 @@ TEST_F(DeviceLimitCfgData, ValidPeriodCarriesTheLimitInsteadOfTheProxy) {
                                   "[device_limit_cfg_data] have set time policy return\n"}));
 
   EXPECT_EQ(set(timedLimit(kTablet, "10", "20", {127, 0, 86400})), 0);
+  const Bytes changed = gateway::receivedMessages().back().data;
   EXPECT_EQ(set(timedLimit("B1B2C3D4E5F6", "10", "20", {1, 5, 5})), 0);
   EXPECT_THAT(policies(), ElementsAre("1792 127 0-86400", "1793 1 5-5"));
   EXPECT_EQ(g_ubus_RecentdwApp, 1793u);
+  // The key and the settings of a policy are written once; the message carries the record as it
+  // was.
+  const Bytes created = gateway::receivedMessages().back().data;
+  using View = TimePolicyView;
+  EXPECT_THAT(writtenFields(created),
+              ElementsAre(View::instance.name, View::setting132.name, View::setting260.name,
+                          View::week.name, View::startTime.name, View::endTime.name));
+  EXPECT_THAT(writtenFields(changed),
+              ElementsAre(View::week.name, View::startTime.name, View::endTime.name));
 
   forgetCalls();
   EXPECT_EQ(set(timedLimit(kTablet, "0", "0", {127, 0, 86400})), 0);
@@ -199,6 +227,34 @@ TEST_F(DeviceLimitCfgData, ValidPeriodCarriesTheLimitInsteadOfTheProxy) {
   EXPECT_THAT(logs(),
               HasLogLine({5, "device_limit_cfg_data",
                           "[device_limit_cfg_data] deal timepolicy wrong or del time policy\n"}));
+}
+
+TEST_F(DeviceLimitCfgData, PolicyManagerThatTakesNothingChangesNothing) {
+  fail("ASEND", "", -5, 1, 2);
+  EXPECT_EQ(set(timedLimit(kTablet, "10", "20", {65, 3600, 7200})), 0);
+  EXPECT_THAT(policies(), SizeIs(1));
+  EXPECT_EQ(g_ubus_RecentdwApp, 1792u);
+  EXPECT_THAT(trace("ctSgw_ssend_to_proxy"), IsEmpty());
+}
+
+TEST_F(DeviceLimitCfgData, FirstOfManyMatchesCounts) {
+  for (int i = 1; i <= 17; ++i) {
+    const Row row = store().create<TimePolicyView>("IGD.P" + std::to_string(i));
+    row.setWord(TimePolicyView::instance, 1792);
+    row.setWord(TimePolicyView::setting260, 1);
+  }
+  EXPECT_EQ(set(timedLimit(kTablet, "1", "1", {1, 2, 3})), 0);
+  EXPECT_THAT(policies(), SizeIs(17)) << "none was added";
+  EXPECT_EQ(policies()[0], "1792 1 2-3");
+  EXPECT_EQ(policies()[1], "1792  0-0");
+
+  set(limitOf(kTablet, "1", "1"));
+  uint8_t known[6] = {0xa1, 0xb2, 0xc3, 0xd4, 0xe5, 0xf6};
+  char identity[32] = "";
+  for (const auto &[counted, found] : {std::pair(17, 1), {-1, 0}, {0, 0}}) {
+    fail(Fault{.call = "vcorDbQryView", .match = "DEV_LIMIT", .times = 1, .count = counted});
+    EXPECT_EQ(is_mac_exist(known, identity), found) << counted;
+  }
 }
 
 TEST_F(DeviceLimitCfgData, PeriodOutOfItsRangeLeavesThePlainRate) {
@@ -297,15 +353,32 @@ TEST_F(DeviceLimitCfgData, WithoutMemoryTheProxyStillGetsTheRate) {
   EXPECT_THAT(commands(), IsEmpty());
   EXPECT_THAT(listed(), IsEmpty());
   EXPECT_EQ(g_ubus_devlmt_inst, 0u);
+
+  restart();
+  fail("GetUB", "", 0, 2, 1);
+  EXPECT_EQ(set(timedLimit(kTablet, "1", "1", {1, 2, 3})), 0);
+  EXPECT_THAT(policies(), IsEmpty()) << "a policy needs the node's number";
+  EXPECT_THAT(rates(), SizeIs(1));
+  EXPECT_NE(g_ubus_lmtUrl_list.next, &g_ubus_lmtUrl_list);
 }
 
 TEST_F(DeviceLimitCfgData, ProxyFailureIsReturnedAndUndoesNothing) {
-  fail("ctSgw_ssend_to_proxy", "CTSGW_EVENT_SET_BW", -31);
+  fail("ctSgw_ssend_to_proxy", "CTSGW_EVENT_SET_BW", -31, 1, 1);
   EXPECT_EQ(set(limitOf(kTablet, "1", "1", "a.com")), -31);
   EXPECT_THAT(logs(), HasLogLine({4, "device_limit_cfg_data",
                                   "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_BW error", -31}));
   EXPECT_THAT(filterRules().ipv6, SizeIs(1));
   EXPECT_THAT(listedMacs(), ElementsAre(kTablet));
+
+  fail(Fault{.call = "ctSgw_ssend_to_proxy", .match = "SET_BW", .times = 1, .replyStatus = 5});
+  EXPECT_EQ(set(limitOf(kTablet, "1", "1")), 0);
+  EXPECT_THAT(logs(), HasLogLine({4, "device_limit_cfg_data",
+                                  "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_BW error", 5}));
+  fail("ctSgw_ssend_to_proxy", "CTSGW_EVENT_DEL_BW", -32);
+  EXPECT_EQ(remove(kTablet), -32);
+  EXPECT_THAT(logs(), HasLogLine({4, "device_limit_cfg_data",
+                                  "ctSgw_ssend_to_proxy CTSGW_EVENT_DEL_BW error", -32}));
+  EXPECT_THAT(listedMacs(), IsEmpty());
 }
 
 TEST_F(PmUbusNexumdLimitSet, GoesOnAfterAFailedDevice) {
@@ -366,6 +439,11 @@ TEST_F(PmUbusNexumdLimitGet, UpdateCutsTheListBehindItsNode) {
   set(limitOf("D10000000001", "1", "1"));
   EXPECT_THAT(listedMacs(), ElementsAre("A10000000001", "D10000000001"))
       << "the node before the deleted one became the tail";
+
+  set(limitOf("D10000000001", "2", "2"));
+  set(limitOf("E10000000001", "1", "1"));
+  EXPECT_THAT(listedMacs(), ElementsAre("A10000000001", "D10000000001", "E10000000001"))
+      << "an appended node is linked behind an updated tail again";
 }
 
 TEST_F(PmUbusNexumdLimitGet, DeletionTakesNodesOutWhereverTheyStand) {
@@ -559,6 +637,9 @@ TEST_F(SiUbusLmturlCommand, ConsumesTheTextForTheOperationsItKnows) {
                                         {kTabletPairs, "b.com", "DROP"}};
   EXPECT_EQ(filterRules().ipv4, left);
 
+  forgetCalls();
+  si_ubus_lmturl_command(nullptr, "-X");
+  EXPECT_THAT(logs(), IsEmpty());
   si_ubus_lmturl_command(nullptr, "-A");
   EXPECT_THAT(logs(), HasLogLine({4, "si_ubus_lmturl_command", "tDevLmtCfg is NULL \n"}));
 }
