@@ -27,6 +27,16 @@ uint32_t ProxyExchange::copyPayload(void *record, uint32_t size) const {
   return copied;
 }
 
+int32_t sendEvent(const LogOrigin &origin, uint32_t event, const void *request,
+                  uint32_t requestLength, const char *failure) {
+  ProxyReply<2048> reply;
+  const int32_t status = reply.send(event, request, requestLength);
+  if (!reply.succeeded(status)) {
+    PM_LOG_FOR(origin, kError, reply.outcome(status), "%s", failure);
+  }
+  return status;
+}
+
 int32_t askManager(const char *module, uint32_t message, const void *request,
                    uint32_t requestLength, void *reply, uint16_t *replyLength) {
   return pm_send_msg_2mm(module, MANAGER_MESSAGE_CLASS, message, request, requestLength, 0, reply,

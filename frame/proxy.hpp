@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "frame/log.hpp"
 #include "platform/proxy.h"
 
 namespace pm {
@@ -47,6 +48,11 @@ class ProxyReply : public ProxyExchange {
 
   alignas(8) uint8_t bytes[Capacity];
 };
+
+/// Sends an event whose reply is a status alone. A failure is logged as the line `failure`; the
+/// call's own result is what counts: a refusal that stands in the reply only is forgiven.
+int32_t sendEvent(const LogOrigin &origin, uint32_t event, const void *request,
+                  uint32_t requestLength, const char *failure);
 
 /// Sends one request of the gateway-management class to a manager module; `replyLength` goes in as
 /// the capacity and comes back as the length copied.

@@ -63,39 +63,22 @@ int32_t pm_ubus_control_set(int32_t type) {
   }
 }
 
-namespace {
-
-/// Sends one control event. The call's own code is what counts: a refusal that stands in the reply
-/// alone is logged and forgiven.
-int32_t sendControlEvent(const LogOrigin &origin, const char *eventName, uint32_t event,
-                         const void *request, uint32_t requestLength) {
-  ProxyReply<2048> reply;
-  const int32_t status = reply.send(event, request, requestLength);
-  if (!reply.succeeded(status)) {
-    PM_LOG_FOR(origin, kError, reply.outcome(status), "ctSgw_ssend_to_proxy %s error!\n",
-               eventName);
-  }
-  return status;
-}
-
-}  // namespace
-
 int32_t pm_ubus_set_locknet(uint32_t value) {
   PM_LOG(kInfo, "now in pm_ubus_set_locknet\n");
-  return sendControlEvent(PM_ORIGIN, "CTSGW_EVENT_SET_LOCK", CTSGW_EVENT_SET_LOCK, &value,
-                          sizeof value);
+  return sendEvent(PM_ORIGIN, CTSGW_EVENT_SET_LOCK, &value, sizeof value,
+                   "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_LOCK error!\n");
 }
 
 int32_t pm_ubus_set_kernelcount(uint32_t value) {
   PM_LOG(kInfo, "now in pm_ubus_set_kernelcount\n");
-  return sendControlEvent(PM_ORIGIN, "CTSGW_EVENT_SET_KERNELCOUNT", CTSGW_EVENT_SET_KERNELCOUNT,
-                          &value, sizeof value);
+  return sendEvent(PM_ORIGIN, CTSGW_EVENT_SET_KERNELCOUNT, &value, sizeof value,
+                   "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_KERNELCOUNT error!\n");
 }
 
 int32_t pm_ubus_set_hwnetClean(void) {
   PM_LOG(kInfo, "now in pm_ubus_set_hwnetClean\n");
-  return sendControlEvent(PM_ORIGIN, "CTSGW_EVENT_CLEAN_HWNAT", CTSGW_EVENT_CLEAN_HWNAT, nullptr,
-                          0);
+  return sendEvent(PM_ORIGIN, CTSGW_EVENT_CLEAN_HWNAT, nullptr, 0,
+                   "ctSgw_ssend_to_proxy CTSGW_EVENT_CLEAN_HWNAT error!\n");
 }
 
 int32_t pm_ubus_set_pmfctrl(const uint32_t *value) {

@@ -301,13 +301,8 @@ uint32_t scaledRate(int32_t rate) {
 }
 
 int32_t deleteBandwidth(const LogOrigin &origin, const InstancePath &identity) {
-  ProxyReply<2048> reply;
-  const int32_t status = reply.send(CTSGW_EVENT_DEL_BW, identity.text, sizeof identity.text);
-  if (!reply.succeeded(status)) {
-    PM_LOG_FOR(origin, kError, reply.outcome(status),
-               "ctSgw_ssend_to_proxy CTSGW_EVENT_DEL_BW error");
-  }
-  return status;
+  return sendEvent(origin, CTSGW_EVENT_DEL_BW, identity.text, sizeof identity.text,
+                   "ctSgw_ssend_to_proxy CTSGW_EVENT_DEL_BW error");
 }
 
 int32_t setBandwidth(const LogOrigin &origin, const InstancePath &identity,
@@ -319,14 +314,8 @@ int32_t setBandwidth(const LogOrigin &origin, const InstancePath &identity,
   RecordBuffer<platform::BandwidthLimitRequest> request;
   request.put(request.identity, identity.text);
   request.put(request.limit, bandwidth.bytes);
-
-  ProxyReply<2048> reply;
-  const int32_t status = reply.send(CTSGW_EVENT_SET_BW, request.bytes, request.kSize);
-  if (!reply.succeeded(status)) {
-    PM_LOG_FOR(origin, kError, reply.outcome(status),
-               "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_BW error");
-  }
-  return status;
+  return sendEvent(origin, CTSGW_EVENT_SET_BW, request.bytes, request.kSize,
+                   "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_BW error");
 }
 
 int32_t applyBandwidth(const LogOrigin &origin, const DevLmtCfg &limit, bool isDel) {
