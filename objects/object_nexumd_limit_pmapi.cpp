@@ -8,6 +8,7 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "frame/text.hpp"
+#include "objects/url_rules.hpp"
 #include "platform/host.h"
 #include "platform/records/bandwidth_limit.hpp"
 #include "platform/records/time_policy_messages.hpp"
@@ -40,10 +41,6 @@ constexpr uint32_t kSignalNumber = 44695;
 
 constexpr uint32_t kMacTextSize = 32;
 constexpr size_t kComparedUrlMac = 6;
-
-constexpr size_t kCommandSize = 256;
-constexpr char kCommandFormat[] =
-    "%s %s ubusfilter -m mac --mac-source %.31s -m urlfilter --urlkey \"%.*s\" -j DROP ";
 
 using PolicyTable = InstanceTable<16>;
 using TimePolicy = ViewBuffer<platform::TimePolicyView>;
@@ -99,48 +96,9 @@ Node *allocateNode(const LogOrigin &origin) {
   return static_cast<Node *>(block);
 }
 
-bool isControl(char character) {
-  const auto code = static_cast<uint8_t>(character);
-  return code < 0x20 || code == 0x7F;
-}
-
-bool holdsAnyOf(std::string_view text, const char *unwanted) {
-  for (const char character : text) {
-    if (isControl(character) || strchr(unwanted, character) != nullptr) return true;
-  }
-  return false;
-}
-
-/// Keywords are written by others, and a command line is read by a shell or by something like it.
-/// Between the quotes only what ends or expands a quoted text is unsafe.
-bool isSafeKeyword(std::string_view keyword) {
-  return !holdsAnyOf(keyword, "\"\\$`");
-}
-
-int32_t runRule(const char *program, const char *operation, const char *mac,
-                std::string_view keyword, char (&command)[kCommandSize]) {
-  snprintf(command, kCommandSize, kCommandFormat, program, operation, mac,
-           static_cast<int>(keyword.size()), keyword.data());
-  return PcStartProgram(program, command, 0, 0);
-}
-
-/// Adds or removes the rules of each keyword, for IPv4 and IPv6.
+/// Adds or removes the rules of each keyword. The lines are the exported command's, whoever asks.
 void runRules(const LmtUrlCfg &config, const char *operation) {
-  static constexpr char kName[] = "si_ubus_lmturl_command";
-  constexpr LogOrigin kOrigin{kSourceTag, kName};
-  char command[kCommandSize];
-  const char *rest = config.LimitURL;
-  std::string_view keyword;
-  while (nextListItem(rest, keyword)) {
-    if (!isSafeKeyword(keyword)) {
-      PM_LOG_FOR(kOrigin, kError, 0, "[%s] url keyword %.*s is refused\n", kName,
-                 static_cast<int>(keyword.size()), keyword.data());
-      continue;
-    }
-    const int32_t status = runRule("iptables", operation, config.mac, keyword, command);
-    PM_LOG_FOR(kOrigin, kInfo, 0, "Execute Cmd:%s iRet:%d\n", command, status);
-    runRule("ip6tables", operation, config.mac, keyword, command);
-  }
+  runUrlRules({kSourceTag, "si_ubus_lmturl_command"}, config, operation);
 }
 
 bool si_ubus_check_timepolicy_data(const DevLmtCfg &limit) {
