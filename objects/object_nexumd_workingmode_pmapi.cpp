@@ -36,9 +36,9 @@ int32_t pm_ubus_workingmode_set(const UbusWorkingMode *record) {
   mode.put(mode.workingMode, record->workingMode);
   mode.put(mode.internetType, record->internetType);
   mode.set(kConnectionDefaults);
-  mode.set(mode.serviceList, "INTERNET");
+  mode.set(mode.serviceList, WAN_SERVICE_INTERNET);
   mode.set(mode.addressingType, "DHCP");
-  mode.set(mode.text4516, "000000000000");
+  mode.set(mode.text4516, WAN_NO_LAN_BINDING);
   const int32_t status = pm_wanc_change_brg_route_mode(mode.bytes, kApplyNow);
   if (status != kOk) PM_FAIL(status, "call pm_wanc_change_brg_route_mode faild,ret=%d\n", status);
   return status;

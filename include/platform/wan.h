@@ -14,6 +14,10 @@ typedef struct UpModeInfo {
   uint32_t port;
 } UpModeInfo;
 
+/** What a connection to the Internet carries, and the binding of one that serves every LAN port. */
+#define WAN_SERVICE_INTERNET "INTERNET"
+#define WAN_NO_LAN_BINDING "000000000000"
+
 #define WAN_CONNECTION_LIST_CAPACITY 256
 #define WAN_CONNECTION_WORK_AREA_1_SIZE 65536
 #define WAN_CONNECTION_WORK_AREA_2_SIZE 1024

@@ -1,0 +1,132 @@
+#include "objects/wan_rewriting.hpp"
+
+#include "frame/status.hpp"
+#include "platform/records/wan_ip_ext.hpp"
+#include "platform/records/wan_ppp_ext.hpp"
+#include "platform/views/wan_connection.hpp"
+#include "platform/views/wan_ip_connection.hpp"
+#include "platform/views/wan_ppp_connection.hpp"
+#include "platform/wan.h"
+
+namespace pm {
+
+using platform::WanIpConnectionView;
+using platform::WanIpExtRecord;
+using platform::WanPppConnectionView;
+using platform::WanPppExtRecord;
+
+namespace {
+
+enum AccessMode : uint32_t { kStaticIp = 1, kPpp = 2 };
+
+/// Room for a WAN connection's path as the networking-device view holds it.
+constexpr uint32_t kWanPathSize = 128;
+
+constexpr FixedWord kPppDefaults[] = {
+    fixed(WanPppExtRecord::setting28, 1),    fixed(WanPppExtRecord::setting860, 1),
+    fixed(WanPppExtRecord::setting1020, -1), fixed(WanPppExtRecord::setting1212, 0),
+    fixed(WanPppExtRecord::setting1984, 0),  fixed(WanPppExtRecord::setting3784, 3),
+    fixed(WanPppExtRecord::setting3848, 7),  fixed(WanPppExtRecord::setting3880, 1),
+    fixed(WanPppExtRecord::setting4140, 7),  fixed(WanPppExtRecord::setting4304, 7),
+    fixed(WanPppExtRecord::setting4412, 1),  fixed(WanPppExtRecord::setting4444, 3),
+    fixed(WanPppExtRecord::setting5476, 0),  fixed(WanPppExtRecord::ipv6Enable, 1),
+    fixed(WanPppExtRecord::setting5540, 0),  fixed(WanPppExtRecord::setting5572, 0),
+    fixed(WanPppExtRecord::setting5972, 1)};
+
+constexpr CarriedWord kPppCarried[] = {
+    carried(WanPppConnectionView::setting484, WanPppExtRecord::setting1920),
+    carried(WanPppConnectionView::setting324, WanPppExtRecord::setting2016),
+    carried(WanPppConnectionView::setting1220, WanPppExtRecord::setting2144)};
+
+constexpr FixedWord kIpDefaults[] = {
+    fixed(WanIpExtRecord::setting28, 1),    fixed(WanIpExtRecord::setting860, 1),
+    fixed(WanIpExtRecord::setting1020, -1), fixed(WanIpExtRecord::setting1212, 0),
+    fixed(WanIpExtRecord::setting2048, 3),  fixed(WanIpExtRecord::setting2464, 7),
+    fixed(WanIpExtRecord::setting2496, 1),  fixed(WanIpExtRecord::setting2756, 7),
+    fixed(WanIpExtRecord::setting2920, 7),  fixed(WanIpExtRecord::setting3028, 1),
+    fixed(WanIpExtRecord::setting3060, 3),  fixed(WanIpExtRecord::setting4016, 0),
+    fixed(WanIpExtRecord::ipv6Enable, 1),   fixed(WanIpExtRecord::setting4080, 0),
+    fixed(WanIpExtRecord::setting4112, 0),  fixed(WanIpExtRecord::setting4512, 1)};
+
+constexpr CarriedWord kIpCarried[] = {
+    carried(WanIpConnectionView::setting196, WanIpExtRecord::setting1760),
+    carried(WanIpConnectionView::setting388, WanIpExtRecord::setting1792)};
+
+constexpr CarriedWord kStaticAddressing[] = {
+    carried(WanIpConnectionView::staticAddressing1, WanIpExtRecord::staticAddressing1),
+    carried(WanIpConnectionView::staticAddressing2, WanIpExtRecord::staticAddressing2),
+    carried(WanIpConnectionView::staticAddressing3, WanIpExtRecord::staticAddressing3),
+    carried(WanIpConnectionView::staticAddressing4, WanIpExtRecord::staticAddressing4),
+    carried(WanIpConnectionView::staticAddressing5, WanIpExtRecord::staticAddressing5),
+    carried(WanIpConnectionView::staticAddressing6, WanIpExtRecord::staticAddressing6)};
+
+int32_t clearConnections(const LogOrigin &origin) {
+  const int32_t status = si_ifsadapt_clear_wanc();
+  if (status == kOk) return kOk;
+  PM_LOG_FOR(origin, kError, status, "[%s] si_ifsadapt_clear_wanc iRet=%d\n", origin.function,
+             status);
+  return kFailure;
+}
+
+int32_t rewritePpp(const LogOrigin &origin, const char *path) {
+  ViewBuffer<WanPppConnectionView> ppp;
+  if (const int32_t status = ppp.read(path); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "getdbview wancppp error, iRet is %d\n", status);
+    return status;
+  }
+  if (clearConnections(origin) != kOk) return kFailure;
+
+  RecordBuffer<WanPppExtRecord> connection;
+  connection.set(kPppDefaults);
+  connection.carry(ppp.bytes, kPppCarried);
+  connection.set(connection.serviceList, WAN_SERVICE_INTERNET);
+  connection.set(connection.userName, ppp.text(ppp.userName));
+  connection.set(connection.password, ppp.text(ppp.password));
+  connection.set(connection.text5924, WAN_NO_LAN_BINDING);
+  char instance[kWanPathSize] = {};
+  const int32_t status = pm_e8_wanc_set_comm_ppp_ext(instance, connection.bytes);
+  if (appliedOrUnchanged(status)) return kOk;
+  PM_LOG_FOR(origin, kError, status, "[%s] pm_e8_wanc_set_comm_ppp_ext failed! iret:%d\n",
+             origin.function, status);
+  return status;
+}
+
+int32_t rewriteIp(const LogOrigin &origin, const char *path, bool isStatic) {
+  ViewBuffer<WanIpConnectionView> ip;
+  if (const int32_t status = ip.read(path); status != kOk) {
+    PM_LOG_FOR(origin, kError, status, "getdbview wancip error, iRet is %d\n", status);
+    return status;
+  }
+  if (clearConnections(origin) != kOk) return kFailure;
+
+  RecordBuffer<WanIpExtRecord> connection;
+  connection.set(kIpDefaults);
+  connection.carry(ip.bytes, kIpCarried);
+  if (isStatic) connection.carry(ip.bytes, kStaticAddressing);
+  connection.set(connection.serviceList, WAN_SERVICE_INTERNET);
+  connection.set(connection.text4464, WAN_NO_LAN_BINDING);
+  char instance[kWanPathSize] = {};
+  const int32_t status = pm_e8_wanc_set_comm_ip_ext(instance, connection.bytes);
+  if (appliedOrUnchanged(status)) return kOk;
+  PM_LOG_FOR(origin, kError, status, "[%s] pm_e8_wanc_set_comm_ip_ext failed! iRet:%d\n",
+             origin.function, status);
+  return status;
+}
+
+}  // namespace
+
+int32_t rewriteConnection(const LogOrigin &origin, NetworkingBuffer &networking) {
+  char path[kWanPathSize] = {};
+  copyText(path, networking.text(networking.wanInstance));
+  {
+    ViewBuffer<platform::WanConnectionView> connection;
+    if (const int32_t status = connection.read(path); status != kOk) {
+      PM_LOG_FOR(origin, kError, status, "getdbview wanc error, iRet is %d\n", status);
+      return status;
+    }
+  }
+  const uint32_t kind = networking.get(networking.accessMode);
+  return kind == kPpp ? rewritePpp(origin, path) : rewriteIp(origin, path, kind == kStaticIp);
+}
+
+}  // namespace pm
