@@ -126,6 +126,10 @@ class alignas(8) RecordBuffer : public Layout {
     putWord(bytes, field.offset, newValue, Mark::kWrite);
   }
 
+  PM_INLINE void set(platform::Word field, int32_t newValue) {
+    putWord(bytes, field.offset, static_cast<uint32_t>(newValue), Mark::kWrite);
+  }
+
   PM_INLINE void set(platform::Byte field, uint8_t newValue) {
     bytes[field.offset] = newValue;
     putMark(bytes, field.offset, Mark::kWrite);

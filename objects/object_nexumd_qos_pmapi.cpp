@@ -35,20 +35,20 @@ void setMac(RuleBuffer &rule, platform::Mac field, const char *text) {
   rule.set(field, mac);
 }
 
-uint32_t numberOf(const char *text) {
+int32_t numberOf(const char *text) {
   int32_t number = 0;
   StrToInt(text, &number);
-  return static_cast<uint32_t>(number);
+  return number;
 }
 
 /// Writes one rule over what the rule before it left.
 void fillRule(RuleBuffer &rule, uint32_t qosCommon, const UbusQosRule &asked) {
   rule.set(rule.qosCommon, static_cast<uint8_t>(qosCommon));
-  rule.set(rule.param1, static_cast<uint32_t>(asked.param1));
-  rule.set(rule.writtenParam2, static_cast<uint32_t>(asked.param2));
-  rule.set(rule.param3, static_cast<uint32_t>(asked.param3));
-  rule.set(rule.writtenParam4, static_cast<uint32_t>(asked.param4));
-  rule.set(rule.param5, static_cast<uint32_t>(asked.param5));
+  rule.set(rule.param1, asked.param1);
+  rule.set(rule.writtenParam2, asked.param2);
+  rule.set(rule.param3, asked.param3);
+  rule.set(rule.writtenParam4, asked.param4);
+  rule.set(rule.param5, asked.param5);
   setAddress(rule, rule.ip1, asked.ip1);
   rule.set(rule.port1, numberOf(asked.port1));
   setAddress(rule, rule.ip2, asked.ip2);
