@@ -49,8 +49,43 @@ inline std::string textType(size_t size) {
   return "text[" + std::to_string(size) + "]";
 }
 
+inline Parameter argument(const char *name, std::string type) {
+  return {.name = name, .direction = Direction::kIn, .type = std::move(type)};
+}
+
+/// An argument that may be left out.
+inline Parameter option(const char *name, std::string type) {
+  return {.name = name, .direction = Direction::kIn, .type = std::move(type), .isOptional = true};
+}
+
+inline Parameter result(const char *name, std::string type) {
+  return {.name = name, .direction = Direction::kOut, .type = std::move(type)};
+}
+
+template <class Record>
+Parameter argumentRecord(const char *name = nullptr) {
+  return {.name = name == nullptr ? "" : name,
+          .direction = Direction::kIn,
+          .type = kShape<Record>.name,
+          .shape = &kShape<Record>};
+}
+
+template <class Record>
+Parameter resultRecord(const char *name = nullptr) {
+  return {.name = name == nullptr ? "" : name,
+          .direction = Direction::kOut,
+          .type = kShape<Record>.name,
+          .shape = &kShape<Record>};
+}
+
 // Each description `bind`s to a C type: an object that reads its argument when it is made, hands
 // the value to the function, and puts what the function wrote into the answer.
+
+/// Base of those that have nothing to put.
+struct OnlyRead {
+  template <class Description>
+  void finish(const Description &, Call &) {}
+};
 
 /// An integer or a character, by value or behind a pointer to const.
 struct In {
@@ -58,7 +93,7 @@ struct In {
   std::optional<int64_t> preset = std::nullopt;
 
   template <class C>
-  class Bound {
+  class Bound : public OnlyRead {
    public:
     using Value = std::remove_const_t<std::remove_pointer_t<C>>;
     Bound(const In &in, Call &call) : value_(read(in, call)) {}
@@ -69,7 +104,6 @@ struct In {
         return value_;
       }
     }
-    void finish(const In &, Call &) {}
 
    private:
     static Value read(const In &in, Call &call) {
@@ -85,10 +119,7 @@ struct In {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name,
-                   .direction = Direction::kIn,
-                   .type = integerType<Pointee<C>>(),
-                   .isOptional = preset.has_value()});
+    out.push_back((preset ? option : argument)(name, integerType<Pointee<C>>()));
   }
 };
 
@@ -99,11 +130,10 @@ struct TextIn {
   const char *preset = nullptr;
 
   template <class C>
-  class Bound {
+  class Bound : public OnlyRead {
    public:
     Bound(const TextIn &in, Call &call) : text_(call.text(in.name, in.longest, in.preset)) {}
     C value() { return text_.c_str(); }
-    void finish(const TextIn &, Call &) {}
 
    private:
     std::string text_;
@@ -111,10 +141,7 @@ struct TextIn {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name,
-                   .direction = Direction::kIn,
-                   .type = textType(longest),
-                   .isOptional = preset != nullptr});
+    out.push_back((preset == nullptr ? argument : option)(name, textType(longest)));
   }
 };
 
@@ -123,11 +150,10 @@ struct MacIn {
   const char *name;
 
   template <class C>
-  class Bound {
+  class Bound : public OnlyRead {
    public:
     Bound(const MacIn &in, Call &call) { call.mac(in.name, mac_); }
     C value() { return mac_; }
-    void finish(const MacIn &, Call &) {}
 
    private:
     uint8_t mac_[6];
@@ -135,7 +161,7 @@ struct MacIn {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name, .direction = Direction::kIn, .type = "MAC"});
+    out.push_back(argument(name, "MAC"));
   }
 };
 
@@ -144,7 +170,7 @@ struct RecordIn {
   const char *name = nullptr;
 
   template <class C>
-  class Bound {
+  class Bound : public OnlyRead {
    public:
     using Record = Pointee<C>;
     Bound(const RecordIn &in, Call &call) : buffer_(kShape<Record>.allocation()) {
@@ -157,7 +183,6 @@ struct RecordIn {
         return *buffer_.as<C *>();
       }
     }
-    void finish(const RecordIn &, Call &) {}
 
    private:
     Buffer buffer_;
@@ -165,10 +190,7 @@ struct RecordIn {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name == nullptr ? "" : name,
-                   .direction = Direction::kIn,
-                   .type = kShape<Pointee<C>>.name,
-                   .shape = &kShape<Pointee<C>>});
+    out.push_back(argumentRecord<Pointee<C>>(name));
   }
 };
 
@@ -194,10 +216,7 @@ struct RecordOut {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name == nullptr ? "" : name,
-                   .direction = Direction::kOut,
-                   .type = kShape<Pointee<C>>.name,
-                   .shape = &kShape<Pointee<C>>});
+    out.push_back(resultRecord<Pointee<C>>(name));
   }
 };
 
@@ -224,7 +243,7 @@ struct Out {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name, .direction = Direction::kOut, .type = integerType<Pointee<C>>()});
+    out.push_back(result(name, integerType<Pointee<C>>()));
   }
 };
 
@@ -338,9 +357,7 @@ struct BytesOut {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name,
-                   .direction = Direction::kOut,
-                   .type = "bytes[" + std::to_string(size) + "]"});
+    out.push_back(result(name, "bytes[" + std::to_string(size) + "]"));
   }
 };
 
@@ -350,7 +367,7 @@ struct RowsIn {
   uint32_t capacity;
 
   template <class C>
-  class Bound {
+  class Bound : public OnlyRead {
    public:
     using Record = Pointee<C>;
     Bound(const RowsIn &in, Call &call)
@@ -361,7 +378,6 @@ struct RowsIn {
       call.rows = static_cast<int32_t>(count_);
     }
     C value() { return buffer_.as<C>(); }
-    void finish(const RowsIn &, Call &) {}
 
    private:
     uint32_t count_;
@@ -370,11 +386,8 @@ struct RowsIn {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name,
-                   .direction = Direction::kIn,
-                   .type = kShape<Pointee<C>>.name,
-                   .shape = &kShape<Pointee<C>>,
-                   .isRows = true});
+    out.push_back(argumentRecord<Pointee<C>>(name));
+    out.back().isRows = true;
   }
 };
 
@@ -400,18 +413,15 @@ struct RowsOut {
 
   template <class C>
   void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name,
-                   .direction = Direction::kOut,
-                   .type = kShape<Pointee<C>>.name,
-                   .shape = &kShape<Pointee<C>>,
-                   .isRows = true});
+    out.push_back(resultRecord<Pointee<C>>(name));
+    out.back().isRows = true;
   }
 };
 
 /// Number of the rows beside it, by value or behind a pointer.
 struct Count {
   template <class C>
-  class Bound {
+  class Bound : public OnlyRead {
    public:
     Bound(const Count &, Call &call) : call_(&call) {}
     C value() {
@@ -421,7 +431,6 @@ struct Count {
         return static_cast<C>(call_->rows);
       }
     }
-    void finish(const Count &, Call &) {}
 
    private:
     Call *call_;
@@ -436,11 +445,10 @@ struct Scratch {
   size_t size;
 
   template <class C>
-  class Bound {
+  class Bound : public OnlyRead {
    public:
     Bound(const Scratch &scratch, Call &) : buffer_(scratch.size) {}
     C value() { return buffer_.as<C>(); }
-    void finish(const Scratch &, Call &) {}
 
    private:
     Buffer buffer_;
@@ -486,34 +494,5 @@ Method method(const char *function, Result (*call)(C...), const char *summary,
 /// A method whose call is a function of its own; `parameters` describes what it reads and puts.
 Method customMethod(const char *name, const char *function, const char *summary,
                     std::vector<Parameter> parameters, std::function<int64_t(Call &)> invoke);
-
-inline Parameter argument(const char *name, std::string type) {
-  return {.name = name, .direction = Direction::kIn, .type = std::move(type)};
-}
-
-/// An argument that may be left out.
-inline Parameter option(const char *name, std::string type) {
-  return {.name = name, .direction = Direction::kIn, .type = std::move(type), .isOptional = true};
-}
-
-inline Parameter result(const char *name, std::string type) {
-  return {.name = name, .direction = Direction::kOut, .type = std::move(type)};
-}
-
-template <class Record>
-Parameter argumentRecord(const char *name = "") {
-  return {.name = name,
-          .direction = Direction::kIn,
-          .type = kShape<Record>.name,
-          .shape = &kShape<Record>};
-}
-
-template <class Record>
-Parameter resultRecord(const char *name = "") {
-  return {.name = name,
-          .direction = Direction::kOut,
-          .type = kShape<Record>.name,
-          .shape = &kShape<Record>};
-}
 
 }  // namespace command
