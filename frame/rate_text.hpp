@@ -2,11 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 
 namespace pm {
 
-/// Prints counter / 1024 as "%.3f" would, at a fraction of the price. The counter is a whole
-/// number; it comes in single precision, as the daemon's own figures do.
-void printRate(char *text, uint32_t size, float counter);
+/// Prints counter / 1024 with three decimals. The product is taken in single precision, as the
+/// daemon's own figures are.
+inline void printRate(char *text, uint32_t size, float counter) {
+  const float rate = counter * 0.0009765625F;
+  snprintf(text, size, "%.3f", static_cast<double>(rate));
+}
 
 }  // namespace pm
