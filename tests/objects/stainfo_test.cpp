@@ -12,6 +12,7 @@ namespace {
 
 using platform::AccessDeviceView;
 using platform::AssociatedDeviceView;
+using platform::DeviceRecord;
 using platform::LanInfoView;
 using ::testing::HasSubstr;
 
@@ -20,6 +21,8 @@ constexpr int32_t kPad = 0;      // 2.4 GHz
 constexpr int32_t kStorage = 7;  // on the wire
 constexpr int32_t kPrinter = 8;  // on the wire, not counted by the hardware
 constexpr int32_t kGone = 9;
+
+constexpr char kHandler[] = "pm_ubus_get_sta_info";
 
 class StaInfoTest : public GatewayTest {
  protected:
@@ -40,6 +43,24 @@ class StaInfoTest : public GatewayTest {
     return status;
   }
 
+  /// The description of a device, which a faulty reply brings.
+  std::vector<uint8_t> describe(int32_t index, std::string_view interfaceName) {
+    std::vector<uint8_t> bytes(DeviceRecord::kSize, 0xff);
+    const Row row = fieldsOf<DeviceRecord>(bytes.data());
+    row.setMac(DeviceRecord::mac, station(index).mac);
+    std::ranges::copy(interfaceName, bytes.begin() + DeviceRecord::interfaceName.offset);
+    return bytes;
+  }
+  void answerDevice(int32_t status, std::vector<uint8_t> description,
+                    std::optional<uint16_t> length = {}) {
+    fail(Fault{.call = "ctSgw_ssend_to_proxy",
+               .match = "ADEV",
+               .times = 1,
+               .replyStatus = status,
+               .replyPayload = std::move(description),
+               .replyLength = length});
+  }
+
   Station &station(int32_t index) { return stations().all[static_cast<size_t>(index)]; }
   Row association(int32_t index) {
     return store().row<AssociatedDeviceView>(stations().associationPathOf(station(index)));
@@ -52,6 +73,9 @@ class StaInfoTest : public GatewayTest {
 
 TEST_F(StaInfoTest, FillsTheRecordOfAWirelessStation) {
   gateway().clock().advance(10);
+  store()
+      .row<AccessDeviceView>("IGD.LD1.Hosts.Adev4")
+      .setWord(AccessDeviceView::adevValue, static_cast<uint32_t>(-4711));
   EXPECT_EQ(get(kLaptop), 0);
   EXPECT_STREQ(record.ipAddress, "192.168.1.104");
   EXPECT_STREQ(record.ipv6Address, "fe80::3e22:fbff:fe91:a04,2001:db8:4c:7732:3e22:fbff:fe91:a04");
@@ -62,6 +86,7 @@ TEST_F(StaInfoTest, FillsTheRecordOfAWirelessStation) {
   EXPECT_STREQ(record.onlineTime, "28810");
   EXPECT_STREQ(record.accessTime, "2026-05-28 12:26:40");
   EXPECT_EQ(record.staConfigValid, 1);
+  EXPECT_EQ(record.adevValue, -4711);
   EXPECT_STREQ(record.band, "5G");
   EXPECT_STREQ(record.wlanName, "Northfield-7731");
   EXPECT_STREQ(record.rssi, "-47");
@@ -76,7 +101,24 @@ TEST_F(StaInfoTest, FillsTheRecordOfAWirelessStation) {
   EXPECT_EQ(record.totalPacketsReceived, 943718400u / 240 + 10 * (40960 / 240));
   EXPECT_EQ(printed, "===================pmapi end========================");
   EXPECT_THAT(trace("vcorDbGetView")[0], HasSubstr("DBVIEW_ACCESS_DEV IGD.LD1.Hosts.Adev4"));
-  EXPECT_THAT(logs(), HasLog(8, " get DBVIEW_ACCESS_DEV succ"));
+  const std::string sent = std::to_string(record.totalPacketsSent);
+  const std::string received = std::to_string(record.totalBytesReceived);
+  const testing::LogExpectation lines[] = {
+      {5, kHandler, "enter pm_ubus_get_sta_info"},
+      {5, kHandler, "szViewName=IGD.LD1.Hosts.Adev4\n"},
+      {8, kHandler, " get DBVIEW_ACCESS_DEV succ"},
+      {5, kHandler, "tVendor=Apple\n"},
+      {5, kHandler, "tIPV6Address=" + std::string(record.ipv6Address) + "\n"},
+      {5, kHandler, "tLastConnection=2026-05-28 12:26:40\n"},
+      {5, kHandler, "p_ubus_sta_info -> accessTime=2026-05-28 12:26:40\n"},
+      {5, kHandler, "out pm_bw_get_hard_stats"},
+      {5, kHandler,
+       "[pm_ubus_get_sta_info] p_ubus_sta_info -> totalBytesReceived: " + received + "\n"},
+      {5, kHandler, "[pm_ubus_get_sta_info] tBwstats.ttotalPacketsSent: " + sent + "\n"},
+      {5, "ubus_getUptime", "uptime:28810\n"},
+      {5, "ubus_get_sta_config", "now in ubus_get_sta_config\n"},
+      {4, "ubus_get_sta_config", "staconfig -> rssi=-47\n"}};
+  for (const auto &line : lines) EXPECT_THAT(logs(), HasLogLine(line));
 }
 
 TEST_F(StaInfoTest, FillsTheRecordOfAWiredStation) {
@@ -273,6 +315,11 @@ TEST_F(StaInfoTest, ConfigurationFailsWithTheStepThatFailed) {
        nullptr,
        "[net_get_laninfo_by_ifname]vcorDbQryView  DBVIEW_LANINFO  -8 \n"},
       {kStorage,
+       {.call = "vcorDbQryView", .match = "LANINFO", .count = 0},
+       -1,
+       nullptr,
+       "[net_get_laninfo_by_ifname]tList.dwCount = 0\n"},
+      {kStorage,
        {.call = "vcorDbGetView", .match = "LANINFO"},
        -1,
        nullptr,
@@ -311,12 +358,39 @@ TEST_F(StaInfoTest, AssociationMustBeTheOnlyOne) {
   EXPECT_EQ(result.valid, 0);
 }
 
-TEST_F(StaInfoTest, DeviceRecordsWithoutEndsAreReadWithinTheirFields) {
-  fail({.call = "ctSgw_ssend_to_proxy", .match = "ADEV", .replyStatus = 0, .replyLength = 65535});
-  char text[32] = {};
-  EXPECT_EQ(ubus_getMacAddress(kPad, text), 0);
-  EXPECT_STREQ(text, "000000000000");
+TEST_F(StaInfoTest, ShortDescriptionsLeaveTheRestEmpty) {
+  constexpr uint32_t kMacRead = DeviceRecord::mac.offset + 3;
+  constexpr uint32_t kInterfaceRead = DeviceRecord::interfaceName.offset + 4;
+  const struct {
+    uint16_t length;
+    const char *mac;
+    int32_t valid;
+  } cases[] = {{0, "000000000000", 0},
+               {3, "000000000000", 0},
+               {4, "000000000000", 0},
+               {9, "000000000000", 0},
+               {4 + kMacRead, "f40f24000000", 0},
+               {4 + kInterfaceRead, "f40f24108801", 1},
+               {65535, "f40f24108801", 1}};
+  for (const auto &one : cases) {
+    char text[32] = {};
+    answerDevice(0, describe(kPad, "wlan0"), one.length);
+    EXPECT_EQ(ubus_getMacAddress(kPad, text), 0);
+    EXPECT_STREQ(text, one.mac) << one.length;
+    answerDevice(0, describe(kPad, "wlan0"), one.length);
+    EXPECT_EQ(config(kPad), 0);
+    EXPECT_EQ(result.valid, one.valid) << one.length;
+  }
+}
+
+TEST_F(StaInfoTest, DescriptionOfAFailedQueryIsUsedForTheConnection) {
+  answerDevice(6, describe(kLaptop, "wlan5"));
   EXPECT_EQ(config(kPad), 0);
+  EXPECT_THAT(logs(),
+              HasLogLine({4, "ubus_get_sta_config",
+                          "ctSgw_ssend_to_proxy CTSGW_EVENT_QUERY_ADEV_PARAM error!\n", 6}));
+  EXPECT_STREQ(result.rssi, "-47");
+  EXPECT_EQ(result.valid, 1);
 }
 
 TEST_F(StaInfoTest, InterfaceNameMayFillItsField) {

@@ -66,6 +66,8 @@ TEST_F(PmUbusRadioSet, WritesPowerThenChannelAndWidthOfTheRadio) {
             "before pm_wlan_get_card_max----------------------------------"
             "after pm_wlan_get_card_max----------------------------------"
             "enter 5G-------------------------------------");
+  EXPECT_EQ(set(settings("2.4G", "60")), 0);
+  EXPECT_THAT(logs(), HasLog(5, "enter 2.4G-----------------------------------"));
 }
 
 TEST_F(PmUbusRadioSet, MapsPowerToLevelsAndWidthsToCodes) {
@@ -81,7 +83,8 @@ TEST_F(PmUbusRadioSet, MapsPowerToLevelsAndWidthsToCodes) {
     EXPECT_EQ(set(settings("2.4G", power)), 0);
     EXPECT_EQ(setting(1, WlanConfigRecord::txPowerLevel), level) << power;
   }
-  for (const auto &[width, code] : {std::pair{1, 0u}, {2, 1u}, {0, 2u}, {7, 7u}}) {
+  for (const auto &[width, code] :
+       {std::pair{1, 0u}, {2, 1u}, {0, 2u}, {3, 3u}, {-1, UINT32_MAX}}) {
     restart();
     EXPECT_EQ(set(settings("", "50", "auto", width)), 0);
     EXPECT_EQ(setting(1, WlanConfigRecord::bandwidthCode), code);
@@ -135,6 +138,12 @@ TEST_F(PmUbusRadioSet, WritesNothingWithoutA5GRadio) {
   EXPECT_EQ(set(settings("5G", "60")), 0) << "an unknown number of cards";
 }
 
+TEST_F(PmUbusRadioSet, NullIsRefusedBeforeAskingThePlatform) {
+  EXPECT_EQ(pm_ubus_radio_set(nullptr), 0xfffffeffu);
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_radio_set", "pm_ubus_radio_set para is null"}));
+  EXPECT_THAT(trace(), IsEmpty());
+}
+
 TEST_F(PmUbusRadioSet, UnknownRadioIsRefusedAfterTheCardWasRead) {
   EXPECT_EQ(set(settings("6G", "60")), -1);
   EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_radio_set", "radio->radio error 6G \r\n"}));
@@ -169,6 +178,12 @@ TEST_F(PmUbusWifiSwitchSet, SwitchesEverySsidOfTheRadio) {
   EXPECT_EQ(setting(8, WlanConfigRecord::radioEnable), 0u);
   EXPECT_EQ(setting(1, WlanConfigRecord::radioEnable), 1u);
   EXPECT_EQ(setting(5, WlanConfigRecord::ssidEnable), 1u);
+  const WifiSwitchRecord odd = {"2.4G", -7};
+  EXPECT_EQ(pm_ubus_wifi_switch_set(&odd), 0u);
+  EXPECT_EQ(setting(4, WlanConfigRecord::radioEnable), static_cast<uint32_t>(-7));
+  EXPECT_EQ(setting(5, WlanConfigRecord::radioEnable), 0u);
+  EXPECT_THAT(logs(),
+              HasLogLine({5, "pm_ubus_wifi_switch_set", "now in pm_ubus_wifi_switch_set\n"}));
 }
 
 TEST_F(PmUbusWifiSwitchSet, RefusesNullUnknownRadiosAndWhatThePlatformRefuses) {
@@ -192,9 +207,15 @@ TEST_F(PmUbusWifiSwitchSet, RefusesNullUnknownRadiosAndWhatThePlatformRefuses) {
 TEST_F(PmUbusWifiWpsSet, StartsWpsOnOneRadioOrOnBothInOrder) {
   EXPECT_EQ(pm_ubus_wifi_wps_set("5G"), 0u);
   EXPECT_EQ(pm_ubus_wifi_wps_set("all"), 0u);
+  EXPECT_EQ(pm_ubus_wifi_wps_set("all"), 0u) << "started already, the first as well";
+  EXPECT_EQ(pm_ubus_wifi_wps_set(""), 0u);
   EXPECT_THAT(trace(), ElementsAre("pm_wlan_set_wps(IGD.LD1.WLAN5.WPS) = 0",
                                    "pm_wlan_set_wps(IGD.LD1.WLAN1.WPS) = 0",
-                                   "pm_wlan_set_wps(IGD.LD1.WLAN5.WPS) = -9"));
+                                   "pm_wlan_set_wps(IGD.LD1.WLAN5.WPS) = -9",
+                                   "pm_wlan_set_wps(IGD.LD1.WLAN1.WPS) = -9",
+                                   "pm_wlan_set_wps(IGD.LD1.WLAN5.WPS) = -9",
+                                   "pm_wlan_set_wps(IGD.LD1.WLAN1.WPS) = -9"));
+  EXPECT_THAT(logs(), HasLogLine({5, "pm_ubus_wifi_wps_set", "now in pm_ubus_wifi_wps_set\n"}));
   EXPECT_THAT(logs(), HasLog(5, "szInstIdentity IGD.LD1.WLAN1.WPS \r\n"));
   EXPECT_THAT(logs(), HasLog(5, "szTmpIdentity IGD.LD1.WLAN5.WPS \r\n"));
 }

@@ -1,5 +1,6 @@
 #include "pmapi/wifi_statsinfo.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/records/wlan_driver.hpp"
@@ -44,6 +45,8 @@ TEST_F(PmUbusGetWifiStatsinfo, WidensTheDriversCounters) {
   EXPECT_EQ(stats.discardPacketsSent, 211u);
   EXPECT_EQ(stats.discardPacketsReceived, 3u);
   EXPECT_THAT(trace("pm_wlan_get_config_driver"), SizeIs(8)) << "one read per counter";
+  EXPECT_THAT(logs(),
+              HasLogLine({5, "pm_ubus_get_wifi_statsinfo", "now in pm_ubus_get_wifi_statsinfo\n"}));
 }
 
 TEST_F(PmUbusGetWifiStatsinfo, AnUnknownBandHasNoTextAndItsCountersAllTheSame) {
@@ -69,15 +72,28 @@ TEST_F(PmUbusGetWifiStatsinfo, SucceedsWhateverFails) {
   EXPECT_THAT(logs(), HasLog(4, "pm_ubus_get_wifi_statsinfo para is null"));
 }
 
+TEST_F(WifiStatsGetters, CopyAtMost31CharactersAndNoTerminator) {
+  for (const uint32_t length : {5u, 31u, 32u, WlanConfigRecord::ssid.width}) {
+    memset(ssid(1).data() + WlanConfigRecord::ssid.offset, 0, WlanConfigRecord::ssid.width);
+    memset(ssid(1).data() + WlanConfigRecord::ssid.offset, 's', length);
+    std::string text(32, '#');
+    EXPECT_EQ(ubus_getSsid("IGD.LD1.WLAN1", text.data()), 0);
+    const uint32_t copied = std::min(length, 31u);
+    EXPECT_EQ(text, std::string(copied, 's') + std::string(32 - copied, '#'));
+  }
+}
+
+std::string failureLine(const char *getter) {
+  return "[" + std::string(getter) + "] dbgetview fail(-2002)\r\n";
+}
+
 TEST_F(WifiStatsGetters, NameTheFailedReadAndWriteNothing) {
   for (const NamedGetter &getter : kGetters) {
     EXPECT_EQ(getter.get("IGD.LD1.WLAN1", nullptr), -1);
     uint64_t counter = 77;
     EXPECT_EQ(getter.get("IGD.LD1.WLAN9", &counter), -1);
     EXPECT_EQ(counter, 77u);
-    EXPECT_THAT(logs(), HasLogLine({4, getter.name,
-                                    "[" + std::string(getter.name) + "] dbgetview fail(-2002)\r\n",
-                                    gateway::kUnknownInstance}));
+    EXPECT_THAT(logs(), HasLogLine({4, getter.name, failureLine(getter.name), -2002}));
   }
   EXPECT_EQ(ubus_getRadio("IGD.LD1.WLAN1", nullptr), -1);
   EXPECT_EQ(ubus_getSsid("IGD.LD1.WLAN1", nullptr), -1);
@@ -85,6 +101,9 @@ TEST_F(WifiStatsGetters, NameTheFailedReadAndWriteNothing) {
   EXPECT_EQ(ubus_getRadio("IGD.LD1.WLAN9", text), -1);
   EXPECT_EQ(ubus_getSsid("IGD.LD1.WLAN9", text), -1);
   EXPECT_THAT(text, Each('\0'));
+  for (const char *getter : {"ubus_getRadio", "ubus_getSsid"}) {
+    EXPECT_THAT(logs(), HasLogLine({4, getter, failureLine(getter), -2002}));
+  }
   EXPECT_EQ(trace().size(), std::size(kGetters) + 2) << "no output, no question";
 }
 

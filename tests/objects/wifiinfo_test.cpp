@@ -1,5 +1,6 @@
 #include "pmapi/wifiinfo.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/records/wlan_driver.hpp"
@@ -51,11 +52,13 @@ constexpr NamedNumberGetter kNumberGetters[] = {
     {"ubus_get_info_encrypt", ubus_get_info_encrypt, true},
 };
 
+/// What a getter writes into its 32 bytes: no terminator, and nothing behind the text.
 std::string read(TextGetter get, int32_t index, int32_t expectedStatus = 0) {
-  char text[33] = {};
-  memset(text, 0, 32);
-  EXPECT_EQ(get(index, text), expectedStatus);
-  return text;
+  std::string text(32, '#');
+  EXPECT_EQ(get(index, text.data()), expectedStatus);
+  const size_t length = std::min(text.find('#'), text.size());
+  EXPECT_EQ(text.substr(length), std::string(text.size() - length, '#'));
+  return text.substr(0, length);
 }
 
 uint32_t read(NumberGetter get, int32_t index, int32_t expectedStatus = 0, uint32_t preset = 77) {
@@ -114,26 +117,35 @@ TEST_F(PmUbusGetWifiInfo, SucceedsWhateverFails) {
   EXPECT_THAT(logs(), HasLog(4, "pm_ubus_get_wifi_info para is null"));
 }
 
-std::string failureLine(const char *getter) {
-  return "[" + std::string(getter) + "] dbgetview fail(-77)\r\n";
+gateway::testing::LogExpectation failureLine(const char *getter, int32_t status) {
+  const std::string text =
+      "[" + std::string(getter) + "] dbgetview fail(" + std::to_string(status) + ")\r\n";
+  return {4, getter, text, status};
 }
+
+// Nothing changed, or so the platform says of a read: that is a failure like any other.
+constexpr int32_t kFailedReads[] = {-77, gateway::kNothingChanged};
 
 TEST_F(WifiInfoGetters, NameTheFailedReadAndWriteNothing) {
   for (const auto &[name, get, call] : kTextGetters) {
     restart();
     EXPECT_EQ(get(0, nullptr), -1);
     EXPECT_THAT(trace(), IsEmpty());
-    fail(call, "", -77);
-    EXPECT_EQ(read(get, 0, -1), "") << name;
-    EXPECT_THAT(logs(), HasLogLine({4, name, failureLine(name), -77}));
+    for (const int32_t status : kFailedReads) {
+      fail(call, "", status, 1, 1);
+      EXPECT_EQ(read(get, 0, -1), "") << name;
+      EXPECT_THAT(logs(), HasLogLine(failureLine(name, status)));
+    }
   }
   for (const auto &[name, get, passesStatusOn, call] : kNumberGetters) {
     restart();
     EXPECT_EQ(get(0, nullptr), -1);
     EXPECT_THAT(trace(), IsEmpty());
-    fail(call, "", -77);
-    EXPECT_EQ(read(get, 0, passesStatusOn ? -77 : -1), 77u) << name;
-    EXPECT_THAT(logs(), HasLogLine({4, name, failureLine(name), -77}));
+    for (const int32_t status : kFailedReads) {
+      fail(call, "", status, 1, 1);
+      EXPECT_EQ(read(get, 0, passesStatusOn ? status : -1), 77u) << name;
+      EXPECT_THAT(logs(), HasLogLine(failureLine(name, status)));
+    }
   }
 }
 
@@ -230,6 +242,12 @@ TEST_F(UbusGetConfigPwd, AcceptsUnchangedAndGivesFailuresCodesOfTheirOwn) {
   read(ubus_get_config_Pwd, 2, 1001);
   EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_config_Pwd",
                                   "pm_wlan_get_wep=IGD.LD1.WLAN3.WEP2 fail=-77\n", -77}));
+  const gateway::Row far = store().create<WlanConfigRecord>("IGD.LD1.WLAN1000000000");
+  far.setWord(WlanConfigRecord::securityMode, 1);
+  far.setWord(WlanConfigRecord::wepKeyIndex, 0x80000000);
+  read(ubus_get_config_Pwd, 999999999, 1001);
+  EXPECT_THAT(logs(), HasLog(4, "pm_wlan_get_wep=IGD.LD1.WLAN1000000000.WEP-214 fail=-77\n"))
+      << "30 characters of the key's name";
 
   fail("pm_wlan_get_psk", "", gateway::kNothingChanged, 1, 1);
   EXPECT_EQ(read(ubus_get_config_Pwd, 0), "");

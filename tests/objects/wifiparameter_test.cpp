@@ -95,6 +95,12 @@ TEST_F(PmUbusWifiParameterSet, StoresA128BitKeyWhereTheIndexPoints) {
   EXPECT_EQ(set(request(3, "WEP-128", "thirteenchars")), 0);
   EXPECT_EQ(setting(3, WlanConfigRecord::wepKeyLength), 2u);
   EXPECT_EQ(wepKey(3, 2), "thirteenchars");
+
+  const gateway::Row far = store().create<WlanConfigRecord>("IGD.LD1.WLAN1000000000");
+  far.setWord(WlanConfigRecord::wepKeyIndex, 0x80000000);
+  EXPECT_EQ(set(request(1000000000, "WEP-64", "12345")), gateway::kUnknownInstance);
+  EXPECT_THAT(logs(), HasLog(4, "pm_wlan_get_wep=IGD.LD1.WLAN1000000000.WEP-2147 fail=-2002\n"))
+      << "31 characters of the key's name";
 }
 
 TEST_F(PmUbusWifiParameterSet, MarksTheCipherOfTheModeOnly) {
@@ -188,6 +194,10 @@ TEST_F(PmUbusWifiParameterSet, SucceedsWhenNothingChanges) {
   forgetCalls();
   EXPECT_EQ(set(request(1, "WPA2-Personal", "password")), 0);
   EXPECT_THAT(trace("pm_wlan_set_psk"), ElementsAre("pm_wlan_set_psk(IGD.LD1.WLAN1.PSK1) = -9"));
+  EXPECT_EQ(set(request(3, "WEP-64", "12345")), 0);
+  forgetCalls();
+  EXPECT_EQ(set(request(3, "WEP-64", "12345")), 0);
+  EXPECT_THAT(trace("pm_wlan_set_wep"), ElementsAre("pm_wlan_set_wep(IGD.LD1.WLAN3.WEP2) = -9"));
 }
 
 TEST_F(PmUbusWifiParameterSet, ReturnsTheCodeOfTheStepThatFails) {

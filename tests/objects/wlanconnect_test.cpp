@@ -71,6 +71,7 @@ TEST_F(PmUbusWlanconnectSet, JoinsANetworkFoundOnlyOn5G) {
   EXPECT_THAT(clientFlags(), ElementsAre(1, 1, 1, 1));
   EXPECT_THAT(logs(), HasLog(5, " radiotype 0 , tWLANAPList.dwCount=3 "));
   EXPECT_THAT(logs(), HasLog(5, " radiotype 1 , tWLANAPList.dwCount=2 "));
+  EXPECT_THAT(logs(), logMatching("dwCount = 2, LINE =[0-9]+\n"));
   EXPECT_THAT(logs(), logMatching("Find ssid!!! LINE =[0-9]+\n"));
   EXPECT_THAT(logs(), logMatching("Find Uplink ssid and uplink success!!! line\\([0-9]+\\)\n"));
 }
@@ -135,6 +136,19 @@ TEST_F(PmUbusWlanconnectSet, NullStillSwitchesTheUplink) {
   EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_wlanconnect_set",
                                   "pm_ubus_wlanconnect_set_new para is null"}));
   EXPECT_THAT(trace("pm_wlan_set_scan_ap"), IsEmpty());
+  EXPECT_THAT(logs(),
+              HasLogLine({5, "pm_ubus_wlanconnect_set", "now in pm_ubus_wlanconnect_set\n"}));
+  fail("vcorDbSetView", "NETWORKING", -77);
+  EXPECT_EQ(pm_ubus_wlanconnect_set(nullptr), -77) << "what fails before answers first";
+  fail("pm_upmode_info_get", "", -78);
+  EXPECT_EQ(pm_ubus_wlanconnect_set(nullptr), -78);
+}
+
+TEST_F(PmUbusWlanconnectSet, AnEmptyNameIsThatOfAHiddenNetwork) {
+  gateway::AccessPoint &hidden = gateway::scans().radios[0].accessPoints[2];
+  ASSERT_EQ(hidden.ssid, "");
+  EXPECT_EQ(connect("", hidden.passphrase), 0);
+  EXPECT_EQ(gateway::scans().joined->bssid, hidden.bssid);
 }
 
 TEST_F(PmUbusWlanconnectSet, AnUplinkThatIsNotTakenOverIsOnlyLogged) {
