@@ -45,9 +45,11 @@ inline bool startsWith(const char *name, const char *prefix) {
   return strncmp(name, prefix, strlen(prefix)) == 0;
 }
 
-/// Whether `given`, taken over its own length, is a beginning of `word`; an empty text is.
+/// Whether `given`, taken over its own length, is a beginning of `word`; an empty text is. Most
+/// words differ in their first letter, sooner than libc measures a text.
 inline bool abbreviates(const char *given, const char *word) {
-  return strncmp(given, word, strlen(given)) == 0;
+  while (*given != '\0' && *given == *word) ++given, ++word;
+  return *given == '\0';
 }
 
 }  // namespace pm

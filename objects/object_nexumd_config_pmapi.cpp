@@ -39,17 +39,12 @@ constexpr char kTextItems[][20] = {
     "if3_lgwToken",        "if3_cgwToken",       "if3_g_SyncCode",     "MacFilter_WhiteList",
     "MacFilter_BlackList", "interface",          "reportInterval",     "sampleInterval"};
 
-bool beginsWith(const char *text, const char *name) {
-  while (*name != '\0' && *text == *name) ++text, ++name;
-  return *name == '\0';
-}
-
 /// Place by place rather than name by name: almost every request is a listed name itself, and a
 /// library call for each of the names would cost a tenth of the whole read.
 bool isTextItem(const char *item) {
   for (; *item != '\0'; ++item) {
     for (const char(&textItem)[20] : kTextItems) {
-      if (beginsWith(item, textItem)) return true;
+      if (abbreviates(textItem, item)) return true;
     }
   }
   return false;
