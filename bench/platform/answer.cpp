@@ -49,7 +49,8 @@ Answer &Answer::length(uint16_t value) {
 
 Answer &Answer::paths(uint32_t number, const char *stem) {
   for (uint32_t i = 0; i < number; ++i) {
-    text(i * PLATFORM_INSTANCE_SIZE, stem + std::to_string(i + 1));
+    const std::string path = stem + std::to_string(i + 1);
+    bytes(i * PLATFORM_INSTANCE_SIZE, path.c_str(), static_cast<uint32_t>(path.size()) + 1);
   }
   found_ = number;
   return *this;
