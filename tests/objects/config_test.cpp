@@ -22,6 +22,14 @@ constexpr char kPath[] = "/userconfig/nexumd_cfgfile";
 constexpr char kTemporary[] = "/userconfig/nexumd_cfgfile.tmp";
 constexpr size_t kPiece = 4095;
 
+int32_t add(const std::string &item, const std::string &value) {
+  std::string record = item;
+  record.resize(sizeof(UbusAddItem::item));
+  record += value;
+  return pm_ubus_config_additem(reinterpret_cast<const UbusAddItem *>(record.c_str()), kPath,
+                                kTemporary);
+}
+
 class ConfigTest : public GatewayTest {
  protected:
   ConfigTest() { expectNoLeaks(); }
@@ -29,14 +37,6 @@ class ConfigTest : public GatewayTest {
   void fill(const std::string &content) { files().write(kPath, content); }
   std::string content() { return files().read(kPath).value_or("(none)"); }
   bool temporaryExists() { return files().read(kTemporary).has_value(); }
-
-  static int32_t add(const std::string &item, const std::string &value) {
-    std::string record = item;
-    record.resize(sizeof(UbusAddItem::item));
-    record += value;
-    return pm_ubus_config_additem(reinterpret_cast<const UbusAddItem *>(record.c_str()), kPath,
-                                  kTemporary);
-  }
 
   static int32_t remove(const char *item) {
     return pm_ubus_config_deleteitem(item, kPath, kTemporary);
@@ -157,6 +157,7 @@ TEST_F(PmUbusConfigGetitem, DeliversTextOfTheFirstMatchCutAtTheLength) {
       {"up to the end of the piece", "interface=" + letters(5000) + "\n", "interface",
        letters(kPiece - 10) + zeros},
       {"an item of neither kind", "foo=1\n", "foo", zeros},
+      {"a JSON item as a text", "if5_token={}\n", "if5_token", zeros},
   };
   for (const auto &c : cases) {
     SCOPED_TRACE(c.about);
@@ -189,10 +190,10 @@ TEST_F(PmUbusConfigGetitem, AddsJsonUnderTheListedName) {
     return pm_ubus_config_getitem(item, object.get(), 0, kPath);
   };
   fill(
-      "if5_token={\"a\":1}\nmy_ifa_ap_config=[1,2]\nifa_service_config=\"t\"\nif6_ap_config=true\n"
-      "if6_service_config=2\nIF5_ap_config={broken\ninterface=3\n");
-  for (const char *item : {"if5_token", "my_ifa_ap_config", "ifa_service_config", "if6_ap_config",
-                           "if6_service_config", "IF5_ap_config", "interface"}) {
+      "if5_token={\"a\":1}\nIF5_ap_config={broken\nifa_service_config=\"t\"\nif6_ap_config=true\n"
+      "if6_service_config=2\nIF5_ap_config_ifa_ap_config=[1,2]\ninterface=3\n");
+  for (const char *item : {"if5_token", "IF5_ap_config_ifa_ap_config", "ifa_service_config",
+                           "if6_ap_config", "if6_service_config", "IF5_ap_config", "interface"}) {
     EXPECT_EQ(get(item), 0) << item;
   }
   EXPECT_EQ(
@@ -285,7 +286,9 @@ TEST_F(PmUbusConfigAdditem, RefusesANullRecordAndAMissingStore) {
 TEST_F(PmUbusConfigGetitem, RefusesSilently) {
   char destination[4] = "abc";
   fill("interface=br0\n");
-  EXPECT_EQ(pm_ubus_config_getitem(nullptr, destination, 4, kPath), -1);
+  EXPECT_EQ(
+      printedBy([&] { EXPECT_EQ(pm_ubus_config_getitem(nullptr, destination, 4, kPath), -1); }),
+      "pm_ubus_config_getitem 107  item:(null) bufsize:4\n");
   EXPECT_EQ(pm_ubus_config_getitem("interface", nullptr, 4, kPath), -1);
   EXPECT_EQ(pm_ubus_config_getitem("interface", destination, -1, kPath), -1);
   EXPECT_EQ(pm_ubus_config_getitem("interface", destination, 4, "/userconfig/none"), -1);
@@ -295,7 +298,8 @@ TEST_F(PmUbusConfigGetitem, RefusesSilently) {
 }
 
 TEST_F(PmUbusConfigDeleteitem, RefusesANullNameAndAMissingStore) {
-  EXPECT_EQ(remove(nullptr), -1);
+  EXPECT_EQ(printedBy([] { EXPECT_EQ(remove(nullptr), -1); }),
+            "line:435, pm_ubus_config_deleteitem 435 (null)\n");
   EXPECT_EQ(remove("x"), -1);
   ASSERT_EQ(logs().size(), 2u);
   const auto place = [](const gateway::LogLine &line) {
@@ -329,19 +333,10 @@ struct Change {
 };
 
 std::vector<Change> largeChanges() {
-  const auto addTo = [](const char *item) {
-    return [item] {
-      std::string record = item;
-      record.resize(sizeof(UbusAddItem::item));
-      record += "new";
-      return pm_ubus_config_additem(reinterpret_cast<const UbusAddItem *>(record.c_str()), kPath,
-                                    kTemporary);
-    };
-  };
   const std::string bulk = letters(9000) + "\n" + letters(9000) + "\n";
   return {
-      {"replace", "x=1\n" + bulk, "x=new\n" + bulk, addTo("x")},
-      {"append", bulk, bulk + "x=new\n", addTo("x")},
+      {"replace", "x=1\n" + bulk, "x=new\n" + bulk, [] { return add("x", "new"); }},
+      {"append", bulk, bulk + "x=new\n", [] { return add("x", "new"); }},
       {"delete", bulk + "x=1\n", bulk + "\n",
        [] { return pm_ubus_config_deleteitem("x", kPath, kTemporary); }},
   };
