@@ -47,11 +47,14 @@ std::string key(const uint8_t *address, std::string (*printAddress)(const Addres
 
 template <class Value>
 int32_t deliver(const char *call, Value *out, Value value) {
-  return boundary::status(call, "", [&](Gateway &) {
+  const int32_t status = boundary::status(call, "", [&](Gateway &) {
     needs(out != nullptr, "nowhere to write");
     *out = value;
     return kOk;
   });
+  // A call that fails promises nothing about the room it was given.
+  if (status != kOk && out != nullptr) std::memset(out, kPoison, sizeof *out);
+  return status;
 }
 
 }  // namespace

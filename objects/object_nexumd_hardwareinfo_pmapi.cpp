@@ -35,6 +35,7 @@ uint32_t readMemoryUsage() {
   MemInfo memory{};
   if (const int32_t status = GetMemInfo(&memory); status != kOk) {
     PM_LOG_FOR((LogOrigin{kSourceTag, "nexumd_get_ramusage"}), kError, status, "GetMemInfo fail");
+    memory = {};
   }
   if (memory.total == 0) return 0;
   const uint32_t used = memory.total - memory.free;

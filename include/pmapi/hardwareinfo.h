@@ -15,7 +15,11 @@ typedef struct HardwareInfoRecord {
   uint32_t flashSize; /**< in the unit of the host utilities */
   uint32_t ramSize;   /**< in the unit of the host utilities */
   uint32_t cpuUsage;  /**< as the platform reports it */
-  uint32_t ramUsage;  /**< percent; buffers and caches count as free unless that exceeds 100 */
+  /**
+   * Percent; buffers and caches count as free unless that exceeds 100. Computed in 32 bits: figures
+   * above 42949672 wrap.
+   */
+  uint32_t ramUsage;
 } HardwareInfoRecord;
 
 /**

@@ -70,13 +70,15 @@ TEST_F(HardwareInfoTest, EachFailureEndsTheRecordButTheMemoryFigures) {
   fail("GetMemInfo", "", -6, 1, 1);
   record.ramUsage = 99;
   EXPECT_EQ(pm_ubus_get_hardware_info(&record), 0);
-  EXPECT_EQ(record.ramUsage, 0u);
+  EXPECT_EQ(record.ramUsage, 0u) << "whatever the failed call left in its figures";
   EXPECT_THAT(logs(), HasLogLine({4, "nexumd_get_ramusage", "GetMemInfo fail", -6}));
 
   fail("GetCpuType", "", -7, 1, 1);
   EXPECT_EQ(printedBy([&] { EXPECT_EQ(pm_ubus_get_hardware_info(&record), -1); }),
-            "GetCpuType ERROR!! cputype=0\nget cpuType failed! \n");
+            "GetCpuType ERROR!! cputype=-1515870811\nget cpuType failed! \n");
   EXPECT_EQ(pm_ubus_get_hardware_info(nullptr), -1);
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_get_hardware_info",
+                                  "pm_ubus_get_hardware_info para is null"}));
 }
 
 TEST_F(HardwareInfoTest, SweepOfFaults) {
