@@ -17,14 +17,14 @@ namespace {
 
 enum PortType : uint32_t { kUplinkPort = 0, kLanPort = 1 };
 
-// The uplink stops at the third rate: the platform never reports more for it.
+// The uplink knows the first three only: a fourth gives it an empty text.
 constexpr char kRates[][12] = {"10Mbps", "100Mbps", "1000Mbps", "10000Mbps"};
 constexpr uint32_t kLanRates = 4;
 constexpr uint32_t kUplinkRates = 3;
 
 constexpr uint32_t kPortSelector = static_cast<uint32_t>(-9);
 
-void readMac(PortConfigBuffer &config, PortInfoRecord *record) {
+void fillMac(const LogOrigin &origin, PortConfigBuffer &config, PortInfoRecord *record) {
   RecordBuffer<platform::PortMacParameterRecord> parameters;
   parameters.put(parameters.selector, kPortSelector);
   parameters.put(parameters.parameterRun1, config.get(config.parameterRun1));
@@ -34,9 +34,10 @@ void readMac(PortConfigBuffer &config, PortInfoRecord *record) {
   pm_mac_prm_op(PM_MAC_PRM_OP_GET, result.bytes, config.bytes + config.macParameterId.offset,
                 parameters.bytes);
   MacToStr(result.get(result.mac), record->portMac, sizeof record->portMac);
+  PM_LOG_FOR(origin, kInfo, 0, "p_portinfo->portMac : %s!\n ", record->portMac);
 }
 
-int32_t fillUplink(const LogOrigin &origin, uint32_t port, PortInfoRecord *record) {
+void fillUplink(const LogOrigin &origin, uint32_t port, PortInfoRecord *record) {
   record->portType = kUplinkPort;
   uint32_t state = 0;
   uint32_t rate = 0;
@@ -48,7 +49,6 @@ int32_t fillUplink(const LogOrigin &origin, uint32_t port, PortInfoRecord *recor
   copyText(record->portRate, rate < kUplinkRates ? kRates[rate] : "");
   PM_LOG_FOR(origin, kInfo, 0, "stateResult=%d\n", state);
   record->portConnection = state;
-  return kOk;
 }
 
 int32_t fillLan(const LogOrigin &origin, const char *instance, const PortConfigBuffer &config,
@@ -84,8 +84,8 @@ int32_t pm_ubus_get_portinfo(uint32_t portIndex, const char *instance, PortInfoR
     PM_FAIL(status, "vcorDbGetView DBVIEW_ETH_PORTCONF failed!");
     return kUnreadable;
   }
-  readMac(config, record);
-  PM_LOG(kInfo, "p_portinfo->portMac : %s!\n ", record->portMac);
+  const LogOrigin origin = PM_ORIGIN;
+  fillMac(origin, config, record);
 
   UpModeInfo uplink{};
   if (const int32_t status = pm_upmode_info_get(&uplink); status != kOk) {
@@ -93,6 +93,7 @@ int32_t pm_ubus_get_portinfo(uint32_t portIndex, const char *instance, PortInfoR
     return status;
   }
   const uint32_t uplinkPort = uplink.port & 0xFFFF;
-  if (portIndex == uplinkPort) return fillUplink(PM_ORIGIN, uplinkPort, record);
-  return fillLan(PM_ORIGIN, instance, config, record);
+  if (portIndex != uplinkPort) return fillLan(origin, instance, config, record);
+  fillUplink(origin, uplinkPort, record);
+  return kOk;
 }

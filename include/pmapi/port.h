@@ -14,7 +14,7 @@ typedef struct PortInfoRecord {
   uint32_t portNumber;     /**< one-based */
   uint32_t portType;       /**< 0 uplink port, 1 LAN port */
   char portRate[32];       /**< "10Mbps", "100Mbps", "1000Mbps"; LAN ports also "10000Mbps" */
-  char portMac[32];        /**< twelve upper-case digits */
+  char portMac[32];        /**< twelve upper-case digits, all 0 when the platform does not tell */
   uint32_t portConnection; /**< link state as the platform reports it */
 } PortInfoRecord;
 

@@ -4,10 +4,13 @@
 
 #include "gateway/ports.hpp"
 #include "gateway/wan.hpp"
+#include "platform/views/eth_port_config.hpp"
 #include "tests/support/gateway_test.hpp"
 
 namespace gateway {
 namespace {
+
+using platform::EthPortConfigView;
 
 class PortTest : public GatewayTest {
  protected:
@@ -34,17 +37,26 @@ TEST_F(PortTest, LanPortTakesItsRateFromTheConfiguration) {
   EXPECT_THAT(logs(), HasLog(5, "szInstIdentity = IGD.LD1.ETH1\n "));
   EXPECT_THAT(logs(), HasLog(5, "p_portinfo->portMac : 00E04C7731D1!\n "));
   EXPECT_THAT(logs(), HasLog(5, "portConnection:1 \n"));
-  EXPECT_EQ(get(2, "IGD.LD1.ETH3"), 0);
-  EXPECT_STREQ(record.portRate, "10000Mbps");
-  EXPECT_EQ(get(3, "IGD.LD1.ETH4"), 0);
-  EXPECT_STREQ(record.portRate, "kept");
+  EXPECT_THAT(logs(), HasLog(5, "p_portinfo->portRate : 1000Mbps!\n "));
+  const char *const rates[] = {"10Mbps", "100Mbps", "1000Mbps", "10000Mbps", "kept"};
+  for (uint32_t code = 0; code < 5; ++code) {
+    store().row<EthPortConfigView>("IGD.LD1.ETH1").setWord(EthPortConfigView::rateCode, code);
+    EXPECT_EQ(get(0, "IGD.LD1.ETH1"), 0);
+    EXPECT_STREQ(record.portRate, rates[code]);
+  }
+}
+
+TEST_F(PortTest, AMacThatThePlatformDoesNotTellIsAllZeros) {
+  fail("pm_mac_prm_op");
+  EXPECT_EQ(get(0, "IGD.LD1.ETH1"), 0);
+  EXPECT_STREQ(record.portMac, "000000000000");
 }
 
 TEST_F(PortTest, UplinkPortIsTheOneWhoseIndexEqualsTheLowHalfOfThePlatformsWord) {
   const struct {
     uint32_t rateCode;
     const char *rate;
-  } cases[] = {{0, "10Mbps"}, {2, "1000Mbps"}, {3, ""}, {9, ""}};
+  } cases[] = {{0, "10Mbps"}, {1, "100Mbps"}, {2, "1000Mbps"}, {3, ""}, {9, ""}};
   wan().uplink.port = 0xABCD0004;
   for (const auto &one : cases) {
     ports().byNumber(4)->rateCode = one.rateCode;
@@ -54,6 +66,9 @@ TEST_F(PortTest, UplinkPortIsTheOneWhoseIndexEqualsTheLowHalfOfThePlatformsWord)
     EXPECT_STREQ(record.portRate, one.rate) << one.rateCode;
     EXPECT_EQ(record.portConnection, 1u);
   }
+  EXPECT_THAT(logs(), HasLog(5, "stateResult=1\n"));
+  EXPECT_EQ(trace("pm_wan_get_port_link_state_type").front(),
+            "pm_wan_get_port_link_state_type(4) = 0");
   fail("pm_wan_get_port_link_state_type", "", -4);
   EXPECT_EQ(get(4, "IGD.WD1.ETH5"), 0);
   EXPECT_STREQ(record.portRate, "10Mbps");
@@ -79,6 +94,7 @@ TEST_F(PortTest, FailuresLeaveWhatWasFilledBefore) {
   EXPECT_STREQ(record.portRate, "kept");
   EXPECT_THAT(logs(), HasLog(4, "[pm_eth_get_port_link_state] failed, retcode = -34\n"));
   EXPECT_EQ(pm_ubus_get_portinfo(0, "IGD.LD1.ETH1", nullptr), -1);
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_get_portinfo", "pm_ubus_get_portinfo para is null"}));
 }
 
 TEST_F(PortTest, SweepOfFaults) {
