@@ -78,12 +78,14 @@ void fieldLeavesItsRecord();
 void fieldsOverlap();
 void fieldIsNotAligned();
 
-consteval uint32_t alignmentOf(FieldKind kind) {
-  switch (kind) {
+consteval uint32_t alignmentOf(const Field &field) {
+  switch (field.kind) {
     case FieldKind::kWord:
     case FieldKind::kCounter:
     case FieldKind::kPointer:
       return 4;
+    case FieldKind::kText:
+      return field.marked ? 4 : 1;  // that of its validity word
     default:
       return 1;
   }
@@ -95,7 +97,7 @@ consteval void checkLayout(const std::array<Field, Count> &fields, uint32_t firs
     const Field &field = fields[i];
     if (field.marked && field.offset < first + kSlotDistance) fieldLeavesItsRecord();
     if (field.offset < first || field.end() > size) fieldLeavesItsRecord();
-    if (field.offset % alignmentOf(field.kind) != 0) fieldIsNotAligned();
+    if (field.offset % alignmentOf(field) != 0) fieldIsNotAligned();
     for (size_t j = 0; j < i; ++j) {
       if (field.begin() < fields[j].end() && fields[j].begin() < field.end()) fieldsOverlap();
     }

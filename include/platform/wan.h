@@ -8,7 +8,7 @@ PLATFORM_BEGIN_DECLS
 
 enum UpMode { UP_MODE_ETHERNET = 1, UP_MODE_WLAN = 512 };
 
-/** The kind of uplink and the port that carries it; the low 16 bits of each word count. */
+/** The kind of uplink and the port that carries it. */
 typedef struct UpModeInfo {
   uint32_t mode;
   uint32_t port;

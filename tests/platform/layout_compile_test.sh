@@ -42,5 +42,6 @@ expect fieldLeavesItsRecord 'PlainWord'      0 'PlainWord'     60 64
 expect fieldLeavesItsRecord 'PlainWord'      0 'PlainText<32>' 32 36
 expect fieldLeavesItsRecord 'PlainWord'     60 'Word'          28 24  # no room for the mark
 expect fieldIsNotAligned    'PlainWord'      0 'PlainWord'      8  6
+expect fieldIsNotAligned    'PlainWord'      0 'Text<8>'       40 42  # nor is its validity word
 
 exit $failures

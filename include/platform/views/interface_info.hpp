@@ -9,7 +9,7 @@ namespace platform {
 struct InterfaceInfoView : View<DBVIEW_INTERFACE_INFO, 808> {
   static constexpr Text<32> name{"name", 36};
   static constexpr Text<32> interfaceId{"interfaceId", 100};
-  static constexpr Text<32> interfaceName{"interfaceName", 676};
+  static constexpr Text<128> interfaceName{"interfaceName", 676};
   static constexpr auto fields = layout(name, interfaceId, interfaceName);
 };
 
