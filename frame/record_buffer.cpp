@@ -43,8 +43,7 @@ void carryWords(uint8_t *record, const uint8_t *source, const CarriedWord *words
 
 void prepareView(uint8_t *view, uint32_t size) {
   memset(view, 0, size);
-  storePlain<uint32_t>(view, 0, size);
-  storePlain<uint32_t>(view, 4, PLATFORM_BLOCK_MARKER);
+  writeHeader(view, size);
 }
 
 }  // namespace pm

@@ -52,9 +52,6 @@ consteval CarriedWord carried(platform::Word from, platform::Word to) {
 void putWords(uint8_t *record, const FixedWord *words, uint32_t count);
 void carryWords(uint8_t *record, const uint8_t *source, const CarriedWord *words, uint32_t count);
 
-/// Zeroes a view of `size` bytes and writes its header.
-void prepareView(uint8_t *view, uint32_t size);
-
 template <class T>
 PM_INLINE T loadAs(const uint8_t *record, uint32_t offset) {
   T value;
@@ -67,6 +64,14 @@ template <class T>
 PM_INLINE void storePlain(uint8_t *record, uint32_t offset, T value) {
   memcpy(__builtin_assume_aligned(record + offset, 4), &value, sizeof value);
 }
+
+PM_INLINE void writeHeader(uint8_t *view, uint32_t size) {
+  storePlain<uint32_t>(view, 0, size);
+  storePlain<uint32_t>(view, 4, PLATFORM_BLOCK_MARKER);
+}
+
+/// Zeroes a view of `size` bytes and writes its header.
+void prepareView(uint8_t *view, uint32_t size);
 
 template <class Layout>
 class alignas(8) RecordBuffer : public Layout {
@@ -193,7 +198,7 @@ class ViewBuffer : public RecordBuffer<Layout> {
  public:
   using Layout::bytes;
 
-  ViewBuffer() { writeHeader(); }
+  ViewBuffer() { writeHeader(bytes, Layout::kSize); }
 
   /// Makes the buffer fit for another read.
   void reset() { prepareView(bytes, Layout::kSize); }
@@ -214,12 +219,6 @@ class ViewBuffer : public RecordBuffer<Layout> {
   PM_INLINE void match(platform::TypedField<platform::FieldKind::kText, true, Width> field,
                        const char *wanted) {
     putText(bytes, field.offset, Width - 4, wanted, Mark::kMatch);
-  }
-
- private:
-  void writeHeader() {
-    storePlain<uint32_t>(bytes, 0, Layout::kSize);
-    storePlain<uint32_t>(bytes, 4, PLATFORM_BLOCK_MARKER);
   }
 };
 

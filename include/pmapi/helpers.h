@@ -77,7 +77,7 @@ PMAPI_EXPORT int32_t wlan_get_ad(const char *instance, void *view);
 /**
  * @name Attached-device filter
  * One function under two names.
- * @param deviceRecord the platform's 792-byte device record, not NULL
+ * @param deviceRecord the platform's 792-byte device record, 4-aligned, not NULL
  * @retval 1 the device counts
  * @retval 0 it does not: the word at 64 is 1, the interface name at 92 contains "eth" or "wlan",
  *   the word at 68 is not 0, and the word at 72 is neither 0 nor -1
