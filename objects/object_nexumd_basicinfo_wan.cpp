@@ -1,0 +1,182 @@
+#include <arpa/inet.h>
+
+#include <cstring>
+
+#include "frame/instance.hpp"
+#include "frame/log.hpp"
+#include "frame/record_buffer.hpp"
+#include "frame/status.hpp"
+#include "frame/text.hpp"
+#include "platform/host.h"
+#include "platform/records/route_info.hpp"
+#include "platform/records/wan.hpp"
+#include "platform/views/interface_info.hpp"
+#include "platform/wan.h"
+#include "pmapi/basicinfo.h"
+
+using namespace pm;
+
+static constexpr char kSourceTag[] = "object_nexumd_basicinfo_pmapi.c";
+
+char g_wanIPv4Addr[128];
+char g_wanIPv6Addr[128];
+char g_waninst[128];
+uint32_t g_ipmode;
+
+namespace {
+
+enum AddressMode : uint32_t { kIpv4Only = 1, kIpv6Only = 2, kDualStack = 3 };
+
+constexpr uint32_t kRouteUsable = 1;
+constexpr uint32_t kMaxWanConnections = 32;
+constexpr int32_t kTooManyConnections = -12;
+
+using RouteBuffer = RecordBuffer<platform::RouteInfoRecord>;
+
+/// The list of WAN connections with the work areas that the platform wants beside it.
+struct WanConnectionTable {
+  WanConnectionList list{PLATFORM_BLOCK_MARKER,
+                         WAN_CONNECTION_LIST_CAPACITY,
+                         0,
+                         paths,
+                         workArea1,
+                         workArea2,
+                         workArea3};
+  char paths[WAN_CONNECTION_LIST_CAPACITY][PLATFORM_INSTANCE_SIZE] = {};
+  uint8_t workArea1[WAN_CONNECTION_WORK_AREA_1_SIZE] = {};
+  uint8_t workArea2[WAN_CONNECTION_WORK_AREA_2_SIZE] = {};
+  uint8_t workArea3[WAN_CONNECTION_WORK_AREA_3_SIZE] = {};
+};
+
+/// Lists the connections of the WAN device in use; the lines stand under the search's name.
+int32_t listConnections(const LogOrigin &origin, WanConnectionTable &table) {
+  RecordBuffer<platform::WanDeviceTypeRecord> wanDevice;
+  if (const int32_t status = pm_e8_wanc_get_current_wandtype(wanDevice.bytes); status != kOk) {
+    PM_LOG_FOR(origin, kInfo, status, "func pm_e8_wanc_get_current_wandtype fail,iRet=%d", status);
+    return status;
+  }
+  const uint32_t deviceType = wanDevice.get(wanDevice.wanDeviceType);
+  PM_LOG_FOR(origin, kTrace, 0, "tWANDType=%d", deviceType);
+  if (const int32_t status = pm_e8_wanc_list_all_wanc_by_wand("IGD", deviceType, &table.list);
+      status != kOk) {
+    PM_LOG_FOR(origin, kInfo, status, "func CmListAllWANCByWAND fail,iRet=%d", status);
+    return status;
+  }
+  PM_LOG_FOR(origin, kTrace, 0, "tWancList.tGeneralPara.dwCount=%d", table.list.dwCount);
+  if (table.list.dwCount > kMaxWanConnections) {
+    PM_LOG_FOR(origin, kInfo, 0, "wanc count=%d, WANCID_MAX=%d", table.list.dwCount,
+               kMaxWanConnections);
+    return kTooManyConnections;
+  }
+  return kOk;
+}
+
+bool isInternetRoute(const RouteBuffer &route) {
+  return (route.get(route.flags) & kRouteUsable) != 0 &&
+         (route.get(route.isInternet1) == 1 || route.get(route.isInternet2) == 1);
+}
+
+/// Reads the route of one connection; false when the search has to go on with the next one.
+bool readInternetRoute(const LogOrigin &origin, const InstancePath &connection,
+                       RouteBuffer &route) {
+  if (const int32_t status = plib_ifs_get_routeif_info(connection.text, route.bytes);
+      status != kOk) {
+    PM_LOG_FOR(origin, kTrace, status, "plib_ifs_get_routeif_info error !,szInstIdentity=%s\n",
+               connection.text);
+    return false;
+  }
+  if (!isInternetRoute(route)) {
+    PM_LOG_FOR(origin, kTrace, 0, " this route wanctype is not internet, continue to find\n");
+    return false;
+  }
+  PM_LOG_FOR(origin, kTrace, 0,
+             "tRouteInfo mod=%d. (1:E_IPV4,2:E_IPV6,3:E_BOTH),tRouteInfo.WANCType<%d>;"
+             "szInstIdentity=%s\n",
+             route.get(route.addressMode), route.get(route.wanType), connection.text);
+  return true;
+}
+
+void cacheIpv4(const LogOrigin &origin, uint32_t ipv4, const InstancePath &connection) {
+  memset(g_wanIPv4Addr, 0, sizeof g_wanIPv4Addr);
+  copyText(g_wanIPv4Addr, inet_ntoa(in_addr{htonl(ipv4)}));
+  PM_LOG_FOR(origin, kInfo, 0, "g_wanIPv4Addr:%s\n", g_wanIPv4Addr);
+  copyText(g_waninst, connection.text);
+}
+
+/// The cache is written over, not replaced: a shorter address keeps the tail of a longer one.
+void cacheIpv6(const LogOrigin &origin, const uint8_t *ipv6) {
+  char text[64] = {};
+  IPv6ToStr(ipv6, text, sizeof text);
+  PM_LOG_FOR(origin, kTrace, 0, "host ipv6 : %s\n", text);
+  copyExact(g_wanIPv6Addr, text, sizeof text - 1);
+}
+
+}  // namespace
+
+int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[16], char *ifname,
+                                      uint32_t *mode) {
+  if (ipv4 == nullptr || ipv6 == nullptr || ifname == nullptr || mode == nullptr) {
+    PM_LOG(kInfo, "Para is NULL");
+    return kNullRecord;
+  }
+  const LogOrigin origin = PM_ORIGIN;
+  WanConnectionTable table;
+  if (const int32_t status = listConnections(origin, table); status != kOk) return status;
+
+  for (uint32_t i = 0; i < table.list.dwCount; ++i) {
+    const InstancePath connection(table.paths[i]);
+    RouteBuffer route;
+    if (!readInternetRoute(origin, connection, route)) continue;
+    ubus_get_ifname_from_ifid(connection.text);
+    copyExact(ifname, connection.text, sizeof connection.text);
+
+    const uint32_t found = route.get(route.addressMode);
+    if (found == kIpv4Only || found == kDualStack) {
+      *mode = found;
+      *ipv4 = route.get(route.ipv4Address);
+      PM_LOG(kInfo, "host ipv4 : %08X   \n", *ipv4);
+      if (*ipv4 == 0) {
+        PM_LOG(kInfo, "cannot get wan ipv4, continue to find!!!\n");
+        continue;
+      }
+      cacheIpv4(origin, *ipv4, connection);
+    }
+    if (found == kIpv4Only) return kOk;
+    if (found != kIpv6Only && found != kDualStack) return kFailure;
+    // A connection that has both is reported as IPv6 once that address is taken.
+    *mode = kIpv6Only;
+    memcpy(ipv6, route.get(route.ipv6Address), 16);
+    cacheIpv6(origin, ipv6);
+    return kOk;
+  }
+  return kFailure;
+}
+
+int32_t ubus_get_ifname_from_ifid(const char *ifId) {
+  PM_LOG(kInfo, "now in get_ifname_from_ifid\n");
+  if (ifId == nullptr) {
+    PM_FAIL(0, "if_id is null!!\n");
+    return kFailure;
+  }
+  ViewBuffer<platform::InterfaceInfoView> view;
+  view.match(view.interfaceId, ifId);
+  InstanceTable<16> found;
+  if (const int32_t status = view.query(&found.list); status != kOk) {
+    PM_FAIL(status, "vcorDbQryView DBVIEW_INTERFACE_INFO failed!!\n");
+    return status;
+  }
+  if (found.reported() != 1) {
+    PM_FAIL(0, "tList.dwCount != 1 !!\n");
+    return kFailure;
+  }
+  view.reset();
+  if (const int32_t status = view.read(found.at(0).text); status != kOk) {
+    PM_FAIL(status, "vcorDbGetView DBVIEW_INTERFACE_INFO failed!!\n");
+    return status;
+  }
+  const char *interfaceName = view.text(view.interfaceName);
+  PM_LOG(kInfo, "CaptureEth:%s\n", interfaceName);
+  const int32_t status = ubus_setCaptureEth(interfaceName);
+  if (status != kOk) PM_FAIL(status, "ubus_setCaptureEth failed!!\n");
+  return status;
+}
