@@ -49,7 +49,10 @@ extern PMAPI_EXPORT char g_wanIPv4Addr[128];
 extern PMAPI_EXPORT char g_wanIPv6Addr[128];
 /** Instance path of the connection that #g_wanIPv4Addr belongs to. */
 extern PMAPI_EXPORT char g_waninst[128];
-/** Address mode of the last search of pm_ubus_get_basicinfo(): 1 IPv4, 2 after IPv6 was read. */
+/**
+ * Address mode of the last search of pm_ubus_get_basicinfo(): 1 IPv4, 2 after IPv6 was read, 3
+ * after a failure on a connection with both that lacked its IPv4 address.
+ */
 extern PMAPI_EXPORT uint32_t g_ipmode;
 /** @} */
 
@@ -130,7 +133,7 @@ PMAPI_EXPORT int32_t ubus_getRadio5(void);
 
 /**
  * Number of Wi-Fi cards.
- * @param count written on success only
+ * @param count written on success only; bytes that the platform did not answer stay as they were
  * @retval 0 read
  * @retval -1 @p count is NULL
  * @return else the platform status
@@ -143,11 +146,13 @@ PMAPI_EXPORT int32_t ubus_get_current_version_code(void);
 /**
  * Searches the WAN connections, in the platform's order, for the one that carries Internet traffic.
  * Refreshes #g_wanIPv4Addr, #g_wanIPv6Addr and #g_waninst with what it finds. Each candidate on the
- * way becomes the capture interface in the platform's configuration. Uses about 90 KB of stack.
- * @param ipv4 host address, most significant byte first octet; untouched for IPv6 alone
- * @param ipv6 16 bytes; untouched for IPv4 alone
- * @param ifname 32 zero-filled bytes; unterminated copy of the connection's instance path, at most
- *   31 characters
+ * way becomes the capture interface in the platform's configuration. One with IPv4 that is passed
+ * over for want of an address has already written @p ipv4 (0), @p mode (1, with IPv6 too 3) and
+ * @p ifname, also when the search then fails. Uses about 90 KB of stack.
+ * @param ipv4 host address, most significant byte first octet; not written by IPv6 alone
+ * @param ipv6 16 bytes; written by the connection found only, and not for IPv4 alone
+ * @param ifname 32 zero-filled bytes; unterminated copy of the last candidate's instance path, at
+ *   most 31 characters; a shorter one leaves the tail of an earlier candidate's
  * @param mode 1 for an IPv4 connection, 2 whenever the IPv6 address was read
  * @retval 0 found
  * @retval -257 an argument is NULL
@@ -170,9 +175,9 @@ PMAPI_EXPORT int32_t ubus_get_ifname_from_ifid(const char *ifId);
 
 /**
  * Writes the capture interface into the platform's configuration.
- * @param name not NULL; one of 33 characters or more is sent as an invalid field
+ * @param name one of 33 characters or more is sent as an invalid field
  * @retval 0 written
- * @retval -1 the platform refused
+ * @retval -1 @p name is NULL, or the platform refused
  */
 PMAPI_EXPORT int32_t ubus_setCaptureEth(const char *name);
 

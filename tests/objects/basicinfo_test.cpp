@@ -3,12 +3,13 @@
 #include <cstring>
 #include <string>
 
+#include "gateway/mesh.hpp"
 #include "gateway/wan.hpp"
 #include "platform/records/route_info.hpp"
 #include "platform/views/device_info.hpp"
 #include "platform/views/gateway_identity.hpp"
 #include "platform/views/interface_info.hpp"
-#include "platform/views/lan_device.hpp"
+#include "platform/views/networking_device.hpp"
 #include "tests/support/gateway_test.hpp"
 
 namespace gateway {
@@ -17,9 +18,8 @@ namespace {
 using platform::DeviceInfoView;
 using platform::GatewayIdentityView;
 using platform::InterfaceInfoView;
-using platform::LanDeviceView;
+using platform::NetworkingDeviceView;
 using platform::RouteInfoRecord;
-using ::testing::Each;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -121,17 +121,31 @@ TEST_F(BasicInfoTest, TextGettersReportAFailedReadAndCopyNothing) {
   }
 }
 
-TEST_F(BasicInfoTest, TextsStopOneShortOfTheDestination) {
-  store().row<DeviceInfoView>("IGD").setText(DeviceInfoView::serialNumber, std::string(64, 's'));
-  char text[40] = {};
+TEST_F(BasicInfoTest, TextsStopOneShortOfTheDestinationAndWithinTheirView) {
+  // Without an end: the device key's field is the last of its view.
+  for (const auto &[row, field] :
+       {std::pair<Row, platform::Field>{store().row<DeviceInfoView>("IGD"),
+                                        DeviceInfoView::serialNumber},
+        {store().row<GatewayIdentityView>("IGD"), GatewayIdentityView::captureEth},
+        {store().row<GatewayIdentityView>("IGD"), GatewayIdentityView::devKey}}) {
+    std::memset(row.data() + field.offset, 's', field.width);
+  }
+  char text[136] = {};
   EXPECT_EQ(ubus_getDeviceSn(text), 0);
   EXPECT_EQ(std::string(text), std::string(31, 's'));
+  EXPECT_EQ(ubus_getCaptureEth(text), 0);
+  EXPECT_EQ(std::string(text), std::string(31, 's'));
+  EXPECT_THAT(logs(), HasLog(5, "eth:" + std::string(35, 's') + "\n"));
+  EXPECT_EQ(ubus_getDevKey(text), 0);
+  EXPECT_EQ(std::string(text), std::string(127, 's'));
 }
 
 TEST_F(BasicInfoTest, DeviceMacIsTwelveLowerCaseDigits) {
   char mac[32] = {};
   EXPECT_EQ(ubus_getDeviceMac(mac), 0);
   EXPECT_STREQ(mac, "00e04c7731a0");
+  EXPECT_THAT(logs(), HasLogLine({5, "ubus_getDeviceMac", "now in si_getDeviceMac\n"}));
+  EXPECT_EQ(ubus_getDeviceMac(nullptr), -1);
   fail("vcorDbGetView", "LAN_DEVICE", kPlatformFailure);
   EXPECT_EQ(ubus_getDeviceMac(mac), -1);
   EXPECT_THAT(logs(),
@@ -144,13 +158,16 @@ TEST_F(BasicInfoTest, UplinkTypeKnowsTwoModesAndHonoursTheLength) {
     uint32_t mode;
     int32_t length;
     const char *text;
-  } cases[] = {{512, 31, "WLAN"}, {1, 31, "Ethernet"}, {1, 3, "Eth"}, {2, 31, ""}, {1, 0, ""}};
+  } cases[] = {{512, 31, "WLAN"}, {1, 31, "Ethernet"}, {1, 3, "Eth"},
+               {2, 31, ""},       {1, 0, ""},          {1, -1, ""}};
   for (const auto &one : cases) {
     wan().uplink.mode = one.mode;
     char text[32] = {};
     EXPECT_EQ(ubus_getUplinkType(text, one.length), 0);
     EXPECT_STREQ(text, one.text) << one.mode;
   }
+  EXPECT_THAT(logs(), HasLogLine({5, "ubus_getUplinkType", "now in si_getUplinkType\n"}));
+  EXPECT_EQ(ubus_getUplinkType(nullptr, 31), -1);
   fail("pm_upmode_info_get", "", kPlatformFailure);
   char text[32] = {};
   EXPECT_EQ(ubus_getUplinkType(text, 31), kPlatformFailure);
@@ -162,16 +179,23 @@ TEST_F(BasicInfoTest, WorkingModeSharesTheUplinkTypesEntryLine) {
   EXPECT_EQ(ubus_getWorkingMode(&mode), 0);
   EXPECT_EQ(mode, 1u);
   EXPECT_THAT(logs(), HasLogLine({5, "ubus_getWorkingMode", "now in si_getUplinkType\n"}));
+  EXPECT_EQ(ubus_getWorkingMode(nullptr), -1);
   fail("vcorDbGetView", "NETWORKING", kPlatformFailure);
   mode = 99;
   EXPECT_EQ(ubus_getWorkingMode(&mode), kPlatformFailure);
   EXPECT_EQ(mode, 99u);
+  EXPECT_THAT(logs(), HasLogLine({4, "ubus_getWorkingMode",
+                                  "vcorDbGetView DBVIEW_NETWORKING_DEV_INFO failed!, iRet = -77\n",
+                                  kPlatformFailure}));
 }
 
 TEST_F(BasicInfoTest, Radio5OnlyTellsWhetherTheIdentityCanBeRead) {
   EXPECT_EQ(ubus_getRadio5(), 0);
+  EXPECT_THAT(logs(), HasLogLine({5, "ubus_getRadio5", "now in ubus_getRadio5\n"}));
   fail("vcorDbGetView", "IDENTITY", kPlatformFailure);
   EXPECT_EQ(ubus_getRadio5(), -1);
+  EXPECT_THAT(logs(), HasLogLine({4, "ubus_getRadio5", "[ubus_getRadio5] dbgetview fail(-77)\r\n",
+                                  kPlatformFailure}));
 }
 
 TEST_F(BasicInfoTest, CardCountTakesNoMoreThanItsWord) {
@@ -182,10 +206,18 @@ TEST_F(BasicInfoTest, CardCountTakesNoMoreThanItsWord) {
   EXPECT_EQ(ubus_wlan_get_card_max(nullptr), -1);
   EXPECT_THAT(logs(), HasLog(4, "max_card_num is NULL\n"));
 
-  restart();
-  fail(Fault{.call = "pm_send_msg_2mm", .replyLength = uint16_t{64}});
-  EXPECT_EQ(ubus_wlan_get_card_max(cards), 0);
-  EXPECT_EQ(cards[1], 7u);
+  const struct {
+    uint16_t length;
+    uint32_t count;
+  } replies[] = {{0, 0x11223344}, {2, 0x11220000}, {64, 0}};
+  for (const auto &reply : replies) {
+    restart();
+    fail(Fault{.call = "pm_send_msg_2mm", .replyLength = reply.length});
+    cards[0] = 0x11223344;
+    EXPECT_EQ(ubus_wlan_get_card_max(cards), 0);
+    EXPECT_EQ(cards[0], reply.count) << "bytes that did not come stay";
+    EXPECT_EQ(cards[1], 7u);
+  }
 
   restart();
   fail("pm_send_msg_2mm", "", kPlatformFailure);
@@ -207,10 +239,20 @@ TEST_F(BasicInfoTest, VersionCodeIsReadUntilItSucceedsAndThenKept) {
 
 TEST_F(BasicInfoTest, AssemblerFillsEveryField) {
   expectNoLeaks();
+  store().row<GatewayIdentityView>("IGD").setText(GatewayIdentityView::productToken, "not this");
+  store().row<NetworkingDeviceView>("IGD").setWord(NetworkingDeviceView::workingMode, 3);
+  mesh().topology.replace(mesh().topology.find("Controller"), 0, "12 ");
   BasicInfoRecord record = {};
   EXPECT_EQ(pm_ubus_get_basicinfo(&record), 0);
+  EXPECT_THAT(logs(), HasLogLine({5, "pm_ubus_get_basicinfo", "now in pm_ubus_get_basicinfo\n"}));
   EXPECT_STREQ(record.productToken, "7QwkvnP4s2HbZeLm");
-  EXPECT_STREQ(record.deviceModel, "NF-6200AX");
+  const char *const texts[] = {record.deviceType,      record.deviceVendor, record.deviceModel,
+                               record.deviceSn,        record.cmei,         record.softwareVersion,
+                               record.firmwareVersion, record.authId,       record.devKey,
+                               record.captureEth,      record.pppoeUser};
+  for (size_t i = 0; i < std::size(texts); ++i) {
+    EXPECT_STREQ(texts[i], kTextGetters[i + 1].value);
+  }
   EXPECT_STREQ(record.protocolVersion, "1.4.1");
   EXPECT_STREQ(record.reservedText, "");
   EXPECT_EQ(record.versionType, 2);
@@ -218,13 +260,11 @@ TEST_F(BasicInfoTest, AssemblerFillsEveryField) {
   EXPECT_STREQ(record.deviceMac, "00E04C7731A0");
   EXPECT_STREQ(record.wanIpv4, "203.0.113.45");
   EXPECT_STREQ(record.wanIpv6, "2001:db8:4c:7731::1");
-  EXPECT_STREQ(record.captureEth, "nbif0");
   EXPECT_EQ(record.meshSupport, 1);
-  EXPECT_EQ(record.meshInfoCode, 0);
+  EXPECT_EQ(record.meshInfoCode, 12);
   EXPECT_STREQ(record.uplinkType, "Ethernet");
-  EXPECT_STREQ(record.workingMode, "1");
+  EXPECT_STREQ(record.workingMode, "3");
   EXPECT_EQ(record.dualBand, 1);
-  EXPECT_STREQ(record.pppoeUser, "07558823417@home");
   EXPECT_EQ(g_ipmode, 2u);
   EXPECT_THAT(logs(), HasLog(5, "Wlan_Card_Max=2\n"));
 }
@@ -235,12 +275,20 @@ TEST_F(BasicInfoTest, AssemblerSurvivesAPlatformThatIsAllDown) {
   BasicInfoRecord record = {};
   EXPECT_EQ(pm_ubus_get_basicinfo(&record), 0);
   EXPECT_STREQ(record.productToken, "7QwkvnP4s2HbZeLm");
-  EXPECT_STREQ(record.deviceSn, "");
-  EXPECT_STREQ(record.deviceMac, "");
+  EXPECT_STREQ(record.protocolVersion, "1.4.1");
+  EXPECT_EQ(record.versionType, 2);
+  EXPECT_STREQ(record.testFlag, "Test");
+  EXPECT_EQ(record.meshSupport, 1);
+  EXPECT_EQ(record.meshInfoCode, 0);
   EXPECT_STREQ(record.workingMode, "0");
   EXPECT_EQ(record.dualBand, 0);
   EXPECT_STREQ(record.wanIpv4, "198.51.100.9");
-  EXPECT_THAT(logs(), HasLog(4, "ubus_get_router_ip_host_ipv46 failed!!\n"));
+  for (const char *text : {record.deviceSn, record.deviceMac, record.captureEth, record.wanIpv6,
+                           record.uplinkType, record.pppoeUser}) {
+    EXPECT_STREQ(text, "");
+  }
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_get_basicinfo",
+                                  "ubus_get_router_ip_host_ipv46 failed!!\n", kPlatformFailure}));
 }
 
 TEST_F(BasicInfoTest, SweepOfFaultsLeavesTheAssemblerAnswering) {
@@ -263,6 +311,7 @@ class WanSearchTest : public BasicInfoTest {
     uint32_t mode;
     uint32_t ipv4;
     bool internet = true;
+    std::string path = {};
   };
 
   WanSearchTest() {
@@ -270,13 +319,14 @@ class WanSearchTest : public BasicInfoTest {
     store().create<GatewayIdentityView>("IGD").setText(GatewayIdentityView::captureEth, "");
   }
 
-  /// Adds "IGD.WD1.WCD<n>" with a route and an interface "nbif<n>" behind it.
+  /// Adds "IGD.WD1.WCD<n>", or another path, with a route and an interface "nbif<n>" behind it.
   std::string addConnection(const Route &route) {
     const std::string number = std::to_string(wan().connections.size() + 10);
-    const std::string path = "IGD.WD1.WCD" + number;
+    const std::string path = route.path.empty() ? "IGD.WD1.WCD" + number : route.path;
     wan().connections.push_back({path, wan().deviceType});
     const Row row = store().create<RouteInfoRecord>(path);
     row.setWord(RouteInfoRecord::flags, 1);
+    row.setWord(RouteInfoRecord::wanType, 5);
     row.setWord(RouteInfoRecord::addressMode, route.mode);
     row.setWord(RouteInfoRecord::isInternet2, route.internet ? 1 : 0);
     row.setWord(RouteInfoRecord::ipv4Address, route.ipv4);
@@ -313,8 +363,45 @@ TEST_F(WanSearchTest, PassesOverConnectionsWithoutAnAddress) {
   EXPECT_EQ(ifname, found);
   EXPECT_EQ(captureEth(), "nbif12");
   EXPECT_THAT(trace("vcorDbSetView"), SizeIs(2));
+  EXPECT_THAT(logs(), HasLog(7, "tWANDType=1"));
+  EXPECT_THAT(logs(), HasLog(7, "tWancList.tGeneralPara.dwCount=4"));
   EXPECT_THAT(logs(), HasLog(7, " this route wanctype is not internet, continue to find\n"));
+  EXPECT_THAT(logs(), HasLog(7,
+                             "tRouteInfo mod=1. (1:E_IPV4,2:E_IPV6,3:E_BOTH),"
+                             "tRouteInfo.WANCType<5>;szInstIdentity=IGD.WD1.WCD12\n"));
+  EXPECT_THAT(logs(), HasLog(5, "cannot get wan ipv4, continue to find!!!\n"));
   EXPECT_THAT(logs(), HasLog(5, "host ipv4 : 0A000002   \n"));
+  EXPECT_THAT(logs(), HasLog(5, "g_wanIPv4Addr:10.0.0.2\n"));
+}
+
+TEST_F(WanSearchTest, ARouteCountsWhenItIsUsableAndOneOfItsInternetFlagsIsOne) {
+  const std::string path = addConnection({1, 0x0A000002});
+  const struct {
+    uint32_t flags, internet1, internet2;
+    int32_t status;
+  } cases[] = {{1, 1, 0, 0}, {3, 0, 1, 0}, {2, 1, 1, -1}, {1, 2, 0, -1}, {1, 0, 2, -1}};
+  for (const auto &one : cases) {
+    const Row row = store().row<RouteInfoRecord>(path);
+    row.setWord(RouteInfoRecord::flags, one.flags);
+    row.setWord(RouteInfoRecord::isInternet1, one.internet1);
+    row.setWord(RouteInfoRecord::isInternet2, one.internet2);
+    EXPECT_EQ(search(), one.status) << one.flags << one.internet1 << one.internet2;
+  }
+}
+
+TEST_F(WanSearchTest, ACandidateThatIsPassedOverHasWrittenItsModeAndName) {
+  ipv4 = 99;
+  addConnection({3, 0, true, "IGD.WD1.WCD10.WCPPP1"});
+  EXPECT_EQ(search(), -1);
+  EXPECT_EQ(mode, 3u);
+  EXPECT_EQ(ipv4, 0u);
+  EXPECT_EQ(ipv6[0], 0);
+  EXPECT_STREQ(ifname, "IGD.WD1.WCD10.WCPPP1");
+  EXPECT_STREQ(g_wanIPv6Addr, "");
+  addConnection({2, 0});
+  EXPECT_EQ(search(), 0);
+  EXPECT_EQ(mode, 2u);
+  EXPECT_STREQ(ifname, "IGD.WD1.WCD11.WCPPP1") << "the tail of the longer one";
 }
 
 TEST_F(WanSearchTest, DualStackIsReportedAsIpv6WithBothCachesFilled) {
@@ -324,6 +411,7 @@ TEST_F(WanSearchTest, DualStackIsReportedAsIpv6WithBothCachesFilled) {
   EXPECT_EQ(ipv6[15], 9);
   EXPECT_STREQ(g_wanIPv4Addr, "192.168.1.1");
   EXPECT_STREQ(g_wanIPv6Addr, "2001::9");
+  EXPECT_THAT(logs(), HasLog(7, "host ipv6 : 2001::9\n"));
 }
 
 TEST_F(WanSearchTest, Ipv6AloneEndsTheSearchAndKeepsTheTailOfALongerAddress) {
@@ -347,7 +435,10 @@ TEST_F(WanSearchTest, FailsWithCachesUntouched) {
   addConnection({1, 0x0A000003});
   EXPECT_EQ(search(), -1) << "an unknown mode ends the search";
   EXPECT_STREQ(g_wanIPv4Addr, "10.1.1.1");
+  EXPECT_EQ(ubus_get_router_ip_host_ipv46(nullptr, ipv6, ifname, &mode), -257);
   EXPECT_EQ(ubus_get_router_ip_host_ipv46(&ipv4, nullptr, ifname, &mode), -257);
+  EXPECT_EQ(ubus_get_router_ip_host_ipv46(&ipv4, ipv6, nullptr, &mode), -257);
+  EXPECT_EQ(ubus_get_router_ip_host_ipv46(&ipv4, ipv6, ifname, nullptr), -257);
   EXPECT_THAT(logs(), HasLog(5, "Para is NULL"));
 }
 
@@ -357,8 +448,13 @@ TEST_F(WanSearchTest, ThirtyTwoConnectionsAreTheLimit) {
   addConnection({1, 0x0A000002});
   forgetCalls();
   EXPECT_EQ(search(), -12);
+  for (const int32_t count : {257, -1}) {
+    fail(Fault{.call = "pm_e8_wanc_list_all_wanc_by_wand", .times = 1, .count = count});
+    EXPECT_EQ(search(), -12) << count;
+  }
   EXPECT_THAT(trace("plib_ifs_get_routeif_info"), IsEmpty());
-  EXPECT_THAT(logs(), HasLog(5, "wanc count=33, WANCID_MAX=32"));
+  EXPECT_THAT(logs(),
+              HasLogLine({5, "ubus_get_router_ip_host_ipv46", "wanc count=33, WANCID_MAX=32"}));
 }
 
 TEST_F(WanSearchTest, PlatformFailuresAreReturnedOrPassedOver) {
@@ -382,6 +478,9 @@ TEST_F(WanSearchTest, InterfaceLookupWantsExactlyOneMatch) {
   const std::string id = addConnection({1, 1});
   EXPECT_EQ(ubus_get_ifname_from_ifid(id.c_str()), 0);
   EXPECT_EQ(captureEth(), "nbif10");
+  EXPECT_THAT(logs(),
+              HasLogLine({5, "ubus_get_ifname_from_ifid", "now in get_ifname_from_ifid\n"}));
+  EXPECT_THAT(logs(), HasLog(5, "CaptureEth:nbif10\n"));
   EXPECT_EQ(ubus_get_ifname_from_ifid("IGD.NONE"), -1);
   EXPECT_THAT(logs(), HasLog(4, "tList.dwCount != 1 !!\n"));
 
@@ -410,6 +509,18 @@ TEST_F(WanSearchTest, InterfaceLookupReturnsTheFailingStep) {
     EXPECT_EQ(ubus_get_ifname_from_ifid(id.c_str()), one.result);
     EXPECT_THAT(logs(), HasLog(4, one.line));
   }
+}
+
+TEST_F(WanSearchTest, InterfaceLookupSendsALongIdAsInvalidAndReadsNoNameBeyondItsView) {
+  const std::string id = addConnection({1, 1});
+  EXPECT_NE(ubus_get_ifname_from_ifid(std::string(33, 'i').c_str()), 0);
+  EXPECT_EQ(captureEth(), "");
+
+  const Row interface = store().row<InterfaceInfoView>("IGD.IF10");
+  std::memset(interface.data() + InterfaceInfoView::interfaceName.offset, 'e',
+              InterfaceInfoView::kSize - InterfaceInfoView::interfaceName.offset);
+  EXPECT_EQ(ubus_get_ifname_from_ifid(id.c_str()), -1) << "too long a name to be set";
+  EXPECT_THAT(logs(), HasLog(5, "CaptureEth:" + std::string(131, 'e') + "\n"));
 }
 
 TEST_F(WanSearchTest, SetCaptureEthSendsALongNameAsInvalid) {
