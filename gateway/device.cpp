@@ -32,6 +32,12 @@ uint32_t wordOf(const Json &value, const std::string &place) {
   return value.get<uint32_t>();
 }
 
+std::string wordsKey(std::initializer_list<uint32_t> words) {
+  std::string key;
+  for (const uint32_t word : words) key += (key.empty() ? "" : " ") + std::to_string(word);
+  return key;
+}
+
 uint32_t onlyWord(std::span<const uint8_t> request) {
   uint32_t value = 0;
   if (request.size() != sizeof value) throw Refusal(kBadRequest, "the request is not one word");
@@ -152,20 +158,21 @@ int32_t pm_dev_restore_special(uint32_t kind, uint32_t a, uint32_t b, uint32_t c
   });
 }
 
-int32_t pm_pdt_ctl_leds(uint32_t a, uint32_t b, uint32_t, uint32_t) {
-  return boundary::status("pm_pdt_ctl_leds", std::to_string(a), [&](Gateway &) -> int32_t {
+int32_t pm_pdt_ctl_leds(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
+  return boundary::status("pm_pdt_ctl_leds", wordsKey({a, b, c, d}), [&](Gateway &) -> int32_t {
     if (a >= Device::kLeds) return kUnknownInstance;
     device().leds[a] = b;
     return kOk;
   });
 }
 
-int32_t pm_pdt_get_leds_status(uint32_t a, uint32_t, uint32_t, uint32_t) {
-  return boundary::status("pm_pdt_get_leds_status", std::to_string(a), [&](Gateway &) -> int32_t {
-    if (a >= Device::kLeds) return kUnknownInstance;
-    const auto led = device().leds.find(a);
-    return led == device().leds.end() ? 0 : static_cast<int32_t>(led->second);
-  });
+int32_t pm_pdt_get_leds_status(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
+  return boundary::status(
+      "pm_pdt_get_leds_status", wordsKey({a, b, c, d}), [&](Gateway &) -> int32_t {
+        if (a >= Device::kLeds) return kUnknownInstance;
+        const auto led = device().leds.find(a);
+        return led == device().leds.end() ? 0 : static_cast<int32_t>(led->second);
+      });
 }
 
 int32_t pm_log_get_config(void *record160) {

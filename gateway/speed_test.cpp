@@ -17,6 +17,7 @@ using platform::HttpSpeedReply;
 using platform::HttpSpeedRequest;
 
 constexpr int64_t kNeverStarted = -1;
+constexpr uint32_t kDownload = 4;
 
 class SpeedTest : public Section {
  public:
@@ -26,6 +27,7 @@ class SpeedTest : public Section {
   uint32_t rate = 0;
   uint32_t seconds = 15;
   std::string request;
+  uint32_t parameter = 0;
   int64_t startedAt = kNeverStarted;
 
   void load(const Json &value, const std::string &place) override {
@@ -33,16 +35,22 @@ class SpeedTest : public Section {
     members.word("rate", &rate);
     members.word("seconds", &seconds);
     members.text("request", &request);
+    members.word("parameter", &parameter);
     members.number("startedAt", &startedAt);
     members.finish();
   }
   Json save() const override {
-    return {{"rate", rate}, {"seconds", seconds}, {"request", request}, {"startedAt", startedAt}};
+    return {{"rate", rate},
+            {"seconds", seconds},
+            {"request", request},
+            {"parameter", parameter},
+            {"startedAt", startedAt}};
   }
   void reset() override {
     rate = 0;
     seconds = 15;
     request.clear();
+    parameter = 0;
     startedAt = kNeverStarted;
   }
 
@@ -59,7 +67,12 @@ ProxyReply start(Gateway &gateway, std::span<const uint8_t> request) {
     throw Refusal(kBadRequest, "the request has " + std::to_string(request.size()) + " bytes");
   }
   const Row asked = fieldsOf<HttpSpeedRequest>(const_cast<uint8_t *>(request.data()));
+  if (asked.word(HttpSpeedRequest::word0) != 0 || asked.word(HttpSpeedRequest::word264) != 0 ||
+      asked.word(HttpSpeedRequest::word272) != kDownload) {
+    throw Refusal(kBadRequest, "no request of a download");
+  }
   speedTest.request = asked.text(HttpSpeedRequest::requestText);
+  speedTest.parameter = asked.word(HttpSpeedRequest::requestWord);
   if (speedTest.request.empty()) return {kInvalidField};
   speedTest.startedAt = gateway.clock().time();
   return {};

@@ -131,6 +131,7 @@ int32_t pm_wanc_change_brg_route_mode(void *record6380, uint32_t flag) {
                            mode.word(WorkingModeRecord::workingMode));
         networking.setWord(NetworkingDeviceView::accessMode,
                            mode.word(WorkingModeRecord::internetType));
-        return kOk;
+        gateway.store().create<WorkingModeRecord>("IGD");
+        return gateway.store().set(layoutOf<WorkingModeRecord>(), "IGD", record6380);
       });
 }

@@ -4,6 +4,7 @@
 
 #include "gateway/device.hpp"
 #include "gateway/manager.hpp"
+#include "gateway/status.hpp"
 #include "gateway/wlan.hpp"
 #include "platform/proxy.h"
 #include "platform/records/log_config.hpp"
@@ -123,7 +124,10 @@ TEST_F(ControlTest, PmfIsSetOnBothRadiosInTurn) {
   uint32_t read = 77;
   EXPECT_EQ(pm_ubus_get_pmfctrl(&read), 0);
   EXPECT_EQ(read, 2u);
-  EXPECT_THAT(logs(), HasLog(5, "Get pmfctrl:77\n"));
+  for (const char *line : {"now in pm_ubus_set_pmfctrl\n", "Set pmfctrl:2\n",
+                           "now in pm_ubus_get_pmfctrl\n", "Get pmfctrl:77\n"}) {
+    EXPECT_THAT(logs(), HasLog(5, line));
+  }
 
   const uint32_t one = 1;
   fail("pm_wlan_set_pmf", "WLAN1", -3, 1, 1);
@@ -173,7 +177,10 @@ TEST_F(ControlTest, KernelCounterFollowsItsTwoFiles) {
     EXPECT_EQ(pm_ubus_get_kernelcount(&count), one.status);
     EXPECT_EQ(count, one.count);
   }
-  EXPECT_THAT(logs(), HasLogLine({4, "GetStrFromFile", "fgets /proc/ffe/hff_skip_num fail\n"}));
+  for (const char *file : {"hff_enable", "hff_skip_num"}) {
+    EXPECT_THAT(logs(), HasLogLine({4, "GetStrFromFile",
+                                    "fgets /proc/ffe/" + std::string(file) + " fail\n"}));
+  }
   EXPECT_THAT(logs(), HasLog(4, "hff_enable parameter error!\n"));
   EXPECT_EQ(files().openStreams(), 0u);
 }
@@ -191,11 +198,15 @@ TEST_F(ControlTest, KernelCounterNeedsBothFiles) {
 }
 
 TEST_F(ControlTest, SilentHandlersPassTheirWordsOn) {
-  EXPECT_EQ(pm_ubus_led_control(2, 1, 0, 0), 0);
-  EXPECT_EQ(pm_ubus_led_get(2, 0, 0, 0), 1);
+  EXPECT_EQ(pm_ubus_led_control(2, 1, 8, 9), 0);
+  EXPECT_EQ(pm_ubus_led_get(2, 3, 4, 5), 1);
+  EXPECT_THAT(trace(),
+              ElementsAre("pm_pdt_ctl_leds(2 1 8 9) = 0", "pm_pdt_get_leds_status(2 3 4 5) = 1"));
   EXPECT_EQ(pm_ubus_dev_restore_special(77, 1, 2, 3), 0);
   ASSERT_THAT(device().restores, SizeIs(1));
   EXPECT_EQ(device().restores[0].kind, 5u);
+  EXPECT_EQ(device().restores[0].a, 1u);
+  EXPECT_EQ(device().restores[0].b, 2u);
   EXPECT_EQ(device().restores[0].c, 3u);
   uint32_t lock = 9;
   fail("vcorDbGetView", "FW_BASE", -12345);
@@ -204,29 +215,16 @@ TEST_F(ControlTest, SilentHandlersPassTheirWordsOn) {
   EXPECT_THAT(logs(), IsEmpty());
 }
 
-struct Expected {
-  uint32_t offset;
-  int32_t value;
-};
+using Words = std::vector<std::pair<uint32_t, int32_t>>;
 
-/// Every word of `record`, marked; the rows given are all there are beside texts.
-void expectWords(const Row &row, const std::vector<platform::Field> &fields,
-                 const std::vector<Expected> &words) {
-  size_t found = 0;
-  for (const platform::Field &field : fields) {
-    if (field.kind != platform::FieldKind::kWord) continue;
-    for (const Expected &word : words) {
-      if (word.offset != field.offset) continue;
-      ++found;
-      EXPECT_EQ(static_cast<int32_t>(row.word(field)), word.value) << field.name;
-    }
-  }
-  EXPECT_EQ(found, words.size());
-}
+constexpr int32_t kUntouched = 0x55555555;
 
+/// The record that a rewriting writes, with something in every field.
 template <class Record>
-std::vector<platform::Field> fieldsOfRecord() {
-  return {Record::fields.begin(), Record::fields.end()};
+Row filled(Store &store, const std::string &path) {
+  const Row row = store.create<Record>(path);
+  std::memset(row.data(), 0x55, Record::kSize);
+  return row;
 }
 
 TEST_F(ControlTest, EnablingIpv6RewritesThePppConnection) {
@@ -235,13 +233,14 @@ TEST_F(ControlTest, EnablingIpv6RewritesThePppConnection) {
   ppp.setWord(WanPppConnectionView::setting484, 484);
   ppp.setWord(WanPppConnectionView::setting1220, 1220);
   networking().setWord(NetworkingDeviceView::ipv6Enable, 0);
+  const Row ext = filled<WanPppExtRecord>(store(), kPpp);
   EXPECT_EQ(pm_ubus_ipv6enable_set(1), 0);
+  EXPECT_THAT(logs(), HasLog(5, "now in pm_ubus_ipv6enable_set\n"));
   uint32_t enable = 0;
   EXPECT_EQ(pm_ubus_ipv6enable_get(&enable), 0);
   EXPECT_EQ(enable, 1u);
 
-  const Row ext = store().row<WanPppExtRecord>(kPpp);
-  expectWords(ext, fieldsOfRecord<WanPppExtRecord>(),
+  expectWords(ext,
               {{28, 1},      {860, 1},  {1020, -1}, {1212, 0}, {1920, 484}, {1984, 0}, {2016, 324},
                {2144, 1220}, {3784, 3}, {3848, 7},  {3880, 1}, {4140, 7},   {4304, 7}, {4412, 1},
                {4444, 3},    {5476, 0}, {5508, 1},  {5540, 0}, {5572, 0},   {5972, 1}});
@@ -257,24 +256,45 @@ TEST_F(ControlTest, EnablingIpv6RewritesTheIpConnectionAndItsStaticAddressing) {
   for (const platform::Field &field : WanIpConnectionView::fields) {
     if (field.kind == platform::FieldKind::kWord) ip.setWord(field, field.offset);
   }
-  const std::vector<Expected> always = {{28, 1},     {860, 1},  {1020, -1}, {1212, 0}, {1760, 196},
-                                        {1792, 388}, {2048, 3}, {2464, 7},  {2496, 1}, {2756, 7},
-                                        {2920, 7},   {3028, 1}, {3060, 3},  {4016, 0}, {4048, 1},
-                                        {4080, 0},   {4112, 0}, {4512, 1}};
+  const Words always = {{28, 1},   {860, 1},  {1020, -1}, {1212, 0}, {1760, 196}, {1792, 388},
+                        {2048, 3}, {2464, 7}, {2496, 1},  {2756, 7}, {2920, 7},   {3028, 1},
+                        {3060, 3}, {4016, 0}, {4048, 1},  {4080, 0}, {4112, 0},   {4512, 1}};
   const struct {
     uint32_t kind;
-    std::vector<Expected> addressing;
-  } cases[] = {{0, {{1244, 0}, {1276, 0}, {1308, 0}, {1340, 0}, {1372, 0}, {1404, 0}}},
+    Words addressing;
+  } cases[] = {{0,
+                {{1244, kUntouched},
+                 {1276, kUntouched},
+                 {1308, kUntouched},
+                 {1340, kUntouched},
+                 {1372, kUntouched},
+                 {1404, kUntouched}}},
                {1, {{1244, 100}, {1276, 132}, {1308, 164}, {1340, 228}, {1372, 260}, {1404, 292}}}};
   for (const auto &one : cases) {
     networking().setWord(NetworkingDeviceView::accessMode, one.kind);
+    const Row ext = filled<WanIpExtRecord>(store(), kIp);
     EXPECT_EQ(pm_ubus_ipv6enable_set(1), 0);
-    const Row ext = store().row<WanIpExtRecord>(kIp);
-    expectWords(ext, fieldsOfRecord<WanIpExtRecord>(), always);
-    expectWords(ext, fieldsOfRecord<WanIpExtRecord>(), one.addressing);
+    expectWords(ext, always);
+    expectWords(ext, one.addressing);
     EXPECT_EQ(ext.text(WanIpExtRecord::serviceList), "INTERNET");
     EXPECT_EQ(ext.text(WanIpExtRecord::text4464), "000000000000");
   }
+}
+
+TEST_F(ControlTest, TextsOfTheConnectionEndInsideTheirFields) {
+  const Row ppp = store().row<WanPppConnectionView>(kPpp);
+  std::memset(ppp.data() + WanPppConnectionView::userName.offset, 'u', 68);
+  std::memset(ppp.data() + WanPppConnectionView::password.offset, 'p', 68);
+  EXPECT_EQ(pm_ubus_ipv6enable_set(1), 0);
+  const Row ext = store().row<WanPppExtRecord>(kPpp);
+  EXPECT_EQ(ext.text(WanPppExtRecord::userName), std::string(67, 'u'));
+  EXPECT_EQ(ext.text(WanPppExtRecord::password), std::string(67, 'p'));
+
+  std::memset(networking().data() + NetworkingDeviceView::wanInstance.offset, 'w', 132);
+  expectComplaint("longer than 32");
+  EXPECT_EQ(pm_ubus_ipv6enable_set(1), kPathTooLong);
+  EXPECT_THAT(trace("vcorDbGetView").back(),
+              HasSubstr("WAN_CONN_DEV " + std::string(127, 'w') + ")"));
 }
 
 TEST_F(ControlTest, OnlyEnablingInRouterModeTouchesTheConnection) {
@@ -318,6 +338,12 @@ TEST_F(ControlTest, Ipv6FailuresNameTheirStep) {
     EXPECT_EQ(pm_ubus_ipv6enable_set(1), one.result);
     EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_ipv6enable_set", one.line, -40}));
   }
+  fail("vcorDbGetView", "NETWORKING", -40, 1, 1);
+  uint32_t enable = 9;
+  EXPECT_EQ(pm_ubus_ipv6enable_get(&enable), -40);
+  EXPECT_EQ(enable, 9u);
+  EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_ipv6enable_get",
+                                  "getdbview networkingdevinfo error, iRet is -40\n", -40}));
   for (const char *call : {"pm_e8_wanc_set_comm_ppp_ext", "pm_e8_wanc_set_comm_ip_ext"}) {
     const bool ppp = std::strstr(call, "ppp") != nullptr;
     networking().setWord(NetworkingDeviceView::accessMode, ppp ? 2 : 0);
@@ -350,6 +376,10 @@ TEST_F(ControlTest, LogLevelsAreStoredAndReadThroughTwoTables) {
   EXPECT_EQ(store().row<LogConfigRecord>("IGD").word(LogConfigRecord::logEnable), 1u);
   ASSERT_THAT(receivedMessages(), SizeIs(6));
   EXPECT_EQ(receivedMessages().front().id, uint32_t{LOG_MGR_SET_LOGDISABLE});
+  EXPECT_EQ(receivedMessages().front().data, bytesOf(uint32_t{101}));
+  EXPECT_THAT(receivedMessages().back().data, IsEmpty());
+  EXPECT_THAT(logs(), HasLog(5, "now in pm_ubus_set_devlogstats\n"));
+  EXPECT_THAT(logs(), HasLog(5, "now in pm_ubus_logstats_get\n"));
   EXPECT_EQ(receivedMessages().back().id, uint32_t{LOG_MGR_CHANGE_LOGSIZE});
 }
 

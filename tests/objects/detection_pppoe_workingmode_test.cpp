@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/records/pppoe_account.hpp"
+#include "platform/records/working_mode.hpp"
 #include "platform/views/networking_device.hpp"
 #include "platform/views/wan_ppp_connection.hpp"
 #include "pmapi/pppoe.h"
@@ -16,15 +17,30 @@ namespace {
 
 using platform::NetworkingDeviceView;
 using platform::WanPppConnectionView;
+using platform::WorkingModeRecord;
 
 class DetectionTest : public GatewayTest {
  protected:
   DetectionTest() { loadExample("home_router.json"); }
 
-  int32_t start(const std::string &text) {
+  int32_t start(const std::string &text, uint32_t parameter = 0) {
     alignas(HttpSpeedRequest) char request[260] = {};
+    std::memcpy(request + 32, &parameter, sizeof parameter);
     std::memcpy(request, text.data(), text.size());
     return ubus_set_httpspeed_diagnostics(reinterpret_cast<HttpSpeedRequest *>(request));
+  }
+
+  /// The result that the proxy answers next: what follows the status, and the call's own result.
+  void answer(const std::string &state, uint32_t rate, int32_t callResult) {
+    std::vector<uint8_t> payload(272);
+    std::memcpy(payload.data() + 8, state.data(), state.size());
+    std::memcpy(payload.data() + 268, &rate, sizeof rate);
+    fail(Fault{.call = "ctSgw_ssend_to_proxy",
+               .match = "RESULT",
+               .times = 1,
+               .answer = callResult,
+               .replyStatus = 0,
+               .replyPayload = payload});
   }
 
   HttpSpeedResult result = {};
@@ -51,8 +67,13 @@ TEST_F(DetectionTest, RequestTextOfAnyLengthStaysInsideItsField) {
     const Json state = gateway().save();
     EXPECT_EQ(state["speedTest"]["request"].get<std::string>(), std::string(length, 'u'));
   }
+  const auto parameter = [this] { return gateway().save()["speedTest"]["parameter"]; };
+  EXPECT_EQ(parameter().get<uint32_t>(), 0x75757575u) << "a long text fills it";
+  EXPECT_EQ(start("http://x", 7), 0);
+  EXPECT_EQ(parameter().get<uint32_t>(), 7u);
   EXPECT_EQ(start(""), 0) << "what the reply says is not examined";
   EXPECT_EQ(ubus_set_httpspeed_diagnostics(nullptr), -1);
+  EXPECT_THAT(logs(), HasLog(4, "ubus_set_httpspeed_diagnostics para is null"));
 }
 
 TEST_F(DetectionTest, FailuresReturnWhatTheLoggerReturns) {
@@ -67,16 +88,36 @@ TEST_F(DetectionTest, FailuresReturnWhatTheLoggerReturns) {
   EXPECT_THAT(logs(), HasLog(5,
                              "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=0, "
                              "pAck->iRet=6\n"));
+  fail(Fault{.call = "ctSgw_ssend_to_proxy",
+             .match = "RESULT",
+             .times = 1,
+             .answer = 3,
+             .replyStatus = 6});
+  EXPECT_EQ(ubus_get_httpspeed_result(&result), 42);
+  EXPECT_THAT(logs(), HasLogLine({5, "ubus_get_httpspeed_result",
+                                  "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=3, "
+                                  "pAck->iRet=6\n",
+                                  6}));
   EXPECT_EQ(result.status, 0x33333333);
   EXPECT_EQ(ubus_get_httpspeed_result(nullptr), -1);
+  EXPECT_THAT(logs(), HasLog(4, "ubus_get_httpspeed_result para is null"));
 }
 
-TEST_F(DetectionTest, PositiveCallStatusWithoutARefusalIsASuccess) {
-  EXPECT_EQ(start("http://x"), 0);
-  gateway().clock().advance(15);
-  fail("ctSgw_ssend_to_proxy", "RESULT", 3, 1, 1);
-  EXPECT_NE(ubus_get_httpspeed_result(&result), 0) << "the reply is empty, so not completed";
-  EXPECT_STREQ(result.speed, "0Mpbs");
+TEST_F(DetectionTest, AnyOtherStateThanCompletedIsNotCompleted) {
+  const struct {
+    std::string state;
+    int32_t answer, status;
+  } cases[] = {{"Completed", 0, 1},           {"CompletedX", 1, 0},           {"Complete", -1, 0},
+               {std::string(260, 'Z'), 1, 0}, {std::string(260, 'A'), -1, 0}, {"", -1, 0}};
+  // A positive result of the call is no failure.
+  for (const int32_t callResult : {0, 3}) {
+    for (const auto &one : cases) {
+      answer(one.state, 102400, callResult);
+      EXPECT_EQ(ubus_get_httpspeed_result(&result), one.answer) << one.state;
+      EXPECT_EQ(result.status, one.status);
+      EXPECT_STREQ(result.speed, "100Mpbs");
+    }
+  }
 }
 
 class PppoeTest : public DetectionTest {
@@ -94,10 +135,13 @@ TEST_F(PppoeTest, AccountReachesTheConnectionAndTheLog) {
   EXPECT_EQ(set("user@home", "secret"), 0);
   EXPECT_EQ(ppp().text(WanPppConnectionView::userName), "user@home");
   EXPECT_EQ(ppp().text(WanPppConnectionView::password), "secret");
+  EXPECT_THAT(logs(), HasLog(5, "now in function pm_ubus_pppoe_set\n"));
   EXPECT_THAT(logs(), HasLog(5, "ubuspppoe->pppoeUser:user@home, ubuspppoe->pppoePwd:secret\n"));
 }
 
 TEST_F(PppoeTest, TextsBeyondSixtyFourCharactersAreSentAsInvalid) {
+  EXPECT_EQ(set(std::string(64, 'v'), ""), 0) << "ends with the password's zero";
+  EXPECT_EQ(ppp().text(WanPppConnectionView::userName), std::string(64, 'v'));
   EXPECT_EQ(set(std::string(63, 'u'), std::string(64, 'p')), 0);
   EXPECT_NE(set("user", std::string(65, 'p')), 0);
   EXPECT_NE(set(std::string(64, 'u'), "p"), 0) << "runs on into the password";
@@ -111,13 +155,30 @@ TEST_F(PppoeTest, TextsBeyondSixtyFourCharactersAreSentAsInvalid) {
 
 TEST_F(DetectionTest, WorkingModeIsSwitched) {
   const UbusWorkingMode bridge = {3, 1};
+  const Row written = store().create<WorkingModeRecord>("IGD");
+  std::memset(written.data(), 0x55, WorkingModeRecord::kSize);
   EXPECT_EQ(pm_ubus_workingmode_set(&bridge), 0);
+  expectWords(written, {{80, 1},
+                        {912, 1},
+                        {1072, -1},
+                        {1264, 0},
+                        {1844, 1492},
+                        {2100, 1},
+                        {4068, 0},
+                        {4100, 1},
+                        {4132, 0},
+                        {4164, 0},
+                        {4564, 1}});
+  EXPECT_STREQ(reinterpret_cast<const char *>(written.data() + 784), "INTERNET");
+  EXPECT_STREQ(reinterpret_cast<const char *>(written.data() + 4516), "000000000000");
+  EXPECT_THAT(logs(), HasLog(5, "now in function pm_ubus_workingmode_set\n"));
   const Row networking = store().row<NetworkingDeviceView>("IGD");
   EXPECT_EQ(networking.word(NetworkingDeviceView::workingMode), 3u);
   EXPECT_EQ(networking.word(NetworkingDeviceView::accessMode), 1u);
   EXPECT_THAT(logs(),
               HasLog(5, "ubusworkingmode->workingMode:3, ubusworkingmode->internetType:1\n"));
   EXPECT_EQ(pm_ubus_workingmode_set(nullptr), -257);
+  EXPECT_THAT(logs(), HasLog(4, "pm_ubus_workingmode_set para is null"));
   fail("pm_wanc_change_brg_route_mode", "", -5);
   EXPECT_EQ(pm_ubus_workingmode_set(&bridge), -5);
   EXPECT_THAT(logs(), HasLog(4, "call pm_wanc_change_brg_route_mode faild,ret=-5\n"));

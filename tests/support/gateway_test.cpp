@@ -1,6 +1,7 @@
 #include "tests/support/gateway_test.hpp"
 
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -111,6 +112,15 @@ std::vector<std::string> GatewayTest::trace(std::string_view call) {
 void GatewayTest::forgetCalls() {
   gateway().boundary().clearCalls();
   gateway().clearLogs();
+}
+
+void GatewayTest::expectWords(const Row &row,
+                              const std::vector<std::pair<uint32_t, int32_t>> &words) {
+  for (const auto &[offset, value] : words) {
+    int32_t word = 0;
+    std::memcpy(&word, row.data() + offset, sizeof word);
+    EXPECT_EQ(word, value) << "at " << offset;
+  }
 }
 
 std::string GatewayTest::printedBy(const std::function<void()> &run) {

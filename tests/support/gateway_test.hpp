@@ -71,6 +71,9 @@ class GatewayTest : public ::testing::Test {
   const std::vector<LogLine> &logs() { return gateway().logs(); }
   void forgetCalls();
 
+  /// Words of a record by their offsets, {offset, value} each.
+  static void expectWords(const Row &row, const std::vector<std::pair<uint32_t, int32_t>> &words);
+
   /// What `run` prints to standard output.
   static std::string printedBy(const std::function<void()> &run);
 
