@@ -12,9 +12,11 @@ using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
+using gateway::Fault;
 using gateway::printMac;
 using gateway::Row;
 using platform::FirewallBaseRecord;
@@ -161,6 +163,8 @@ TEST_F(PmUbusMacfilterSet, ReplacesTheTableAndWritesTheSwitchesOnce) {
   EXPECT_THAT(trace("pm_mac_filterdel"), ElementsAre("pm_mac_filterdel(IGD.MacFilter1) = 0"));
   EXPECT_EQ(trace().back(), "vcorDbSaveDbus() = 0");
   EXPECT_EQ(logs()[0].tag, kSetTag);
+  EXPECT_EQ(logs()[0].text, "now in pm_ubus_macfilter_set\n");
+  EXPECT_THAT(logs()[1].text, HasSubstr("1234567890123456"));
   EXPECT_THAT(logs(), HasLogLine({5, "net_parse_mac_filter_data",
                                   "enable = 1, blacklist = 0, type = 2, protocol = 4\r\n"}));
   EXPECT_THAT(logs(),
@@ -211,6 +215,13 @@ TEST_F(PmUbusMacfilterSet, SwitchesDecideWhatBecomesOfTheTable) {
       {"no such policy", 1, 2, "A1B2C3D4E5F6/pc", {0, 1}, {}},
       {"no such state", 2, 1, "A1B2C3D4E5F6/pc", {0, 1}, {"00:11:22:33:44:55 old"}},
       {"the MAC of nobody", 1, 1, "000000000000/pc", {1, 1}, {}},
+      {"on by its lowest byte only: the old entries stay",
+       257,
+       256,
+       "A1B2C3D4E5F6/pc",
+       {1, 0},
+       {"00:11:22:33:44:55 old", "a1:b2:c3:d4:e5:f6 pc"}},
+      {"off by its lowest byte", 256, 257, "A1B2C3D4E5F6/pc", {0, 1}, {"00:11:22:33:44:55 old"}},
   };
   for (const auto &one : cases) {
     SCOPED_TRACE(one.about);
@@ -231,6 +242,23 @@ TEST_F(PmUbusMacfilterSet, OnlyTheFirst32EntriesAreDeleted) {
     EXPECT_EQ(set(1, 1, ""), 0);
     EXPECT_THAT(table(), SizeIs(before - 32));
   }
+}
+
+TEST_F(PmUbusMacfilterSet, EachOldEntryIsReadAndDeletedWhateverBecameOfTheOthers) {
+  fillTable(3);
+  fail("vcorDbGetView", "MacFilter1", -5);
+  fail("pm_mac_filterdel", "MacFilter2", -6);
+  EXPECT_EQ(set(1, 1, ","), 0);
+  EXPECT_THAT(trace(), ElementsAre("pm_mac_filterlist(IGD) = 0",
+                                   "vcorDbGetView(DBVIEW_MAC_FILTER IGD.MacFilter1) = -5 [fault]",
+                                   "pm_mac_filterdel(IGD.MacFilter1) = 0",
+                                   "vcorDbGetView(DBVIEW_MAC_FILTER IGD.MacFilter2) = 0",
+                                   "pm_mac_filterdel(IGD.MacFilter2) = -6 [fault]",
+                                   "vcorDbGetView(DBVIEW_MAC_FILTER IGD.MacFilter3) = 0",
+                                   "pm_mac_filterdel(IGD.MacFilter3) = 0", "vcorDbSaveDbus() = 0"));
+  fail(Fault{.call = "pm_mac_filterlist", .times = 1, .count = -1});
+  EXPECT_EQ(set(1, 1, ","), 0);
+  EXPECT_THAT(table(), SizeIs(1)) << "a count below zero is none";
 }
 
 TEST_F(PmUbusMacfilterSet, ListIsReadUpTo2047Characters) {
