@@ -1,6 +1,7 @@
 // The daemon is built apart from the library: sizes and offsets are what both must agree on.
 // Compiling this file is the test.
 
+#include <algorithm>
 #include <cstddef>
 
 #include "platform/all_records.hpp"
@@ -172,3 +173,27 @@ static_assert(platform::AccessDeviceView::kSize == 2492);
 static_assert(platform::AccessDeviceView::adevValue.offset == 360);
 static_assert(platform::LanInfoView::kSize == 684);
 static_assert(platform::LanInfoView::speed.offset == 276);
+
+/// Whether the fields lie there, in the order in which the record names them.
+template <class Record, size_t Count>
+consteval bool liesAt(uint32_t size, const uint32_t (&offsets)[Count]) {
+  return Record::kSize == size &&
+         std::ranges::equal(Record::fields, offsets, {}, &platform::Field::offset);
+}
+
+static_assert(liesAt<platform::GatewayIdentityView>(872, {100, 548, 612, 676, 740}));
+static_assert(liesAt<platform::DeviceInfoView>(7760, {36, 172, 652, 940, 1036, 4924}));
+static_assert(liesAt<platform::LanDeviceView>(1556, {876}));
+static_assert(liesAt<platform::InterfaceInfoView>(808, {36, 100, 676}));
+static_assert(liesAt<platform::RouteInfoRecord>(1340, {296, 312, 340, 344, 348, 376, 396}));
+static_assert(liesAt<platform::WanDeviceTypeRecord>(32, {28}));
+static_assert(liesAt<platform::CpuInfoRecord>(28, {0}));
+static_assert(liesAt<platform::PortMacResultRecord>(36, {28}));
+static_assert(liesAt<platform::PortLinkStateRecord>(96, {28}));
+static_assert(platform::EthPortConfigView::kSize == 844);
+static_assert(platform::EthPortConfigView::rateCode.offset == 356);
+static_assert(platform::NetworkingDeviceView::workingMode.offset == 36);
+static_assert(platform::WanPppConnectionView::userName.offset == 100);
+static_assert(platform::DeviceRecord::accessType.offset == 64);
+static_assert(platform::DeviceRecord::linkFlag.offset == 68);
+static_assert(platform::DeviceRecord::linkState.offset == 72);

@@ -100,6 +100,15 @@ TEST_F(CommonHelpersTest, AssociationWithoutABufferIsThePlatformsToRefuse) {
   EXPECT_EQ(view.bytes[0], 0x5a);
 }
 
+TEST_F(CommonHelpersTest, AssociationsAreAskedForByThirtyOneCharacters) {
+  const std::string path(31, 'p');
+  store().create<AssociatedDeviceView>(path);
+  alignas(8) AssociatedDeviceView view;
+  EXPECT_EQ(wlan_get_ad_db_q((path + "more").c_str(), &view), 0);
+  expectComplaint("(DBVIEW_WLAN_AD " + path + "): no view buffer");
+  EXPECT_NE(wlan_get_ad((path + "more").c_str(), &view), 0);
+}
+
 TEST_F(CommonHelpersTest, DeviceFilterDropsOnlyUnlinkedDevicesOfKnownMedia) {
   const struct {
     uint32_t accessType;
