@@ -41,10 +41,7 @@ constexpr uint32_t clampCount(uint32_t reported, uint32_t capacity) {
 template <uint32_t Capacity>
 class InstanceTable {
  public:
-  /// Paths are empty until the platform has written them; the rest of their bytes is nobody's.
-  InstanceTable() : list{PLATFORM_BLOCK_MARKER, Capacity, 0, paths_} {
-    for (auto &path : paths_) path[0] = '\0';
-  }
+  InstanceTable() : list{PLATFORM_BLOCK_MARKER, Capacity, 0, paths_}, paths_{} {}
   InstanceTable(const InstanceTable &) = delete;
   InstanceTable &operator=(const InstanceTable &) = delete;
 
