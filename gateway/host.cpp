@@ -15,6 +15,7 @@ namespace gateway {
 namespace {
 
 constexpr int kPoison = 0xa5;
+constexpr int kLeftBehind = 0x5a;
 
 std::map<std::string, ProgramHandler::Run, std::less<>> &programHandlers() {
   static std::map<std::string, ProgramHandler::Run, std::less<>> handlers;
@@ -53,7 +54,7 @@ int32_t deliver(const char *call, Value *out, Value value) {
     return kOk;
   });
   // A call that fails promises nothing about the room it was given.
-  if (status != kOk && out != nullptr) std::memset(out, kPoison, sizeof *out);
+  if (status != kOk && out != nullptr) std::memset(out, kLeftBehind, sizeof *out);
   return status;
 }
 

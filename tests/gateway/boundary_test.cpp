@@ -38,7 +38,7 @@ TEST_F(BoundaryTest, FaultWithoutAnAnswerFailsEachCallItsOwnWay) {
   EXPECT_EQ(GetUB(8), nullptr);
   EXPECT_EQ(StrToMAC("00:1a:2b:3c:4d:5e", mac), 0);
   EXPECT_EQ(GetRamSizeTotal(&size), kFailed);
-  EXPECT_EQ(size, 0xa5a5a5a5) << "rubbish, so that nobody relies on it";
+  EXPECT_EQ(size, 0x5a5a5a5au) << "rubbish, so that nobody relies on it";
   EXPECT_EQ(gateway().boundary().fallibleCalls(), 3u);
 }
 

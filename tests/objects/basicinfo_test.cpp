@@ -350,6 +350,7 @@ class WanSearchTest : public BasicInfoTest {
 };
 
 TEST_F(WanSearchTest, PassesOverConnectionsWithoutAnAddress) {
+  std::strcpy(g_wanIPv4Addr, "198.51.100.9");
   addConnection({1, 0x0A000001, false});
   addConnection({1, 0});
   const std::string found = addConnection({1, 0x0A000002});
@@ -357,7 +358,7 @@ TEST_F(WanSearchTest, PassesOverConnectionsWithoutAnAddress) {
   EXPECT_EQ(search(), 0);
   EXPECT_EQ(ipv4, 0x0A000002u);
   EXPECT_EQ(mode, 1u);
-  EXPECT_STREQ(g_wanIPv4Addr, "10.0.0.2");
+  EXPECT_EQ(std::string(g_wanIPv4Addr, 12), "10.0.0.2" + std::string(4, '\0')) << "no old tail";
   EXPECT_STREQ(g_wanIPv6Addr, "");
   EXPECT_EQ(g_waninst, found);
   EXPECT_EQ(ifname, found);

@@ -97,8 +97,8 @@ TEST_F(PmUbusConfigAdditem, ReplacesEveryMatchingLineElseAppends) {
        longName + "=" + letters(kPiece - 1 - 32) + "\n"},
       {"a zero byte in another line", "a\0b\nc=1\n"s, "x", "9", "a\0b\nc=1\nx=9\n"s},
       {"zero bytes at the end", "a=1\n\0b\0"s, "x", "9", "a=1\n\0b\0\nx=9\n"s},
-      {"a zero byte in a long line", "\0"s + letters(5000) + "\0\nb=1\n"s, "b", "9",
-       "\0"s + letters(5000) + "\0\nb=9\n"s},
+      {"a zero byte in a long line", letters(kPiece - 1) + "\0a\0\nb=1\n"s, "b", "9",
+       letters(kPiece - 1) + "\0a\0\nb=9\n"s},
       {"a zero byte in the old value", "x=1\02\nb=1\n"s, "x", "9", "x=9\nb=1\n"},
       {"a name behind a zero byte", "a\0x=1\nx=2\n"s, "x", "9", "a\0x=1\nx=9\n"s},
   };

@@ -75,7 +75,7 @@ TEST_F(HardwareInfoTest, EachFailureEndsTheRecordButTheMemoryFigures) {
 
   fail("GetCpuType", "", -7, 1, 1);
   EXPECT_EQ(printedBy([&] { EXPECT_EQ(pm_ubus_get_hardware_info(&record), -1); }),
-            "GetCpuType ERROR!! cputype=-1515870811\nget cpuType failed! \n");
+            "GetCpuType ERROR!! cputype=1515870810\nget cpuType failed! \n");
   EXPECT_EQ(pm_ubus_get_hardware_info(nullptr), -1);
   EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_get_hardware_info",
                                   "pm_ubus_get_hardware_info para is null"}));
