@@ -169,10 +169,9 @@ const Station *stationAskedFor(std::span<const uint8_t> request) {
   if (request.size() != StationStatisticsRequest::kSize) {
     throw Refusal(kBadRequest, "no request for statistics");
   }
-  const auto *unused = request.data() + StationStatisticsRecord::kSize;
-  if (std::any_of(unused, request.data() + request.size(),
-                  [](uint8_t byte) { return byte != 0; })) {
-    throw Refusal(kBadRequest, "the request's second half is not empty");
+  const auto rest = request.subspan(StationStatisticsRecord::mac.end());
+  if (std::ranges::any_of(rest, [](uint8_t byte) { return byte != 0; })) {
+    throw Refusal(kBadRequest, "the request says more than a MAC");
   }
   const Row row = fieldsOf<StationStatisticsRecord>(const_cast<uint8_t *>(request.data()));
   if (row.mark(StationStatisticsRecord::mac) != 1) throw Refusal(kBadRequest, "no MAC is marked");

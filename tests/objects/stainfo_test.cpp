@@ -211,6 +211,9 @@ TEST_F(StaInfoTest, LongNamesAreCutToTheirFields) {
   std::memset(view.data() + AccessDeviceView::vendor.offset, 'v', 68);
   EXPECT_EQ(get(kPad), 0);
   EXPECT_EQ(record.hostName, std::string(31, 'h'));
+  std::string name(32, '#');
+  EXPECT_EQ(ubus_getHostName(kPad, name.data()), 0);
+  EXPECT_EQ(name, std::string(31, 'h') + "#");
   EXPECT_EQ(record.ipv6Address, std::string(1023, 'v'));
   EXPECT_EQ(record.vendor, std::string(63, 'v'));
   EXPECT_STREQ(record.macAddress, "f40f24108801");
@@ -228,6 +231,7 @@ TEST_F(StaInfoTest, ViewAndCountersEndTheHandler) {
   EXPECT_STREQ(record.vendor, "Apple");
   EXPECT_STREQ(record.hostName, "");
   EXPECT_EQ(pm_ubus_get_sta_info(0, nullptr), -1);
+  EXPECT_THAT(logs(), HasLogLine({4, kHandler, "pm_ubus_get_sta_info para is null"}));
   EXPECT_EQ(ubus_get_sta_config(0, nullptr), -1);
 }
 
@@ -339,11 +343,12 @@ TEST_F(StaInfoTest, ConfigurationFailsWithTheStepThatFailed) {
   for (const auto &one : cases) {
     restart();
     fail(one.fault);
+    const int32_t code = one.fault.answer.value_or(kFailed);
     EXPECT_EQ(config(one.index), one.status);
     EXPECT_EQ(printed, one.print);
     EXPECT_EQ(result.valid, 0);
     if (one.line != nullptr) {
-      EXPECT_THAT(logs(), HasLog(4, one.line));
+      EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_sta_config", one.line, code}));
     }
   }
 }
@@ -383,6 +388,15 @@ TEST_F(StaInfoTest, ShortDescriptionsLeaveTheRestEmpty) {
   }
 }
 
+TEST_F(StaInfoTest, InterfaceNameMayFillItsField) {
+  const std::string name = "eth-of-16-bytes.";
+  ASSERT_EQ(name.size(), DeviceRecord::interfaceName.width);
+  store().row<LanInfoView>("IGD.LD1.ETH1").setText(LanInfoView::interfaceName, name);
+  answerDevice(0, describe(kStorage, name));
+  EXPECT_EQ(config(kStorage), 0);
+  EXPECT_STREQ(result.linkRate, "1000");
+}
+
 TEST_F(StaInfoTest, DescriptionOfAFailedQueryIsUsedForTheConnection) {
   answerDevice(6, describe(kLaptop, "wlan5"));
   EXPECT_EQ(config(kPad), 0);
@@ -391,19 +405,6 @@ TEST_F(StaInfoTest, DescriptionOfAFailedQueryIsUsedForTheConnection) {
                           "ctSgw_ssend_to_proxy CTSGW_EVENT_QUERY_ADEV_PARAM error!\n", 6}));
   EXPECT_STREQ(result.rssi, "-47");
   EXPECT_EQ(result.valid, 1);
-}
-
-TEST_F(StaInfoTest, InterfaceNameMayFillItsField) {
-  const std::string longest = "eth0.123456789ab";
-  const Row lan = store().create<LanInfoView>("IGD.LD1.ETH9");
-  lan.setText(LanInfoView::interfaceName, longest);
-  lan.setText(LanInfoView::speed, "100Mbps");
-  std::vector<uint8_t> device(platform::DeviceRecord::kSize, 'x');
-  std::copy(longest.begin(), longest.end(),
-            device.begin() + platform::DeviceRecord::interfaceName.offset);
-  fail({.call = "ctSgw_ssend_to_proxy", .match = "ADEV", .replyStatus = 0, .replyPayload = device});
-  EXPECT_EQ(config(kStorage), -1) << "a station of this MAC is not there";
-  EXPECT_STREQ(result.linkRate, "100");
 }
 
 TEST_F(StaInfoTest, EveryDeviceOfACrowdIsDescribed) {

@@ -72,11 +72,12 @@ TEST_F(WifiCsi, EnableSetNamesTheRadioExactly) {
 }
 
 TEST_F(WifiCsi, EnableGetReadsBothRadiosOrWritesNothing) {
+  EXPECT_EQ(enable("2.4G", 4), 0);
   EXPECT_EQ(enable("5G", 3), 0);
   CsiEnableRecord record = {};
   EXPECT_EQ(pm_ubus_get_csi_enable(&record), 0);
   EXPECT_STREQ(record.radio1, "2.4G");
-  EXPECT_EQ(record.enable1, 0);
+  EXPECT_EQ(record.enable1, 4);
   EXPECT_STREQ(record.radio2, "5G");
   EXPECT_EQ(record.enable2, 3);
 

@@ -43,11 +43,14 @@ std::unique_ptr<Record> filledRecord() {
 
 TEST_F(PmUbusRadioSet, WritesPowerThenChannelAndWidthOfTheRadio) {
   ssid(5).setWord(WlanConfigRecord::channelMode, 1);
+  ssid(5).setWord(WlanConfigRecord::band, 9);
+  const gateway::Row power = store().row<WlanTxPowerRecord>("IGD.TxPower2");
+  power.setWord(WlanTxPowerRecord::band, 9);
   EXPECT_EQ(set(settings("5G", "60", "149", 0)), 0);
   EXPECT_THAT(trace(), ElementsAre("pm_wlan_get_card_max(IGD.LD1.WLANBase1) = 0",
                                    "pm_wlan_set_txpower(IGD.TxPower2) = 0",
                                    "pm_wlan_set_config(IGD.LD1.WLAN5) = 0"));
-  const gateway::Row power = store().row<WlanTxPowerRecord>("IGD.TxPower2");
+  EXPECT_EQ(setting(5, WlanConfigRecord::band), 1u);
   EXPECT_EQ(power.text(WlanTxPowerRecord::txPower), "60");
   EXPECT_EQ(power.word(WlanTxPowerRecord::band), 1u);
   EXPECT_EQ(setting(5, WlanConfigRecord::txPowerLevel), 3u);
@@ -171,9 +174,11 @@ TEST_F(PmUbusRadioSet, ReportsEachFailureButThatOfTheCard) {
 }
 
 TEST_F(PmUbusWifiSwitchSet, SwitchesEverySsidOfTheRadio) {
+  ssid(5).setWord(WlanConfigRecord::band, 9);
   const WifiSwitchRecord off = {"5", 0};
   EXPECT_EQ(pm_ubus_wifi_switch_set(&off), 0u);
   EXPECT_EQ(pm_ubus_wifi_switch_set(&off), 0u) << "nothing changed";
+  EXPECT_EQ(setting(5, WlanConfigRecord::band), 1u);
   EXPECT_EQ(setting(5, WlanConfigRecord::radioEnable), 0u);
   EXPECT_EQ(setting(8, WlanConfigRecord::radioEnable), 0u);
   EXPECT_EQ(setting(1, WlanConfigRecord::radioEnable), 1u);

@@ -155,6 +155,12 @@ TEST_F(WifiInfoGetters, StayInsideTheirTextsWhateverThePlatformHolds) {
   const gateway::Row power = store().row<WlanTxPowerRecord>("IGD.TxPower1");
   memset(power.data() + WlanTxPowerRecord::txPower.offset, '9', WlanTxPowerRecord::txPower.width);
   EXPECT_EQ(read(ubus_get_radios_transmitPower, 0), std::string(11, '9'));
+  const gateway::Row psk = store().row<WlanPskRecord>("IGD.LD1.WLAN1.PSK1");
+  memset(psk.data() + WlanPskRecord::passphrase.offset, 'k', WlanPskRecord::passphrase.width);
+  EXPECT_EQ(read(ubus_get_config_Pwd, 0), std::string(31, 'k'));
+  const gateway::Row wep = store().row<WlanWepRecord>("IGD.LD1.WLAN3.WEP2");
+  memset(wep.data() + WlanWepRecord::key.offset, 'w', WlanWepRecord::key.width);
+  EXPECT_EQ(read(ubus_get_config_Pwd, 2), std::string(31, 'w'));
 }
 
 TEST_F(WifiInfoGetters, ReadPowerOfTheFirstSsidOfARadioOnly) {

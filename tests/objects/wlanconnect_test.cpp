@@ -46,8 +46,13 @@ class PmUbusWlanconnectSet : public WlanObjectTest {
            gateway::wan().uplink.mode == UP_MODE_WLAN;
   }
 
-  auto logMatching(const char *regex) {
-    return ::testing::Contains(::testing::Field(&gateway::LogLine::text, MatchesRegex(regex)));
+  /// A line of the handler whose text holds a number of its source.
+  auto logMatching(int32_t level, const char *regex, int32_t code = 0) {
+    using ::testing::Field;
+    return ::testing::Contains(::testing::AllOf(
+        Field(&gateway::LogLine::level, level), Field(&gateway::LogLine::code, code),
+        Field(&gateway::LogLine::function, "pm_ubus_wlanconnect_set"),
+        Field(&gateway::LogLine::text, MatchesRegex(regex))));
   }
 };
 
@@ -71,9 +76,10 @@ TEST_F(PmUbusWlanconnectSet, JoinsANetworkFoundOnlyOn5G) {
   EXPECT_THAT(clientFlags(), ElementsAre(1, 1, 1, 1));
   EXPECT_THAT(logs(), HasLog(5, " radiotype 0 , tWLANAPList.dwCount=3 "));
   EXPECT_THAT(logs(), HasLog(5, " radiotype 1 , tWLANAPList.dwCount=2 "));
-  EXPECT_THAT(logs(), logMatching("dwCount = 2, LINE =[0-9]+\n"));
-  EXPECT_THAT(logs(), logMatching("Find ssid!!! LINE =[0-9]+\n"));
-  EXPECT_THAT(logs(), logMatching("Find Uplink ssid and uplink success!!! line\\([0-9]+\\)\n"));
+  EXPECT_THAT(logs(), logMatching(5, "dwCount = 2, LINE =[0-9]+\n"));
+  EXPECT_THAT(logs(), Not(logMatching(5, "dwCount = 3, LINE =[0-9]+\n")));
+  EXPECT_THAT(logs(), logMatching(5, "Find ssid!!! LINE =[0-9]+\n"));
+  EXPECT_THAT(logs(), logMatching(5, "Find Uplink ssid and uplink success!!! line\\([0-9]+\\)\n"));
 }
 
 TEST_F(PmUbusWlanconnectSet, TakesTheFirstMatchAndSparesTheOtherRadio) {
@@ -102,12 +108,14 @@ TEST_F(PmUbusWlanconnectSet, AWrongPassphraseJoinsNothing) {
 
 TEST_F(PmUbusWlanconnectSet, NoMatchAnswersTheLastResult) {
   EXPECT_EQ(connect("WREN-UPSTREAM", kPassphrase), 0);
-  EXPECT_THAT(logs(), logMatching("Cannot find Uplink ssid  line\\([0-9]+\\)\n"));
+  const char *notFound = "Cannot find Uplink ssid  line\\([0-9]+\\)\n";
+  EXPECT_THAT(logs(), logMatching(4, notFound));
   EXPECT_TRUE(switched());
 
   fail("pm_wlan_list_ap", "WLAN5", -78);
   EXPECT_EQ(connect("Nowhere", ""), -78);
   EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_wlanconnect_set", " pm_wlan_list_ap=-78 ", -78}));
+  EXPECT_THAT(logs(), logMatching(4, notFound, -78));
   fail("pm_wlan_set_scan_ap", "WLANBase1", -77);
   EXPECT_EQ(connect("Nowhere", ""), -78) << "the 5 GHz radio is tried all the same";
   EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_wlanconnect_set", "tScanPara fail=-77\n", -77}));
@@ -176,7 +184,7 @@ TEST_F(PmUbusWlanconnectSet, EachFailureAnswersItsOwnStatus) {
     restart();
     fail(failure.call, failure.match, -77);
     EXPECT_EQ(connect(kSsid, kPassphrase), failure.status) << failure.text;
-    EXPECT_THAT(logs(), logMatching(failure.text));
+    EXPECT_THAT(logs(), logMatching(4, failure.text, -77));
   }
   EXPECT_EQ(joined(), "1 Wren-Upstream") << "what went before the last failure stands";
 
