@@ -51,8 +51,11 @@ bool hasType(const cJSON *item, int type) {
   return (item->type & 0xff) == type;
 }
 
+/// Has no members, as every element that is no object.
+constexpr cJSON kNothing{};
+
 const cJSON *firstOf(const cJSON *list) {
-  return list != nullptr ? list->child : nullptr;
+  return list != nullptr && list->child != nullptr ? list->child : &kNothing;
 }
 
 /// Letters that differ in any other bit differ in more than their case.
@@ -61,7 +64,7 @@ constexpr int kCaseBit = 0x20;
 /// The first member of that name in any case, as cJSON_GetObjectItem finds it; that one lowers both
 /// names letter by letter, which makes the walk cost nearly half as much again.
 [[gnu::always_inline]] inline const cJSON *memberOf(const cJSON *object, const char *name) {
-  if (object == nullptr || !hasType(object, cJSON_Object)) return nullptr;
+  if (!hasType(object, cJSON_Object)) return nullptr;
   for (const cJSON *member = object->child; member != nullptr; member = member->next) {
     if (((*member->string ^ *name) & ~kCaseBit) != 0) continue;
     if (strcmp(member->string, name) == 0 || strcasecmp(member->string, name) == 0) return member;
@@ -217,7 +220,7 @@ int32_t readDevice(const cJSON *device, const NetworkTexts &network, MeshDeviceS
 }
 
 int32_t readTopology(const cJSON *root, MeshTopologyRecord *record) {
-  const cJSON *devices = memberOf(root, "topology information");
+  const cJSON *devices = root != nullptr ? memberOf(root, "topology information") : nullptr;
   if (devices == nullptr) {
     PM_LOG_FOR(kWalk, kError, 0, "TopologyInformation is NULL !\n");
     return kFailure;

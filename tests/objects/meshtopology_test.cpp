@@ -2,6 +2,7 @@
 
 #include <cjson/cJSON.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -492,6 +493,31 @@ TEST_F(PmGetDumpbufInfo, TakesTheFirstMemberOfANameInAnyCase) {
   EXPECT_STREQ(slot(0).alMac, "fourth");
   EXPECT_STREQ(slot(0).meshRole, "Agent");
   EXPECT_EQ(walk(oneDevice(R"("Al Mac": 1, "AL MAC": "second")")), -1);
+}
+
+/// The same with names in lower case, each behind two others, one of which begins like it.
+Json disguised(const Json &value) {
+  if (!value.is_structured()) return value;
+  Json other = value.is_array() ? Json::array() : Json::object();
+  for (const auto &[name, member] : value.items()) {
+    if (value.is_array()) {
+      other.push_back(disguised(member));
+      continue;
+    }
+    std::string lower = name;
+    for (char &letter : lower) letter = static_cast<char>(std::tolower(letter));
+    other[""] = 7;
+    other[lower.substr(0, 1)] = "no member";
+    other[lower] = disguised(member);
+  }
+  return other;
+}
+
+TEST_F(PmGetDumpbufInfo, FindsEveryMemberInAnyCaseAmongOthers) {
+  ASSERT_EQ(walk(smallest()), 0);
+  const auto plain = std::make_unique<MeshTopologyRecord>(*record_);
+  ASSERT_EQ(walk(disguised(smallest())), 0);
+  EXPECT_EQ(std::memcmp(record_.get(), plain.get(), sizeof *plain), 0);
 }
 
 TEST_F(PmGetDumpbufInfo, CutsTextsAtTheirWidth) {
