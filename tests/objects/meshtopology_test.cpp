@@ -223,13 +223,14 @@ TEST_F(PmUbusGetMeshtopology, FillsASlotPerDevice) {
 }
 
 TEST_F(PmUbusGetMeshtopology, CountsAsManyBssPerDeviceAsTheFirstOneHas) {
-  const Json first = device("02:00:00:00:00:01", {radio({bss("a", 1)}), radio({bss("b", 2)})});
+  const Json first =
+      device("02:00:00:00:00:01", {radio({bss("a", 1)}), radio({bss("b", 2), bss("c", 0)})});
   Json second = device("02:00:00:00:00:02",
                        {radio({bss("c", 4), bss("d", 8)}), radio({bss("e", 3), bss("f", 5)})});
   second["Other Clients Info"].push_back({{"Client Address", "00:11:22:33:44:55"}});
   ASSERT_EQ(fetch(topology({first, second}).dump()), 0);
   EXPECT_EQ(slot(0).staTotal, 3u);
-  EXPECT_EQ(slot(1).staTotal, 4u + 3 + 1);
+  EXPECT_EQ(slot(1).staTotal, 4u + 3 + 5 + 1);
 
   ASSERT_EQ(fetch(topology({first, nullptr}).dump()), 0);
   EXPECT_EQ(slot(1).deviceNum, 2u);

@@ -336,6 +336,13 @@ TEST_F(StationSamplerTest, FailuresSkipTheDeviceOnly) {
     EXPECT_THAT(sampleOnce(), Pair(0, 0));
     EXPECT_THAT(logs(), Contains(::testing::Field(&LogLine::text, one.line)));
   }
+  // What the hardware says besides that it does not count this one is worth nothing.
+  fail({.call = "ctSgw_ssend_to_proxy",
+        .match = "HARD_STATS",
+        .times = 1,
+        .replyStatus = 0,
+        .replyPayload = std::vector<uint8_t>(348, 'x')});
+  EXPECT_THAT(sampleOnce(), Pair(0, 0));
   fail("plib_adev_list_view", "", -3);
   EXPECT_EQ(if_sta_statics(1), 1001);
 }

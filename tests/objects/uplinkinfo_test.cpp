@@ -216,7 +216,10 @@ TEST_F(WifiUplinkTest, LinkThatCannotBeAskedForIsDown) {
   EXPECT_THAT(logs(),
               HasLogLine({4, "pm_ubus_get_uplinkinfo",
                           "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE error!\n", 6}));
-  fail("ctSgw_ssend_to_proxy", "LINKSTAT");
+  // Nor does what the other band says of a link that is down stand in for it.
+  link("2.4G").setWord(LinkStatusRecord::linkDown, 1);
+  link("2.4G").setWord(LinkStatusRecord::linkRate, 54);
+  fail("ctSgw_ssend_to_proxy", "LINKSTAT", -1, 2);
   EXPECT_EQ(get(), 0);
   for (const char *text : {record.radioBand, record.linkName}) EXPECT_STREQ(text, "");
   for (const char *text : {record.wlanStatus1, record.wlanStatus2, record.wlanStatus3,
@@ -408,6 +411,7 @@ TEST_F(UplinkInfoTest, CurrentRateIsSumOfAllInSinglePrecision) {
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
   EXPECT_STREQ(rx, "4294967296.000");
   EXPECT_STREQ(tx, "16384.000");
+  EXPECT_THAT(trace("vcorDbLstView"), ElementsAre("vcorDbLstView(DBVIEW_WAN_CONN_DEV IGD) = 0"));
   EXPECT_THAT(logs(), HasLogLine({5, "ubus_get_rate_rt",
                                   " BandWithInfotmp  tBandwidthTx :1 tBandwidthRx: 512"}));
   EXPECT_THAT(logs(), HasLogLine({5, "ubus_get_rate_rt",
