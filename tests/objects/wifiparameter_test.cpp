@@ -33,12 +33,13 @@ int32_t set(const WifiParameterRecord &record) {
 TEST_F(PmUbusWifiParameterSet, WritesTheSettingsAndThenTheKey) {
   WifiParameterRecord record = request(6, "WPA2-Personal", "tulips in spring");
   strcpy(record.radio, "5G");
+  record.ssidAdvertisementEnabled = 0;
   EXPECT_EQ(set(record), 0);
   EXPECT_EQ(ssid(6).text(WlanConfigRecord::ssid), "Garden");
   EXPECT_EQ(setting(6, WlanConfigRecord::band), 1u);
   EXPECT_EQ(setting(6, WlanConfigRecord::ssidEnable), 1u);
   EXPECT_EQ(setting(6, WlanConfigRecord::maxAssociateNum), 20u);
-  EXPECT_EQ(setting(6, WlanConfigRecord::ssidAdvertisementEnabled), 1u);
+  EXPECT_EQ(setting(6, WlanConfigRecord::ssidAdvertisementEnabled), 0u);
   EXPECT_EQ(setting(6, WlanConfigRecord::securityMode), 3u);
   EXPECT_EQ(setting(6, WlanConfigRecord::wpa2Encryption), 1u);
   EXPECT_EQ(passphrase(6), "tulips in spring");
@@ -54,7 +55,7 @@ TEST_F(PmUbusWifiParameterSet, WritesTheSettingsAndThenTheKey) {
        "ubuswifiparameter->ssid:Garden, ubuswifiparameter->securityMode:WPA2-Personal, "
        "ubuswifiparameter->pwd:tulips in spring\n"},
       {5, kFunction,
-       "ubuswifiparameter->maxAssociateNum:20, ubuswifiparameter->ssidAdvertisementEnabled:1\n"},
+       "ubuswifiparameter->maxAssociateNum:20, ubuswifiparameter->ssidAdvertisementEnabled:0\n"},
       {8, kFunction, "get szInstIdentity IGD.LD1.WLAN6 \r\n"},
       {8, kFunction, "tESSID:Garden,tKeyPassphrase:tulips in spring"}};
   for (const auto &line : lines) EXPECT_THAT(logs(), HasLogLine(line));
@@ -95,6 +96,7 @@ TEST_F(PmUbusWifiParameterSet, StoresA128BitKeyWhereTheIndexPoints) {
   EXPECT_EQ(set(request(3, "WEP-128", "thirteenchars")), 0);
   EXPECT_EQ(setting(3, WlanConfigRecord::wepKeyLength), 2u);
   EXPECT_EQ(wepKey(3, 2), "thirteenchars");
+  EXPECT_THAT(logs(), HasLogLine({8, kFunction, "tESSID:Garden,tKeyPassphrase:thirteenchars"}));
 
   const gateway::Row far = store().create<WlanConfigRecord>("IGD.LD1.WLAN1000000000");
   far.setWord(WlanConfigRecord::wepKeyIndex, 0x80000000);
