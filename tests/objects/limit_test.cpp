@@ -355,6 +355,13 @@ TEST_F(DeviceLimitCfgData, WithoutMemoryTheProxyStillGetsTheRate) {
   EXPECT_EQ(g_ubus_devlmt_inst, 0u);
 
   restart();
+  fail("GetUB", "", 0, 1, 1);
+  EXPECT_EQ(set(limitOf(kTablet, "0", "1", "a.com")), 0) << "a limit of one direction";
+  ASSERT_THAT(listed(), SizeIs(1));
+  EXPECT_STREQ(listed()[0].LimitUrl, "");
+
+  restart();
+  forgetLimits();
   fail("GetUB", "", 0, 2, 1);
   EXPECT_EQ(set(timedLimit(kTablet, "1", "1", {1, 2, 3})), 0);
   EXPECT_THAT(policies(), IsEmpty()) << "a policy needs the node's number";
