@@ -125,7 +125,7 @@ const bench::Cases cases{
      .platform = stations,
      .handler = [](uint32_t) { pm_ubus_sta_num_get(&stationNumbers); },
      .items = {1, 12, 128}},
-    {.name = "samples: one of the stations, attached devices",
+    {.name = "samples: one of the stations, devices",
      .platform = stations,
      .before = noSamples,
      .handler = [](uint32_t) { if_sta_statics(kIpv4); },

@@ -31,9 +31,20 @@ uint32_t viewSize(const void *view) {
   return view == nullptr ? 0 : *static_cast<const uint32_t *>(view);
 }
 
+/// Bytes of the room for paths, which callers hand over cleared.
+uint32_t roomOf(const InstanceList *list) {
+  return list->capacity * PLATFORM_INSTANCE_SIZE;
+}
+uint32_t roomOf(const MacFilterList *list) {
+  return list->capacity * PLATFORM_INSTANCE_SIZE;
+}
+uint32_t roomOf(const CsiMacList *) {
+  return PLATFORM_CSI_STATIONS_MAX * PLATFORM_INSTANCE_SIZE;
+}
+
 template <auto Function, class List, class... Args>
 int32_t listing(List *list, Args... arguments) {
-  note<Function>({}, arguments...);
+  note<Function>({roomOf(list)}, arguments...);
   return answerTo<Function>.giveList(list);
 }
 
@@ -55,12 +66,12 @@ int32_t vcorDbSetView(uint32_t viewId, const char *instance, void *view) {
 }
 
 int32_t vcorDbQryView(uint32_t viewId, void *keyView, InstanceList *list) {
-  note<vcorDbQryView>({viewSize(keyView)}, viewId, keyView, list);
+  note<vcorDbQryView>({viewSize(keyView), roomOf(list)}, viewId, keyView, list);
   return bench::viewListAnswer(viewId).giveList(list);
 }
 
 int32_t vcorDbLstView(uint32_t viewId, const char *parent, InstanceList *list, uint32_t capacity) {
-  note<vcorDbLstView>({}, viewId, parent, list, capacity);
+  note<vcorDbLstView>({roomOf(list)}, viewId, parent, list, capacity);
   return bench::viewListAnswer(viewId).giveList(list);
 }
 
