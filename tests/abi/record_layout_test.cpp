@@ -1,10 +1,8 @@
 // The daemon is built apart from the library: sizes and offsets are what both must agree on.
 // Compiling this file is the test.
 
-#include <algorithm>
 #include <cstddef>
 
-#include "platform/all_records.hpp"
 #include "pmapi/pmapi.h"
 
 static_assert(sizeof(ListLink) == 8);
@@ -121,79 +119,3 @@ static_assert(offsetof(StaRssiRecord, radio) == 68);
 static_assert(offsetof(StaRssiRecord, rssi) == 76);
 static_assert(offsetof(StaRssiRecord, radioValue) == 108);
 static_assert(sizeof(StaNumRecord) == 12);
-
-// The platform's records, where the platform says what lies where; the rest was chosen once.
-
-static_assert(platform::WlanApEntry::kSize == 124);
-static_assert(platform::WlanApEntry::channel.offset == 36);
-static_assert(platform::WlanApEntry::bssid.offset == 40);
-static_assert(platform::WlanApEntry::rssi.offset == 52);
-static_assert(platform::WlanApEntry::securityMode.offset == 100);
-static_assert(platform::WlanApEntry::encryption.offset == 104);
-static_assert(WlanApList::kSize == 31756);
-static_assert(WlanApList::count.offset == 8);
-static_assert(WlanApList::entries.offset == 12);
-static_assert(WlanScanRequest::kSize == 64);
-static_assert(WlanScanRequest::setting1.offset == 28);
-static_assert(WlanScanRequest::setting2.offset == 60);
-static_assert(WlanCsiRecord::kSize == 160);
-static_assert(WlanCsiRecord::csiEnable.offset == 92);
-static_assert(WlanCsiRecord::csiParam1.offset == 124);
-static_assert(WlanCsiRecord::csiParam2.offset == 156);
-static_assert(WlanCsiMacRecord::kSize == 64);
-static_assert(WlanConfigRecord::kSize == 3588);
-static_assert(WlanConfigRecord::band.offset == 476);
-static_assert(WlanConfigRecord::channel.offset == 960);
-static_assert(WlanConfigRecord::restart.offset == 1020);
-static_assert(WlanConfigRecord::ssid.offset == 1084);
-static_assert(platform::NetworkingDeviceView::kSize == 2136);
-static_assert(platform::NetworkingDeviceView::uplinkMode.offset == 2100);
-
-static_assert(platform::DeviceRecord::kSize == 792);
-static_assert(platform::DeviceRecord::ipv4Address.offset == 72);
-static_assert(platform::DeviceRecord::mac.offset == 80);
-static_assert(platform::DeviceRecord::interfaceName.offset == 92);
-static_assert(platform::DeviceRecord::hostName.offset == 108);
-static_assert(platform::DeviceRecord::connectionTime.offset == 260);
-static_assert(platform::DeviceRecord::kind.offset == 276);
-static_assert(platform::StationStatisticsRecord::kSize == 348);
-static_assert(platform::StationStatisticsRecord::txRate.offset == 64);
-static_assert(platform::StationStatisticsRecord::rxRate.offset == 96);
-static_assert(platform::StationStatisticsRecord::totalBytesReceived.offset == 200);
-static_assert(platform::StationStatisticsRecord::totalBytesSent.offset == 236);
-static_assert(platform::StationStatisticsRecord::totalPacketsReceived.offset == 272);
-static_assert(platform::StationStatisticsRecord::totalPacketsSent.offset == 308);
-static_assert(platform::StationStatisticsRecord::notEnoughRegister.offset == 344);
-static_assert(platform::AssociatedDeviceView::kSize == 1664);
-static_assert(platform::AssociatedDeviceView::ssidInstance.offset == 100);
-static_assert(platform::AssociatedDeviceView::rssi.offset == 1300);
-static_assert(platform::AssociatedDeviceView::linkRate2.offset == 1364);
-static_assert(platform::AssociatedDeviceView::linkRate.offset == 1396);
-static_assert(platform::AccessDeviceView::kSize == 2492);
-static_assert(platform::AccessDeviceView::adevValue.offset == 360);
-static_assert(platform::LanInfoView::kSize == 684);
-static_assert(platform::LanInfoView::speed.offset == 276);
-
-/// Whether the fields lie there, in the order in which the record names them.
-template <class Record, size_t Count>
-consteval bool liesAt(uint32_t size, const uint32_t (&offsets)[Count]) {
-  return Record::kSize == size &&
-         std::ranges::equal(Record::fields, offsets, {}, &platform::Field::offset);
-}
-
-static_assert(liesAt<platform::GatewayIdentityView>(872, {100, 548, 612, 676, 740}));
-static_assert(liesAt<platform::DeviceInfoView>(7760, {36, 172, 652, 940, 1036, 4924}));
-static_assert(liesAt<platform::LanDeviceView>(1556, {876}));
-static_assert(liesAt<platform::InterfaceInfoView>(808, {36, 100, 676}));
-static_assert(liesAt<platform::RouteInfoRecord>(1340, {296, 312, 340, 344, 348, 376, 396}));
-static_assert(liesAt<platform::WanDeviceTypeRecord>(32, {28}));
-static_assert(liesAt<platform::CpuInfoRecord>(28, {0}));
-static_assert(liesAt<platform::PortMacResultRecord>(36, {28}));
-static_assert(liesAt<platform::PortLinkStateRecord>(96, {28}));
-static_assert(platform::EthPortConfigView::kSize == 844);
-static_assert(platform::EthPortConfigView::rateCode.offset == 356);
-static_assert(platform::NetworkingDeviceView::workingMode.offset == 36);
-static_assert(platform::WanPppConnectionView::userName.offset == 100);
-static_assert(platform::DeviceRecord::accessType.offset == 64);
-static_assert(platform::DeviceRecord::linkFlag.offset == 68);
-static_assert(platform::DeviceRecord::linkState.offset == 72);
