@@ -23,8 +23,8 @@ void writeFaultyReply(const Fault &fault, void *out, uint16_t *length) {
     const size_t payload =
         std::min<size_t>(fault.replyPayload.size(), *length - sizeof *fault.replyStatus);
     std::memcpy(out, &*fault.replyStatus, sizeof *fault.replyStatus);
-    std::memcpy(static_cast<uint8_t *>(out) + sizeof *fault.replyStatus, fault.replyPayload.data(),
-                payload);
+    std::copy_n(fault.replyPayload.begin(), payload,
+                static_cast<uint8_t *>(out) + sizeof *fault.replyStatus);
     if (!fault.replyLength) *length = static_cast<uint16_t>(sizeof *fault.replyStatus + payload);
   }
   if (fault.replyLength) *length = *fault.replyLength;
