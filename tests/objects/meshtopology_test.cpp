@@ -496,7 +496,7 @@ TEST_F(PmGetDumpbufInfo, TakesTheFirstMemberOfANameInAnyCase) {
   EXPECT_EQ(walk(oneDevice(R"("Al Mac": 1, "AL MAC": "second")")), -1);
 }
 
-/// The same with names in lower case, each behind two others, one of which begins like it.
+/// The same with the case of all names turned, each behind two others, one of which begins like it.
 Json disguised(const Json &value) {
   if (!value.is_structured()) return value;
   Json other = value.is_array() ? Json::array() : Json::object();
@@ -505,11 +505,14 @@ Json disguised(const Json &value) {
       other.push_back(disguised(member));
       continue;
     }
-    std::string lower = name;
-    for (char &letter : lower) letter = static_cast<char>(std::tolower(letter));
+    std::string turned = name;
+    for (char &letter : turned) {
+      letter =
+          static_cast<char>(std::islower(letter) ? std::toupper(letter) : std::tolower(letter));
+    }
     other[""] = 7;
-    other[lower.substr(0, 1)] = "no member";
-    other[lower] = disguised(member);
+    other[turned.substr(0, 1)] = "no member";
+    other[turned] = disguised(member);
   }
   return other;
 }
