@@ -4,13 +4,16 @@
 // library's lists, and what is answered must stand in the function's contract.
 #include <cjson/cJSON.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
 
 #include "gateway/host.hpp"
+#include "gateway/mesh.hpp"
 #include "pmapi/limit.h"
 #include "pmapi/uplinkinfo.h"
 #include "tests/support/gateway_test.hpp"
@@ -158,6 +161,7 @@ class EveryMethodTest : public GatewayTest {
       return opened;
     }();
     EXPECT_EQ(files().openStreams(), arpReaders) << method.function;
+    EXPECT_EQ(mesh().openHandles, 0u) << method.function;
     EXPECT_EQ(host().blocks.live(), nodesInLists()) << method.function;
   }
 
@@ -191,6 +195,28 @@ TEST_F(EveryMethodTest, SurvivesEveryFault) {
   // Every planned fault has fired, or the sweep above has failed.
   std::printf("[   SWEEP  ] %u methods, %u faults planned and fired\n", methods, 2 * calls);
   EXPECT_GT(calls, methods);
+}
+
+TEST_F(EveryMethodTest, UnlinkedLimitsAreTheOnlyBlocksThatNobodyFinds) {
+  UbusDeviceLimit wanted = {};
+  std::strcpy(wanted.deviceMac, "A1B2C3D4E5F6");
+  std::strcpy(wanted.LimitUrl, "games");
+  size_t unlinked = 0;
+  const auto limitAndFree = [&] {
+    std::strcpy(wanted.TxRate, "100");
+    pm_ubus_nexumd_limit_set(&wanted, 1);
+    const size_t limited = nodesIn(g_ubus_devlmt_list);
+    std::strcpy(wanted.TxRate, "0");
+    const int32_t status = pm_ubus_nexumd_limit_set(&wanted, 1);
+    unlinked = limited - nodesIn(g_ubus_devlmt_list);
+    return status;
+  };
+  size_t most = 0;
+  sweepFaults(limitAndFree, [&](const testing::SweepRun &) {
+    most = std::max(most, unlinked);
+    EXPECT_EQ(host().blocks.live(), nodesInLists() + unlinked);
+  });
+  EXPECT_EQ(most, 1u);
 }
 
 }  // namespace
