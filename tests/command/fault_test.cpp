@@ -24,6 +24,7 @@ TEST(ParseFault, ReadsEveryPart) {
 
   EXPECT_EQ(parseFault("ctSgw_ssend_to_proxy=reply:3").replyStatus, 3);
   EXPECT_EQ(parseFault("ctSgw_ssend_to_proxy=length:2").replyLength, 2);
+  EXPECT_EQ(parseFault("vcorDbQryView=count:-1").count, -1);
 }
 
 TEST(ParseFault, RefusesWhatIsNoRule) {

@@ -32,10 +32,13 @@ std::string_view cutAfter(std::string_view &text, char mark) {
 void readAnswer(const std::string &rule, std::string_view answer, gateway::Fault &fault) {
   constexpr std::string_view kReply = "reply:";
   constexpr std::string_view kLength = "length:";
+  constexpr std::string_view kCount = "count:";
   if (answer.starts_with(kReply)) {
     fault.replyStatus = number<int32_t>(rule, answer.substr(kReply.size()));
   } else if (answer.starts_with(kLength)) {
     fault.replyLength = number<uint16_t>(rule, answer.substr(kLength.size()));
+  } else if (answer.starts_with(kCount)) {
+    fault.count = number<int32_t>(rule, answer.substr(kCount.size()));
   } else {
     fault.answer = number<int32_t>(rule, answer);
   }
