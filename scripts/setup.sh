@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-  g++-i686-linux-gnu g++-arm-linux-gnueabi clang libclang-rt-14-dev qemu-user
+  g++-i686-linux-gnu g++-arm-linux-gnueabi clang llvm libclang-rt-14-dev qemu-user
   cmake ninja-build make pkg-config python3
   libcjson-dev:i386 libcjson-dev:armel
   libgtest-dev:i386 libgtest-dev:armel libgmock-dev:i386 libgmock-dev:armel
