@@ -4,6 +4,8 @@ option(PMAPI_BUILD_FUZZERS "Build the fuzz targets (clang only)" OFF)
 option(PMAPI_BUILD_BENCH "Build the instruction counts" OFF)
 set(PMAPI_MULTIAP_CLIENT "" CACHE FILEPATH
   "The platform's libmapd_interface_client.so; empty: the stand-in of gateway/multiap")
+set(PMAPI_PLATFORM "" CACHE STRING
+  "Libraries that together supply a platform: pmapi-probe is built, to call the library on it")
 set(PMAPI_LIBRARY_FLAGS "-Os;-g;-D_FORTIFY_SOURCE=2;-fstack-protector-strong" CACHE STRING
   "Optimisation and hardening of libpmapi.so")
 # What is built around the library runs on developers' machines only: there the time to compile counts.

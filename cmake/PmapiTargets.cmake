@@ -5,13 +5,13 @@ function(pmapi_sources out)
   set(${out} ${found} PARENT_SCOPE)
 endfunction()
 
-# A process that stands in for the daemon: the virtual gateway inside, its functions exported so that
-# libpmapi.so finds the platform in the executable as it would in the daemon.
-function(pmapi_add_program name)
+# A process that stands in for the daemon. Its functions are exported, so that libpmapi.so finds a platform in
+# the executable as it would in the daemon.
+function(pmapi_add_process name)
   add_executable(${name} ${ARGN})
   target_compile_options(${name} PRIVATE ${PMAPI_PROGRAM_FLAGS})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE pmapi_headers gateway mapd_interface_client pmapi cjson)
+  target_link_libraries(${name} PRIVATE pmapi_headers gateway_records mapd_interface_client pmapi cjson)
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
   target_link_options(${name} PRIVATE
     # What only libpmapi.so uses, cJSON and the multi-AP client, is the process's to load.
@@ -20,6 +20,19 @@ function(pmapi_add_program name)
     -Wl,--allow-shlib-undefined
     # The cross toolchain's libstdc++.so is not on the loader's path.
     -static-libstdc++ -static-libgcc -Wl,--exclude-libs,libstdc++.a:libgcc.a:libgcc_eh.a)
+endfunction()
+
+# The process with the virtual gateway inside.
+function(pmapi_add_program name)
+  pmapi_add_process(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE gateway)
+endfunction()
+
+# The process for a device: the command's calls on the platform that these libraries supply.
+function(pmapi_add_probe)
+  pmapi_add_process(pmapi_probe ${PROJECT_SOURCE_DIR}/tools/probe/main.cpp)
+  target_link_libraries(pmapi_probe PRIVATE catalogue ${ARGN})
+  set_target_properties(pmapi_probe PROPERTIES OUTPUT_NAME pmapi-probe)
 endfunction()
 
 add_library(pmapi_headers INTERFACE)

@@ -5,13 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "tools/catalogue/answer.hpp"
-#include "tools/catalogue/catalogue.hpp"
-#include "tools/command/trail.hpp"
+#include "tools/command/stage.hpp"
 
 namespace command {
 
-struct Options {
+struct Options : Printing {
   std::string gateway;  ///< profile; empty: the home router beside the examples
   std::string state;
   std::string root;
@@ -19,32 +17,28 @@ struct Options {
   bool trace = false;
   int logLevel = 4;
   bool realTime = false;
-  bool table = false;
-  bool showSecrets = false;
 };
 
-class Session {
+class Session : public Stage {
  public:
   /// Starts the gateway; throws UsageError.
   explicit Session(const Options &options);
-  ~Session();
+  ~Session() override;
   Session(const Session &) = delete;
   Session &operator=(const Session &) = delete;
 
-  Answer call(const std::string &object, const std::string &method, const Json &arguments);
+  Answer call(const std::string &object, const std::string &method, const Json &arguments) override;
 
-  /// `value` as it may be printed: secrets that the gateway or the user gave are masked in it.
-  Json shown(const Json &value) const;
+  Json shown(const Json &value) const override;
 
-  void load(const std::string &profile);
-  void planFault(const std::string &rule);
-  void advance(int64_t seconds);
-  void writeFile(const std::string &path, const std::vector<std::string> &lines);
-  /// Nothing when there is no such file.
-  std::optional<std::vector<std::string>> readFile(const std::string &path);
-  Json gatewayState();
+  void load(const std::string &profile) override;
+  void planFault(const std::string &rule) override;
+  void advance(int64_t seconds) override;
+  void writeFile(const std::string &path, const std::vector<std::string> &lines) override;
+  std::optional<std::vector<std::string>> readFile(const std::string &path) override;
+  Json gatewayState() override;
 
-  const Trail &trail() const { return trail_; }
+  const Trail &trail() const override { return trail_; }
 
   /// Keeps the state; false when a planned fault never fired.
   bool close();

@@ -41,31 +41,31 @@ std::string missingFromTrail(const Step &step, const Trail &trail) {
   return {};
 }
 
-Outcome playCall(const Step &step, Session &session) {
+Outcome playCall(const Step &step, Stage &stage) {
   const auto target = step.get<std::string>("call");
   const size_t blank = target.find(' ');
   if (blank == std::string::npos) throw UsageError(step.where, "expected \"OBJECT METHOD\"");
   const std::string object = target.substr(0, blank);
   const std::string method = target.substr(blank + 1);
-  const Answer answer = session.call(object, method, step.json.value("with", Json::object()));
+  const Answer answer = stage.call(object, method, step.json.value("with", Json::object()));
   Outcome outcome{answer.full, answer.shown};
   if (answer.failed && !step.expected().contains("status")) {
     outcome.fault = "status: expected 0, got " + answer.full["status"].dump();
   } else if (step.has("trail")) {
-    outcome.fault = missingFromTrail(step, session.trail());
+    outcome.fault = missingFromTrail(step, stage.trail());
   }
   return outcome;
 }
 
-Outcome playRead(const Step &step, Session &session) {
-  const auto lines = session.readFile(step.get<std::string>("read"));
+Outcome playRead(const Step &step, Stage &stage) {
+  const auto lines = stage.readFile(step.get<std::string>("read"));
   const Json content = lines ? Json(*lines) : Json();
-  return {content, session.shown(content)};
+  return {content, stage.shown(content)};
 }
 
-Outcome playState(const Step &step, Session &session) {
+Outcome playState(const Step &step, Stage &stage) {
   const auto place = step.get<std::string>("state");
-  const Json state = session.gatewayState();
+  const Json state = stage.gatewayState();
   Json::json_pointer pointer;
   try {
     pointer = Json::json_pointer(place);
@@ -73,22 +73,22 @@ Outcome playState(const Step &step, Session &session) {
     throw UsageError(step.where, "\"" + place + "\" is no place in a profile");
   }
   const Json found = state.contains(pointer) ? state.at(pointer) : Json();
-  return {found, session.shown(found)};
+  return {found, stage.shown(found)};
 }
 
-Outcome playStep(const Step &step, const std::string &fileName, Session &session) {
-  if (step.has("call")) return playCall(step, session);
-  if (step.has("read")) return playRead(step, session);
-  if (step.has("state")) return playState(step, session);
+Outcome playStep(const Step &step, const std::string &fileName, Stage &stage) {
+  if (step.has("call")) return playCall(step, stage);
+  if (step.has("read")) return playRead(step, stage);
+  if (step.has("state")) return playState(step, stage);
   if (step.has("gateway")) {
     const std::filesystem::path directory = std::filesystem::path(fileName).parent_path();
-    session.load((directory / step.get<std::string>("gateway")).string());
+    stage.load((directory / step.get<std::string>("gateway")).string());
   } else if (step.has("write")) {
-    session.writeFile(step.get<std::string>("write"), step.get<std::vector<std::string>>("lines"));
+    stage.writeFile(step.get<std::string>("write"), step.get<std::vector<std::string>>("lines"));
   } else if (step.has("fail")) {
-    session.planFault(step.get<std::string>("fail"));
+    stage.planFault(step.get<std::string>("fail"));
   } else if (step.has("advance")) {
-    session.advance(integerFromJson(step.json["advance"], step.where + ": advance", 0, UINT32_MAX));
+    stage.advance(integerFromJson(step.json["advance"], step.where + ": advance", 0, UINT32_MAX));
   } else {
     throw UsageError(step.where, "no such step");
   }
@@ -140,7 +140,7 @@ std::string difference(const Json &expected, const Json &actual, const std::stri
 }
 
 bool playTranscript(std::istream &lines, const std::string &name, Playing playing,
-                    const Options &options, Session &session) {
+                    const Printing &printing, Stage &stage) {
   bool asExpected = true;
   std::string line;
   for (int number = 1; std::getline(lines, line); ++number) {
@@ -152,7 +152,7 @@ bool playTranscript(std::istream &lines, const std::string &name, Playing playin
     Step step = parseStep(name + ":" + std::to_string(number), line);
     Outcome outcome;
     try {
-      outcome = playStep(step, name, session);
+      outcome = playStep(step, name, stage);
     } catch (const UsageError &error) {
       const std::string text = error.what();
       throw UsageError(text.starts_with(step.where) ? text : step.where + ": " + text);
@@ -163,7 +163,7 @@ bool playTranscript(std::istream &lines, const std::string &name, Playing playin
       continue;
     }
     if (outcome.full)
-      printAnswer(options.showSecrets ? *outcome.full : outcome.shown, options.table);
+      printAnswer(printing.showSecrets ? *outcome.full : outcome.shown, printing.table);
     std::string fault = outcome.fault;
     if (fault.empty() && step.has("expect")) fault = difference(step.expected(), *outcome.full);
     if (!fault.empty()) {

@@ -16,7 +16,7 @@
 #include <istream>
 #include <string>
 
-#include "tools/command/session.hpp"
+#include "tools/command/stage.hpp"
 
 namespace command {
 
@@ -27,7 +27,7 @@ enum class Playing {
 
 /// False when something was not as expected. Throws UsageError for a line that makes no sense.
 bool playTranscript(std::istream &lines, const std::string &name, Playing playing,
-                    const Options &options, Session &session);
+                    const Printing &printing, Stage &stage);
 
 /// Where `actual` first differs from what is expected, and how; empty when it does not.
 std::string difference(const Json &expected, const Json &actual, const std::string &place = {});
