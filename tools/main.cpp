@@ -1,73 +1,51 @@
 // pmapi: stands in for the daemon. Calls the library's handlers on a virtual gateway, JSON in and
 // JSON out.
-#include <CLI/CLI.hpp>
-#include <fstream>
-#include <iostream>
-
 #include "tools/command/layout_listing.hpp"
 #include "tools/command/listing.hpp"
 #include "tools/command/output.hpp"
 #include "tools/command/session.hpp"
+#include "tools/command/subcommands.hpp"
 #include "tools/command/transcript.hpp"
 
 namespace command {
 namespace {
 
-enum Exit : int { kExitOk = 0, kExitFailed = 1, kExitUsage = 2 };
-
 struct Request {
   Options options;
-  std::string object;
-  std::string method;
-  std::string arguments = "{}";
-  std::string file;
+  Target target;
   bool verbose = false;
   bool json = false;
   bool layouts = false;
-  bool record = false;
 };
 
 int list(const Request &request) {
+  const std::string &object = request.target.object;
   if (request.layouts) {
     std::cout << layoutsAsJson().dump(2) << '\n';
   } else if (request.json) {
-    std::cout << listingAsJson(request.object).dump(2) << '\n';
+    std::cout << listingAsJson(object).dump(2) << '\n';
   } else {
-    std::cout << listing(request.object, request.verbose || !request.object.empty());
+    std::cout << listing(object, request.verbose || !object.empty());
   }
   return kExitOk;
 }
 
-Json parseArguments(const std::string &text) {
-  try {
-    return Json::parse(text);
-  } catch (const Json::parse_error &error) {
-    throw UsageError("JSON",
-                     "at byte " + std::to_string(error.byte) + " of the arguments: " + "not valid");
-  }
-}
-
 int call(const Request &request) {
-  const Json arguments = parseArguments(request.arguments);
-  checkArguments(findObject(request.object), findMethod(findObject(request.object), request.method),
-                 arguments);
+  const Target &target = request.target;
+  const Json arguments = parseArguments(target.arguments);
+  const Object &object = findObject(target.object);
+  checkArguments(object, findMethod(object, target.method), arguments);
   Session session(request.options);
-  const Answer answer = session.call(request.object, request.method, arguments);
+  const Answer answer = session.call(target.object, target.method, arguments);
   printAnswer(request.options.showSecrets ? answer.full : answer.shown, request.options.table);
   const bool complete = session.close();
   return answer.failed || !complete ? kExitFailed : kExitOk;
 }
 
 int run(const Request &request) {
-  std::ifstream file;
-  if (request.file != "-") {
-    file.open(request.file);
-    if (!file) throw UsageError(request.file, "cannot be read");
-  }
   Session session(request.options);
-  const bool asExpected =
-      playTranscript(request.file == "-" ? std::cin : file, request.file,
-                     request.record ? Playing::kRecord : Playing::kCheck, request.options, session);
+  const Playing playing = request.target.record ? Playing::kRecord : Playing::kCheck;
+  const bool asExpected = playFile(request.target.file, playing, request.options, session);
   const bool complete = session.close();
   return asExpected && complete ? kExitOk : kExitFailed;
 }
@@ -90,52 +68,24 @@ void addOptions(CLI::App &app, Options &options) {
       ->type_name("N")
       ->capture_default_str();
   app.add_flag("--real-time", options.realTime, "Take the time that the library sleeps");
-  app.add_flag("--table", options.table, "Print answers for the eye instead of as JSON");
-  app.add_flag("--show-secrets", options.showSecrets, "Do not mask passwords and keys");
-}
-
-int parseAndRun(int argc, char **argv) {
-  Request request;
-  CLI::App app("Calls the handlers of libpmapi.so on a virtual gateway.", "pmapi");
-  app.require_subcommand(1);
-  app.fallthrough();
-  addOptions(app, request.options);
-
-  CLI::App *listCommand = app.add_subcommand("list", "Names objects, with -v their methods");
-  listCommand->add_option("OBJECT", request.object);
-  listCommand->add_flag("-v,--verbose", request.verbose, "Methods, arguments and answers");
-  listCommand->add_flag("--json", request.json, "The same for programs");
-  listCommand->add_flag("--layouts", request.layouts, "What a gateway profile may hold instead");
-
-  CLI::App *callCommand = app.add_subcommand("call", "Calls a method once");
-  callCommand->add_option("OBJECT", request.object)->required();
-  callCommand->add_option("METHOD", request.method)->required();
-  callCommand->add_option("JSON", request.arguments, "Arguments, as one JSON object");
-
-  CLI::App *runCommand = app.add_subcommand("run", "Plays a file of steps in one process");
-  runCommand->add_option("FILE", request.file, "Lines of JSON; - for standard input")->required();
-  runCommand->add_flag("--record", request.record, "Print the file with the answers it got");
-
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::Success &help) {
-    return app.exit(help);
-  } catch (const CLI::ParseError &error) {
-    std::cerr << "pmapi: " << error.what() << " (pmapi --help)\n";
-    return kExitUsage;
-  }
-  if (listCommand->parsed()) return list(request);
-  return callCommand->parsed() ? call(request) : run(request);
+  addPrinting(app, options);
 }
 
 }  // namespace
 }  // namespace command
 
 int main(int argc, char **argv) {
-  try {
-    return command::parseAndRun(argc, argv);
-  } catch (const std::exception &error) {
-    std::cerr << "pmapi: " << error.what() << '\n';
-    return command::kExitUsage;
-  }
+  using namespace command;
+  Request request;
+  CLI::App app("Calls the handlers of libpmapi.so on a virtual gateway.", "pmapi");
+  const Subcommands subcommands = addSubcommands(app, request.target);
+  subcommands.list->add_flag("-v,--verbose", request.verbose, "Methods, arguments and answers");
+  subcommands.list->add_flag("--json", request.json, "The same for programs");
+  subcommands.list->add_flag("--layouts", request.layouts,
+                             "What a gateway profile may hold instead");
+  addOptions(app, request.options);
+  return runProgram(app, argc, argv, [&] {
+    if (subcommands.list->parsed()) return list(request);
+    return subcommands.call->parsed() ? call(request) : run(request);
+  });
 }

@@ -12,7 +12,6 @@
 
 #include "gateway/gateway.hpp"
 #include "gateway/library_calls.hpp"
-#include "pmapi/uplinkinfo.h"
 #include "tools/command/fault.hpp"
 
 namespace command {
@@ -50,14 +49,6 @@ std::vector<std::string> linesOf(const std::string &content) {
   return lines;
 }
 
-// The library leaves it to the daemon to make the lists of samples empty.
-void emptySampleLists() {
-  for (ListLink *head :
-       {&g_net_sta_ifa_list, &g_net_sta_if6_list, &g_net_uplink_ifa_list, &g_net_uplink_if6_list}) {
-    head->next = head->prev = head;
-  }
-}
-
 void printTrail(const std::string &line) {
   std::cerr << line << '\n';
 }
@@ -77,7 +68,6 @@ void collectSecrets(const Json &value, Secrets &secrets) {
 
 Session::Session(const Options &options)
     : options_(options), trail_(options.logLevel, options.showSecrets, printTrail) {
-  emptySampleLists();
   start();
   load(fs::exists(options_.state) ? options_.state
        : options_.gateway.empty() ? defaultProfile()

@@ -1,5 +1,7 @@
 #include "tools/command/stage.hpp"
 
+#include "pmapi/uplinkinfo.h"
+
 namespace command {
 namespace {
 
@@ -8,6 +10,13 @@ namespace {
 }
 
 }  // namespace
+
+Stage::Stage() {
+  for (ListLink *head :
+       {&g_net_sta_ifa_list, &g_net_sta_if6_list, &g_net_uplink_ifa_list, &g_net_uplink_if6_list}) {
+    head->next = head->prev = head;
+  }
+}
 
 void Stage::load(const std::string & /*profile*/) {
   refuse("gateway");

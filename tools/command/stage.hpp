@@ -19,6 +19,8 @@ struct Printing {
 
 class Stage {
  public:
+  /// Makes the lists of samples empty, which the library leaves to the daemon.
+  Stage();
   virtual ~Stage() = default;
 
   virtual Answer call(const std::string &object, const std::string &method,

@@ -1,6 +1,7 @@
 #include "tools/command/transcript.hpp"
 
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 
 #include "tools/command/output.hpp"
@@ -172,6 +173,13 @@ bool playTranscript(std::istream &lines, const std::string &name, Playing playin
     }
   }
   return asExpected;
+}
+
+bool playFile(const std::string &name, Playing playing, const Printing &printing, Stage &stage) {
+  if (name == "-") return playTranscript(std::cin, name, playing, printing, stage);
+  std::ifstream file(name);
+  if (!file) throw UsageError(name, "cannot be read");
+  return playTranscript(file, name, playing, printing, stage);
 }
 
 }  // namespace command

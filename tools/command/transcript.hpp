@@ -29,6 +29,9 @@ enum class Playing {
 bool playTranscript(std::istream &lines, const std::string &name, Playing playing,
                     const Printing &printing, Stage &stage);
 
+/// The same with the lines of a file, or of standard input for "-".
+bool playFile(const std::string &name, Playing playing, const Printing &printing, Stage &stage);
+
 /// Where `actual` first differs from what is expected, and how; empty when it does not.
 std::string difference(const Json &expected, const Json &actual, const std::string &place = {});
 

@@ -1,0 +1,76 @@
+// What the command and the probe have in common on the command line.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <string>
+
+#include "tools/command/stage.hpp"
+
+namespace command {
+
+enum Exit : int { kExitOk = 0, kExitFailed = 1, kExitUsage = 2 };
+
+/// What is to be listed, called or played.
+struct Target {
+  std::string object;
+  std::string method;
+  std::string arguments = "{}";
+  std::string file;
+  bool record = false;
+};
+
+struct Subcommands {
+  CLI::App *list;
+  CLI::App *call;
+  CLI::App *run;
+};
+
+inline Subcommands addSubcommands(CLI::App &app, Target &target) {
+  app.require_subcommand(1);
+  app.fallthrough();
+  const Subcommands added{app.add_subcommand("list", "Names objects, with -v their methods"),
+                          app.add_subcommand("call", "Calls a method once"),
+                          app.add_subcommand("run", "Plays a file of steps in one process")};
+  added.list->add_option("OBJECT", target.object);
+  added.call->add_option("OBJECT", target.object)->required();
+  added.call->add_option("METHOD", target.method)->required();
+  added.call->add_option("JSON", target.arguments, "Arguments, as one JSON object");
+  added.run->add_option("FILE", target.file, "Lines of JSON; - for standard input")->required();
+  added.run->add_flag("--record", target.record, "Print the file with the answers it got");
+  return added;
+}
+
+inline void addPrinting(CLI::App &app, Printing &printing) {
+  app.add_flag("--table", printing.table, "Print answers for the eye instead of as JSON");
+  app.add_flag("--show-secrets", printing.showSecrets, "Do not mask passwords and keys");
+}
+
+/// The arguments of a call; throws UsageError.
+inline Json parseArguments(const std::string &text) {
+  try {
+    return Json::parse(text);
+  } catch (const Json::parse_error &error) {
+    throw UsageError("JSON",
+                     "at byte " + std::to_string(error.byte) + " of the arguments: not valid");
+  }
+}
+
+/// Parses the command line, does `work` and tells on standard error what kept it from being done.
+template <class Work>
+int runProgram(CLI::App &app, int argc, char **argv, Work work) {
+  const std::string prefix = app.get_name() + ": ";
+  try {
+    app.parse(argc, argv);
+    return work();
+  } catch (const CLI::Success &help) {
+    return app.exit(help);
+  } catch (const CLI::ParseError &error) {
+    std::cerr << prefix << error.what() << " (" << app.get_name() << " --help)\n";
+  } catch (const std::exception &error) {
+    std::cerr << prefix << error.what() << '\n';
+  }
+  return kExitUsage;
+}
+
+}  // namespace command
