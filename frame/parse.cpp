@@ -24,4 +24,10 @@ bool parseMacDigits(const char *digits, uint8_t mac[6]) {
   return true;
 }
 
+int32_t numberIn(const char *text) {
+  int32_t number;
+  StrToInt(text, &number);
+  return number;
+}
+
 }  // namespace pm

@@ -14,6 +14,9 @@ bool nextListItem(const char *&rest, std::string_view &item);
 /// twelfth is looked at.
 bool parseMacDigits(const char *digits, uint8_t mac[6]);
 
+/// The number that a text begins with, 0 when there is none.
+int32_t numberIn(const char *text);
+
 /// A request whose texts are read as C strings. One that fills its field runs on into the fields
 /// behind it, as the daemon wrote them, but not out of the request.
 template <class Request>

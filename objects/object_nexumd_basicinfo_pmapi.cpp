@@ -1,8 +1,8 @@
-#include <cstdlib>
 #include <cstring>
 
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -318,7 +318,7 @@ int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
   MeshInfoRecord mesh{};
   const int32_t meshStatus = pm_ubus_get_meshinfo(&mesh);
   if (meshStatus != kOk) PM_FAIL(meshStatus, "pm_ubus_get_meshinfo fail iRet =%d\n ", meshStatus);
-  record->meshInfoCode = atoi(mesh.meshRole);
+  record->meshInfoCode = numberIn(mesh.meshRole);
 
   char uplinkType[kTextSize] = {};
   ubus_getUplinkType(uplinkType, kTextSize - 1);

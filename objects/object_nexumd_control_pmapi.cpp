@@ -1,8 +1,8 @@
 #include <cstdio>
-#include <cstdlib>
 
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -145,7 +145,7 @@ bool readNumber(const LogOrigin &origin, const char *path, int32_t &number) {
     PM_LOG_FOR(origin, kError, kFailure, "GetStrFromProcFile error!\n");
     return false;
   }
-  number = atoi(text);
+  number = numberIn(text);
   return true;
 }
 

@@ -1,7 +1,6 @@
-#include <cstdlib>
-
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/traffic_rules.h"
@@ -34,7 +33,7 @@ void bindPorts(const char *stem, const uint32_t (&ports)[Size], uint32_t vlanId)
 /// The number behind a path's stem; 0 for a path that is not even as long as the stem.
 uint32_t portNumber(const char *path, const char *stem) {
   const size_t length = strlen(stem);
-  return strlen(path) < length ? 0 : static_cast<uint32_t>(atoi(path + length));
+  return strlen(path) < length ? 0 : static_cast<uint32_t>(numberIn(path + length));
 }
 
 /// The next free place of a port list; ports beyond its size are not reported.

@@ -102,9 +102,7 @@ void runRules(const LmtUrlCfg &config, const char *operation) {
 }
 
 bool si_ubus_check_timepolicy_data(const DevLmtCfg &limit) {
-  int32_t week;
-  StrToInt(limit.limitWeek, &week);
-  if (static_cast<uint32_t>(week) >= kWeekMasks) {
+  if (static_cast<uint32_t>(numberIn(limit.limitWeek)) >= kWeekMasks) {
     PM_LOG(kError, "[%s] Cycle week out of range\n", __func__);
     return false;
   }
@@ -289,9 +287,7 @@ int32_t applyBandwidth(const LogOrigin &origin, const DevLmtCfg &limit, bool isD
 int32_t rateOf(const char *text) {
   char digits[sizeof(UbusDeviceLimit::TxRate)];
   copyText(digits, text);
-  int32_t rate;
-  StrToInt(digits, &rate);
-  return rate;
+  return numberIn(digits);
 }
 
 void readLimits(const UbusDeviceLimit &record, DevLmtCfg &limit) {
@@ -317,7 +313,7 @@ void describeLimit(const DevLmtCfg &limit, UbusDeviceLimit &record) {
   printDecimal(record.RxRate, limit.rxRate);
   copyText(record.LimitUrl, si_ubus_lmtUrl_list_get(limit.mac));
   record.LmtMode = limit.lmtMode;
-  StrToInt(limit.limitWeek, &record.LimitWeek);
+  record.LimitWeek = numberIn(limit.limitWeek);
   record.LimitStartTime = limit.limitStartTime;
   record.LimitEndTime = limit.limitEndTime;
 }

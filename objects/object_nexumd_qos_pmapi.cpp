@@ -2,6 +2,7 @@
 
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/host.h"
@@ -35,12 +36,6 @@ void setMac(RuleBuffer &rule, platform::Mac field, const char *text) {
   rule.set(field, mac);
 }
 
-int32_t numberOf(const char *text) {
-  int32_t number = 0;
-  StrToInt(text, &number);
-  return number;
-}
-
 /// Writes one rule over what the rule before it left.
 void fillRule(RuleBuffer &rule, uint32_t qosCommon, const UbusQosRule &asked) {
   rule.set(rule.qosCommon, static_cast<uint8_t>(qosCommon));
@@ -50,9 +45,9 @@ void fillRule(RuleBuffer &rule, uint32_t qosCommon, const UbusQosRule &asked) {
   rule.set(rule.writtenParam4, asked.param4);
   rule.set(rule.param5, asked.param5);
   setAddress(rule, rule.ip1, asked.ip1);
-  rule.set(rule.port1, numberOf(asked.port1));
+  rule.set(rule.port1, numberIn(asked.port1));
   setAddress(rule, rule.ip2, asked.ip2);
-  rule.set(rule.port2, numberOf(asked.port2));
+  rule.set(rule.port2, numberIn(asked.port2));
   rule.set(rule.label, asked.label);
   setMac(rule, rule.mac1, asked.mac1);
   setMac(rule, rule.mac2, asked.mac2);

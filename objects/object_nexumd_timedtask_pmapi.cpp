@@ -1,9 +1,9 @@
 #include <climits>
 #include <cstdio>
-#include <cstdlib>
 
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/records/timer_control.hpp"
@@ -93,9 +93,9 @@ void printTime(uint32_t seconds, char (&text)[kTimeSize]) {
 }
 
 uint32_t secondsOf(const char *text) {
-  auto minutes = static_cast<uint32_t>(atoi(text));
+  auto minutes = static_cast<uint32_t>(numberIn(text));
   if (const char *colon = strchr(text, ':'); colon != nullptr) {
-    minutes = minutes * 60 + static_cast<uint32_t>(atoi(colon + 1));
+    minutes = minutes * 60 + static_cast<uint32_t>(numberIn(colon + 1));
   }
   return minutes * 60;
 }

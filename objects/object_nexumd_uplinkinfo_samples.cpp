@@ -4,6 +4,7 @@
 #include "frame/attached_device.hpp"
 #include "frame/list.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/status.hpp"
 #include "objects/sample_modes.hpp"
 #include "objects/uplink_rates.hpp"
@@ -242,8 +243,7 @@ int32_t if_uplink_statics(int32_t mode) {
   PM_LOG(kInfo, "start create list\n");
   si_net_sample sample = {};
   // Both fields carry the receive rate; whoever reads the statistics counts on it.
-  StrToInt(rxText, &sample.rx);
-  StrToInt(rxText, &sample.tx);
+  sample.rx = sample.tx = numberIn(rxText);
   const char *key = "uplink";
   PM_LOG(kInfo, " enter  si_sample_list_add dev_name is %s  rx tx [ %d : %d] \n", key, sample.rx,
          sample.tx);

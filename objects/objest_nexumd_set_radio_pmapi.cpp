@@ -1,5 +1,3 @@
-#include <cstdlib>
-
 #include "frame/log.hpp"
 #include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
@@ -28,10 +26,6 @@ using WlanTxPower = RecordBuffer<WlanTxPowerRecord>;
 uint32_t powerLevel(int32_t percent) {
   if (percent < 1 || percent > kFullPower) return 0;
   return static_cast<uint32_t>((kFullPower - percent) / kPowerPerLevel + 1);
-}
-
-int32_t numberIn(const char *text) {
-  return static_cast<int32_t>(strtol(text, nullptr, 10));
 }
 
 /// 0 when the platform does not tell.
