@@ -15,8 +15,10 @@ enum ProcUserLogLevel {
 };
 
 /**
- * Writes one line. `code` is the status being reported, else 0. The result belongs to the logger;
- * callers that pass it on take any non-zero value for a failure.
+ * Writes one line. `code` is the status being reported, else 0. The text ends with nothing, with
+ * "\n" or with "\r\n", blanks before or behind it included, and may hold more line ends: the logger
+ * makes one line of it. The result belongs to the logger; callers that pass it on take any non-zero
+ * value for a failure.
  */
 PLATFORM_IMPORT int32_t ProcUserLog(const char *sourceTag, int32_t line, const char *functionName,
                                     int32_t level, int32_t code, const char *format, ...)

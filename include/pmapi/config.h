@@ -6,6 +6,19 @@
  * of "if5_interface". Lines are handled in pieces of 4095 characters. What a line has behind a zero
  * byte is neither searched nor delivered, and stays as long as the line does. Nothing is cached;
  * each call also prints trace lines to standard output.
+ *
+ * The last line may lack its line feed: it is read like any other, gets one when it is replaced or
+ * deleted or an item is appended behind it, and stays without one otherwise.
+ *
+ * Values are delivered for these items, and for a name that contains one of theirs, case included:
+ * - as text: if5_gwAddress, if5_workkey, if5_userkey, ifa_deviceId, ifa_deviceToken,
+ *   if6_factorySetting, if3_deviceMacSaved, if3_deviceId, if3_gwToken, if3_deviceToken,
+ *   if3_andlinkToken, if3_reg_gwAddr, if3_g_gwmode, if3_ssid, if3_password, if3_encrypt,
+ *   if3_channel, if3_usrkey, if3_lgwAddress, if3_cgwAddress, if3_lgwToken, if3_cgwToken,
+ *   if3_g_SyncCode, MacFilter_WhiteList, MacFilter_BlackList, interface, reportInterval,
+ *   sampleInterval
+ * - as JSON: if5_token, ifa_ap_config, ifa_service_config, if6_ap_config, if6_service_config,
+ *   IF5_ap_config
  */
 #ifndef PMAPI_CONFIG_H_
 #define PMAPI_CONFIG_H_
@@ -39,7 +52,8 @@ PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const cha
 
 /**
  * Reads the value on the first line that matches: at most 4095 characters.
- * An item that is neither a known text nor a known JSON item delivers nothing, with success.
+ * A name that is in neither list above delivers nothing, with success; so does a text item that is
+ * asked for as JSON or a JSON item that is asked for as text.
  * @param item name
  * @param destination with @p length not 0 a text of that many bytes, which is zeroed first; with
  *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name

@@ -1,6 +1,11 @@
 /**
  * @file limit.h
  * Rate, time and URL limits per device. The lists live as long as the process.
+ *
+ * The MACs in #g_ubus_devlmt_list are compared up to their first zero byte: devices whose MACs
+ * agree up to there share one limit. A MAC that begins with a zero byte is never found: each set
+ * makes another node and, with a period, another time policy; no listing shows them and a deletion
+ * leaves both.
  */
 #ifndef PMAPI_LIMIT_H_
 #define PMAPI_LIMIT_H_
@@ -62,7 +67,7 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_limit_set(const UbusDeviceLimit *records, in
 
 /**
  * Lists the rate limits held in memory, each with the URL keywords of the first URL node whose MAC
- * begins with the same two octets.
+ * begins with the same two octets. A MAC that begins with a zero byte is left out.
  * @param records zero-filled, one for every node of #g_ubus_devlmt_list: the number is not bounded
  * @param count receives the number written
  * @return always 0; nothing happens when a pointer is NULL
@@ -73,7 +78,8 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_limit_get(UbusDeviceLimit *records, int32_t 
  * Applies the limits of one device: URL rules of the firewall, the list in memory, then the time
  * policy, or without a valid period the rate limit at the proxy. A wrong period is logged and the
  * limit applied without one. The proxy also gets the limit when the policy cannot be written, and
- * every deletion. URL rules stay installed when a later step fails.
+ * every deletion. A deletion removes the time policy only when it carries LmtMode 1 and a valid
+ * period itself, and its MAC is found. URL rules stay installed when a later step fails.
  * @param record the limits
  * @retval 0 applied, or the proxy refused in its reply only
  * @retval -1 @p record is NULL or its MAC is not hexadecimal

@@ -41,7 +41,7 @@ PMAPI_EXPORT int32_t pm_ubus_get_mac_filter(UbusMacFilter *record);
  *   removed for a state of exactly 1; of state and policy the platform gets the lowest byte
  * @retval 0 done; every failure of the platform is logged only. An entry whose MAC is not
  *   hexadecimal, that the platform refuses, or that comes with a state or policy byte above 1 is
- *   left out
+ *   left out; so is, without a line in the log, the MAC of twelve zeros
  * @retval 1001 an entry has no name, or a MAC that is not 12 characters long; nothing was changed
  * @retval -1 @p record is NULL
  */

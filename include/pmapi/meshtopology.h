@@ -68,8 +68,7 @@ PMAPI_EXPORT int32_t pm_ubus_get_meshtopology(MeshTopologyRecord *record);
 
 /**
  * Asks the multi-AP daemon for its topology as JSON text; failures go to standard output.
- * @param buffer zero-filled, not NULL, with one byte more than @p length says: a text that fills
- *   them is not terminated
+ * @param buffer zero-filled, not NULL, of @p length bytes; a text that fills them is not terminated
  * @param length in: size of @p buffer in bytes; out: as the multi-AP library leaves it; not NULL
  * @retval 0 written
  * @retval -1 the control socket cannot be opened, or the command failed

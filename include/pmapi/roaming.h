@@ -138,7 +138,10 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_set(const RoamingRecord *record);
 PMAPI_EXPORT int32_t pm_ubus_roaming_sta_disconnect(const char *mac);
 
 /**
- * Reads the signal of one associated station. Traces its steps on standard output.
+ * Reads the signal of one associated station. Traces its steps on standard output. Only a negative
+ * result of the call to the proxy says that the radio's information cannot be read: after a
+ * positive one, and after a refusal in the reply, radioValue is what the reply holds, "0" when it
+ * holds none.
  * @param record macAddress is read, radio, rssi and radioValue are written on success
  * @retval 0 read
  * @retval -1 @p record is NULL, macAddress is no MAC, the associated stations cannot be listed, the

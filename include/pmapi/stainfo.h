@@ -16,7 +16,7 @@ PMAPI_BEGIN_DECLS
 typedef struct StaConfigResult {
   int32_t valid;       /**< 1 when the rates were obtained */
   char band[32];       /**< Wi-Fi: "2.4G" or "5G" */
-  char wlanName[32];   /**< Wi-Fi: network name; at most 31 characters, from a field of 36 bytes */
+  char wlanName[32];   /**< Wi-Fi: network name; at most 31, from a field of 32 characters */
   char rssi[32];       /**< Wi-Fi: signal, decimal */
   char radioValue[32]; /**< Wi-Fi: the radio's value, decimal */
   char linkRate[32];   /**< Wi-Fi: negotiated rate / 1000; wired: "10", "100", "1000" or empty */
@@ -64,8 +64,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record);
 
 /**
  * @name Single fields
- * @p out: 32 zero-filled bytes; unterminated copy of at most 31 characters, ubus_getUptime()
- * terminates.
+ * @p out: 32 zero-filled bytes; unterminated copy of at most 31 characters of the text, which the
+ * library makes itself where no field is named. ubus_getUptime() terminates.
  * @retval 0 written
  * @retval 1001 the devices cannot be listed
  * @retval -1 @p out is NULL

@@ -44,7 +44,13 @@ typedef struct UplinkRateBlock {
   char MaxTxRate[32];
 } UplinkRateBlock;
 
-/** Uplink information. Fields from v6Status to defaultIPv6Gateway are empty unless netIpMode is 1.
+/**
+ * Uplink information. Fields from v6Status to defaultIPv6Gateway are empty unless netIpMode is 1.
+ *
+ * What a part that cannot be read leaves: a text empty and a number 0, but managerMac
+ * "000000000000", v6Status "Unconnected ", the IPv6 addresses and the prefix what the platform
+ * prints for 16 zero bytes ("::"), and both lifetimes "0". A Wi-Fi uplink whose link cannot be
+ * asked for has wlanStatus1 to linkRate2 "0".
  */
 typedef struct UplinkInfoRecord {
   char uplinkType[32]; /**< "Ethernet", "WLAN", "GPON", "XGPON" or empty */
@@ -159,7 +165,8 @@ PMAPI_EXPORT int32_t if_sta_statics(int32_t mode);
 PMAPI_EXPORT int32_t if_uplink_statics(int32_t mode);
 
 /**
- * Fills the uplink information. A part that cannot be read is logged and stays empty or 0.
+ * Fills the uplink information. A part that cannot be read is logged and leaves what
+ * UplinkInfoRecord says.
  * Leaves one file descriptor open per call, see ubus_getGatewayMac().
  * @param record zero-filled
  * @retval 0 filled
@@ -181,7 +188,7 @@ PMAPI_EXPORT int32_t ubus_get_manger_mac(uint8_t mac[6]);
 /**
  * PPPoE account of the Internet connection. User and password appear in the log.
  * @param user,password 32 zero-filled bytes each; unterminated copies of at most 31 characters from
- *   fields of 64
+ *   fields of 64 characters
  * @retval 0 read
  * @retval -1 the connection cannot be read, or a pointer is NULL
  */
@@ -201,8 +208,8 @@ PMAPI_EXPORT int32_t ubus_get_rate_rt(char *rxText, char *txText);
 /**
  * MAC of the upstream gateway, from the kernel's ARP table: pairs with ":".
  * The table's file stays open unless the result is -1: one descriptor per call is not given back.
- * @param mac 32 zero-filled bytes; unterminated copy of at most 31 characters, untouched when the
- *   table has no such entry
+ * @param mac 32 zero-filled bytes; unterminated copy of at most 31 characters from a word of at
+ * most 31, untouched when the table has no such entry
  * @retval 0 table read, entry found or not
  * @retval -1 the table cannot be opened or skipped to its first entry, or @p mac is NULL
  */
