@@ -93,7 +93,7 @@ int32_t IsJsonObjOrArray(const char *item) {
 
 int32_t file_size(const char *path) {
   FILE *file = fopen(path, "r");
-  if (file == nullptr) return -1;
+  if (file == nullptr) return PM_STATUS_FAILED;
   fseek(file, 0, SEEK_END);
   const auto size = static_cast<int32_t>(ftell(file));
   fclose(file);

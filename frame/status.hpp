@@ -1,17 +1,19 @@
-// Codes that several handlers return; a handler's own codes stand in its file.
+// The codes that nearly every handler returns, under short names; the others go by their public
+// ones.
 #pragma once
 
 #include <cstdint>
 
 #include "platform/import.h"
+#include "pmapi/status.h"
 
 namespace pm {
 
-inline constexpr int32_t kOk = 0;
-inline constexpr int32_t kFailure = -1;
-inline constexpr int32_t kUnreadable = -8;
-inline constexpr int32_t kNullRecord = -257;
-inline constexpr int32_t kMalformed = 1001;
+inline constexpr int32_t kOk = PM_STATUS_OK;
+inline constexpr int32_t kFailure = PM_STATUS_FAILED;
+inline constexpr int32_t kUnreadable = PM_STATUS_UNREADABLE;
+inline constexpr int32_t kNullRecord = PM_STATUS_NULL_RECORD;
+inline constexpr int32_t kMalformed = PM_STATUS_MALFORMED_ENTRY;
 
 /// Writes that the platform accepts, among them those that changed nothing.
 constexpr bool appliedOrUnchanged(int32_t status) {

@@ -1,5 +1,6 @@
-// What the virtual gateway's own calls answer when they refuse. The numbers stay clear of every
-// code that the library or the platform gives a meaning of its own (-1, -8, -9, -12, -257, 1001).
+// What the virtual gateway's own calls answer when they refuse. The numbers from -2001 on stay
+// clear of the library's own codes, which pmapi/status.h names, so that a result tells whose
+// refusal it is.
 #pragma once
 
 #include <cstdint>

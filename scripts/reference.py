@@ -98,10 +98,11 @@ class Prose:
         for item in element.findall("parameteritem"):
             text = " ".join(self.inline(para) for para in item.find("parameterdescription"))
             for name in item.iter("parametername"):
+                word = squeezed("".join(name.itertext())).strip()
                 if element.get("kind") == "retval":
-                    self.returns.append((plain(name), text))
+                    self.returns.append((word, text))
                 else:
-                    self.parameters[plain(name)] = text
+                    self.parameters[word] = text
 
 
 def squeezed(text):
@@ -113,13 +114,14 @@ def plain(element):
 
 
 class Headers:
-    """Functions, variables and structures of the public headers."""
+    """Functions, variables, structures and codes of the public headers."""
 
     def __init__(self, scratch):
         configuration = DOXYGEN.format(headers=ROOT / "include/pmapi", output=scratch)
         subprocess.run(["doxygen", "-"], input=configuration, text=True, check=True, stdout=subprocess.DEVNULL)
         self.files = {}
         self.structures = {}
+        self.codes = {}
         for path in sorted((Path(scratch) / "xml").glob("*.xml")):
             compound = ElementTree.parse(path).getroot().find("compounddef")
             if compound is None:
@@ -127,6 +129,9 @@ class Headers:
             name = compound.findtext("compoundname")
             if compound.get("kind") == "file":
                 self.files[name.removesuffix(".h")] = self.file(compound)
+                for value in compound.iter("enumvalue"):
+                    number = int(value.findtext("initializer").removeprefix("="))
+                    self.codes[value.findtext("name")] = (number, prose_of(value).text)
             elif compound.get("kind") == "struct":
                 self.structures[name] = {
                     "prose": prose_of(compound),
@@ -336,7 +341,7 @@ class Page:
         lines = [f"## {method['name']}", "", "```c", f"{function['declaration']};", "```", "", prose.text, ""]
         members = {entry["name"] for entry in method["arguments"] + method["answer"]}
         lines += [f"- `{name}`: {text}" for name, text in prose.parameters.items() if name not in members]
-        lines += ["", *table(["returns", "when"], self.returns(prose))]
+        lines += ["", *table(["returns", "when"], self.returns(function))]
         lines += table(["", "member", "type", ""],
                        self.members("in", method["arguments"], function)
                        + self.members("out", method["answer"], function))
@@ -350,9 +355,14 @@ class Page:
                     return declared
         raise SystemExit(f"reference: no header declares {name}")
 
-    @staticmethod
-    def returns(prose):
-        return [[code(value) if value else "", cell(text)] for value, text in prose.returns]
+    def returns(self, function):
+        return [[self.returned(value, function["type"]), cell(text)] for value, text in function["prose"].returns]
+
+    def returned(self, value, kind):
+        if value not in self.headers.codes:
+            return code(value) if value else ""
+        number = self.headers.codes[value][0]
+        return f"{code(value)} ({f'0x{number % 2**32:08X}' if kind == 'uint32_t' else number})"
 
     def members(self, direction, members, function, prefix="", structures=None):
         rows = []
@@ -412,7 +422,7 @@ class Page:
             if name not in reached:
                 lines += [f"## {name}", "", "```c", f"{function['declaration']};", "```", "",
                           function["prose"].text, ""]
-                lines += table(["returns", "when"], self.returns(function["prose"]))
+                lines += table(["returns", "when"], self.returns(function))
         return lines
 
     def variables(self):
@@ -444,7 +454,11 @@ def index(headers, listing):
         *table(["object", "", "methods"], rows),
         "## What holds for all functions", "",
         headers.files["types"]["prose"].text, "",
-        "Log levels: 0 a fault of a module, 4 an error, 5 entry lines and values, 7 the steps of a search,",
+        "## Codes", "", headers.files["status"]["prose"].text, "",
+        *table(["code", "", "says"], [[code(name), str(number), cell(text)]
+                                      for name, (number, text) in headers.codes.items()]),
+        "## Log levels", "",
+        "Levels: 0 a fault of a module, 4 an error, 5 entry lines and values, 7 the steps of a search,",
         "8 success of a single step.", ""])
 
 

@@ -70,7 +70,7 @@ PMAPI_EXPORT int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record);
  * @p destination: 32 zero-filled bytes (128 for the device key); receives an unterminated copy of
  * at most 31 (127) characters.
  * @retval 0 copied
- * @retval -1 the view cannot be read, or @p destination is NULL; nothing is written
+ * @retval PM_STATUS_FAILED the view cannot be read, or @p destination is NULL; nothing is written
  * @{
  */
 /** Product token as the platform stores it, from a field of 32 characters. */
@@ -106,7 +106,7 @@ PMAPI_EXPORT int32_t ubus_getPPPOEUser(char *destination);
  * LAN MAC address.
  * @param destination 13 bytes at least: twelve lower-case digits and a zero
  * @retval 0 written
- * @retval -1 the view cannot be read or @p destination is NULL
+ * @retval PM_STATUS_FAILED the view cannot be read or @p destination is NULL
  */
 PMAPI_EXPORT int32_t ubus_getDeviceMac(char *destination);
 
@@ -115,7 +115,7 @@ PMAPI_EXPORT int32_t ubus_getDeviceMac(char *destination);
  * @param text zero-filled
  * @param length most characters written; @p text with length + 1 bytes is always terminated
  * @retval 0 the uplink mode was read
- * @retval -1 @p text is NULL
+ * @retval PM_STATUS_FAILED @p text is NULL
  * @return else the platform status
  */
 PMAPI_EXPORT int32_t ubus_getUplinkType(char *text, int32_t length);
@@ -123,24 +123,31 @@ PMAPI_EXPORT int32_t ubus_getUplinkType(char *text, int32_t length);
 /**
  * Working mode number of the platform.
  * @param mode written on success only
- * @retval -1 @p mode is NULL
+ * @retval PM_STATUS_FAILED @p mode is NULL
  * @return 0 or the platform status
  */
 PMAPI_EXPORT int32_t ubus_getWorkingMode(uint32_t *mode);
 
-/** Tells whether the identity view can be read. @retval 0 it can @retval -1 it cannot */
+/**
+ * Tells whether the identity view can be read.
+ * @retval 0 it can
+ * @retval PM_STATUS_FAILED it cannot
+ */
 PMAPI_EXPORT int32_t ubus_getRadio5(void);
 
 /**
  * Number of Wi-Fi cards.
  * @param count written on success only; bytes that the platform did not answer stay as they were
  * @retval 0 read
- * @retval -1 @p count is NULL
+ * @retval PM_STATUS_FAILED @p count is NULL
  * @return else the platform status
  */
 PMAPI_EXPORT int32_t ubus_wlan_get_card_max(uint32_t *count);
 
-/** Version code, read once and then kept for the process. @return the code; -1 if unreadable */
+/**
+ * Version code, read once and then kept for the process.
+ * @return the code; PM_STATUS_FAILED if it cannot be read
+ */
 PMAPI_EXPORT int32_t ubus_get_current_version_code(void);
 
 /**
@@ -155,9 +162,9 @@ PMAPI_EXPORT int32_t ubus_get_current_version_code(void);
  *   most 31 characters; a shorter one leaves the tail of an earlier candidate's
  * @param mode 1 for an IPv4 connection, 2 whenever the IPv6 address was read
  * @retval 0 found
- * @retval -257 an argument is NULL
- * @retval -12 more than 32 connections
- * @retval -1 no connection qualifies
+ * @retval PM_STATUS_NULL_RECORD an argument is NULL
+ * @retval PM_STATUS_TOO_MANY_CONNECTIONS more than 32 connections
+ * @retval PM_STATUS_FAILED no connection qualifies
  * @return else the platform status of the device type or the list
  */
 PMAPI_EXPORT int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[16], char *ifname,
@@ -168,7 +175,8 @@ PMAPI_EXPORT int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[
  * @param ifId interface id (the connection's instance path); one of 33 characters or more is sent
  *   to the platform as an invalid key
  * @retval 0 written
- * @retval -1 @p ifId is NULL, the id does not match exactly one interface, or the write failed
+ * @retval PM_STATUS_FAILED @p ifId is NULL, the id does not match exactly one interface, or the
+ *   write failed
  * @return else the platform status of the query or the read
  */
 PMAPI_EXPORT int32_t ubus_get_ifname_from_ifid(const char *ifId);
@@ -177,7 +185,7 @@ PMAPI_EXPORT int32_t ubus_get_ifname_from_ifid(const char *ifId);
  * Writes the capture interface into the platform's configuration.
  * @param name one of 33 characters or more is sent as an invalid field
  * @retval 0 written
- * @retval -1 @p name is NULL, or the platform refused
+ * @retval PM_STATUS_FAILED @p name is NULL, or the platform refused
  */
 PMAPI_EXPORT int32_t ubus_setCaptureEth(const char *name);
 

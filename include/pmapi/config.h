@@ -42,10 +42,10 @@ typedef struct UbusAddItem {
  * @param path the store; never created here
  * @param temporaryPath on the same file system as @p path, and not @p path itself
  * @retval 0 rewritten
- * @retval -257 @p record is NULL
- * @retval -1 the store cannot be opened, or the temporary file cannot be created or written in
- *   full (the store is as before); or it cannot be moved into place (the temporary file then holds
- *   the whole store)
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED the store cannot be opened, or the temporary file cannot be created or
+ *   written in full (the store is as before); or it cannot be moved into place (the temporary file
+ *   then holds the whole store)
  */
 PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const char *path,
                                             const char *temporaryPath);
@@ -56,14 +56,14 @@ PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const cha
  * asked for as JSON or a JSON item that is asked for as text.
  * @param item name
  * @param destination with @p length not 0 a text of that many bytes, which is zeroed first; with
- *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name
- *   (a value that does not parse as cJSON gives it); untouched on -1
+ *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name (a
+ *   value that does not parse as cJSON gives it); untouched on PM_STATUS_FAILED
  * @param length size of the text; a value of @p length characters or more is cut
  *   there and leaves no terminating zero
  * @param path the store, not NULL
  * @retval 0 a line matched
- * @retval -1 @p item or @p destination is NULL, @p length is negative, the store cannot be opened,
- *   or no line matches
+ * @retval PM_STATUS_FAILED @p item or @p destination is NULL, @p length is negative, the store
+ *   cannot be opened, or no line matches
  */
 PMAPI_EXPORT int32_t pm_ubus_config_getitem(const char *item, void *destination, int32_t length,
                                             const char *path);
@@ -74,7 +74,7 @@ PMAPI_EXPORT int32_t pm_ubus_config_getitem(const char *item, void *destination,
  * @param path the store
  * @param temporaryPath on the same file system as @p path, and not @p path itself
  * @retval 0 rewritten
- * @retval -1 @p item is NULL, or a file failed as in pm_ubus_config_additem()
+ * @retval PM_STATUS_FAILED @p item is NULL, or a file failed as in pm_ubus_config_additem()
  */
 PMAPI_EXPORT int32_t pm_ubus_config_deleteitem(const char *item, const char *path,
                                                const char *temporaryPath);

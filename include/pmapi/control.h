@@ -20,7 +20,7 @@ typedef struct DevLogStats {
  * Restarts the gateway or one radio.
  * @param type 1 gateway, 2 the 2.4 GHz radio, 3 the 5 GHz radio
  * @retval 0 done; for a radio also when the platform says that nothing changed
- * @retval -1 another @p type, or the radio's restart failed
+ * @retval PM_STATUS_FAILED another @p type, or the radio's restart failed
  * @return for the gateway, the platform status of the restart
  */
 PMAPI_EXPORT int32_t pm_ubus_control_set(int32_t type);
@@ -43,9 +43,9 @@ PMAPI_EXPORT int32_t pm_ubus_set_kernelcount(uint32_t value);
  * Sets protected management frames on the 2.4 GHz and then on the 5 GHz radio.
  * @param value handed to the platform as it is
  * @retval 0 both set
- * @retval -257 @p value is NULL
- * @retval -1 a radio refused; after a refusal of 2.4 GHz 5 GHz is not tried, after one of 5 GHz
- *   2.4 GHz stays changed
+ * @retval PM_STATUS_NULL_RECORD @p value is NULL
+ * @retval PM_STATUS_FAILED a radio refused; after a refusal of 2.4 GHz 5 GHz is not tried, after
+ *   one of 5 GHz 2.4 GHz stays changed
  */
 PMAPI_EXPORT int32_t pm_ubus_set_pmfctrl(const uint32_t *value);
 
@@ -53,7 +53,7 @@ PMAPI_EXPORT int32_t pm_ubus_set_pmfctrl(const uint32_t *value);
  * Reads protected management frames of both radios.
  * @param value initialised, for its content is logged; written only when both radios agree
  * @retval 0 read, also when the radios differ
- * @retval -257 @p value is NULL
+ * @retval PM_STATUS_NULL_RECORD @p value is NULL
  * @return else the platform status of a failed read
  */
 PMAPI_EXPORT int32_t pm_ubus_get_pmfctrl(uint32_t *value);
@@ -64,7 +64,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_pmfctrl(uint32_t *value);
  *   unreadable or no number); -1 when the switch is off, which an empty, unreadable or non-numeric
  *   switch file means too. Written on success only
  * @retval 0 read
- * @retval -1 @p count is NULL, a file cannot be opened, or the switch is neither 0 nor 1
+ * @retval PM_STATUS_FAILED @p count is NULL, a file cannot be opened, or the switch is neither 0
+ *   nor 1
  */
 PMAPI_EXPORT int32_t pm_ubus_get_kernelcount(int32_t *count);
 
@@ -102,7 +103,7 @@ PMAPI_EXPORT int32_t pm_ubus_ipv6enable_get(uint32_t *enable);
  * working mode, changes the enable word alone.
  * @param enable 0 or 1
  * @retval 0 written
- * @retval -1 the WAN connections cannot be cleared
+ * @retval PM_STATUS_FAILED the WAN connections cannot be cleared
  * @return else the platform status of the step that failed
  */
 PMAPI_EXPORT int32_t pm_ubus_ipv6enable_set(uint32_t enable);
@@ -113,8 +114,8 @@ PMAPI_EXPORT int32_t pm_ubus_ipv6enable_set(uint32_t enable);
  * reads back as 3.
  * @param record settings
  * @retval 0 set
- * @retval -1 @p record is NULL
- * @return else the platform status, -9 (nothing changed) included, or the log manager's
+ * @retval PM_STATUS_FAILED @p record is NULL
+ * @return else the platform status, PLATFORM_NOTHING_CHANGED included, or the log manager's
  */
 PMAPI_EXPORT int32_t pm_ubus_set_devlogstats(const DevLogStats *record);
 
@@ -122,7 +123,7 @@ PMAPI_EXPORT int32_t pm_ubus_set_devlogstats(const DevLogStats *record);
  * Reads the log settings.
  * @param record filled on success only
  * @retval 0 read
- * @retval -1 @p record is NULL or the settings cannot be read
+ * @retval PM_STATUS_FAILED @p record is NULL or the settings cannot be read
  */
 PMAPI_EXPORT int32_t pm_ubus_logstats_get(DevLogStats *record);
 

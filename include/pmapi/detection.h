@@ -31,7 +31,7 @@ typedef struct HttpSpeedResult {
 /**
  * Starts a speed test.
  * @param record the request
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  * @return the status of the call to the proxy; what its reply says is not examined
  */
 PMAPI_EXPORT int32_t ubus_set_httpspeed_diagnostics(const HttpSpeedRequest *record);
@@ -40,8 +40,8 @@ PMAPI_EXPORT int32_t ubus_set_httpspeed_diagnostics(const HttpSpeedRequest *reco
  * Reads the result of the speed test.
  * @param record zero-filled; untouched when the proxy fails or refuses
  * @retval 0 the test is completed
- * @retval 1 it is not
- * @retval -1 it is not, or @p record is NULL
+ * @retval PM_STATUS_NOT_COMPLETED it is not
+ * @retval PM_STATUS_FAILED it is not either, or @p record is NULL
  * @return when the proxy fails or refuses, what the daemon's logger returned for the line about it.
  *   That may be 0 as for a completed test: the untouched status tells them apart
  */

@@ -28,8 +28,8 @@ typedef struct HardwareInfoRecord {
  * processor is reported on standard output.
  * @param record zero-filled
  * @retval 0 filled
- * @retval -1 @p record is NULL, or the processor, the flash size, the RAM size or the processor
- *   usage cannot be read
+ * @retval PM_STATUS_FAILED @p record is NULL, or the processor, the flash size, the RAM size or the
+ *   processor usage cannot be read
  */
 PMAPI_EXPORT int32_t pm_ubus_get_hardware_info(HardwareInfoRecord *record);
 

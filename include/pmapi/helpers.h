@@ -51,7 +51,11 @@ PMAPI_EXPORT void del_char(char *text, char unwanted);
  */
 PMAPI_EXPORT int32_t IsJsonObjOrArray(const char *item);
 
-/** Size of a file in bytes. @param path not NULL @return the size, or -1 if it cannot be opened */
+/**
+ * Size of a file in bytes.
+ * @param path not NULL
+ * @return the size, or PM_STATUS_FAILED if the file cannot be opened
+ */
 PMAPI_EXPORT int32_t file_size(const char *path);
 
 /** Seconds since the system was started. */

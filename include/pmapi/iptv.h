@@ -21,7 +21,7 @@ typedef struct UbusIptv {
  * Binds the named ports to the VLAN; bindings of other ports stay. With enable 0 removes them all.
  * Refusals of the platform are ignored.
  * @param record by value
- * @retval -1 vlanId is above 4096 (with enable not 0)
+ * @retval PM_STATUS_FAILED vlanId is above 4096 (with enable not 0)
  * @return with enable 0 what pm_iptv_del() returns; else what the logger returned, which is no
  *   status
  */
@@ -31,8 +31,8 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_iptv_set(UbusIptv record);
  * Reads the bindings; at most 4 LAN ports and 16 access points are reported.
  * @param record zero-filled; vlanId is written for VLANs 1 to 4094 only, the last one wins
  * @retval 0 read
- * @retval -1 @p record is NULL, the bindings cannot be listed, or there is none (@p record is
- *   untouched)
+ * @retval PM_STATUS_FAILED @p record is NULL, the bindings cannot be listed, or there is none
+ *   (@p record is untouched)
  */
 PMAPI_EXPORT int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record);
 

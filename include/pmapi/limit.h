@@ -82,7 +82,7 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_limit_get(UbusDeviceLimit *records, int32_t 
  * period itself, and its MAC is found. URL rules stay installed when a later step fails.
  * @param record the limits
  * @retval 0 applied, or the proxy refused in its reply only
- * @retval -1 @p record is NULL or its MAC is not hexadecimal
+ * @retval PM_STATUS_FAILED @p record is NULL or its MAC is not hexadecimal
  * @return else the status of the call to the proxy
  */
 PMAPI_EXPORT int32_t device_limit_cfg_data(const UbusDeviceLimit *record);

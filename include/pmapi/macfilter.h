@@ -16,10 +16,13 @@ typedef struct UbusMacFilter {
   char entries[];           /**< devices as MAC/name, the MAC of twelve digits, "," between them */
 } UbusMacFilter;
 
-/** Whether the filter is on. @return 0 or 1; -1 when it cannot be read */
+/** Whether the filter is on. @return 0 or 1; PM_STATUS_FAILED when it cannot be read */
 PMAPI_EXPORT int32_t ubus_getmacFilterEnable(void);
 
-/** Policy of the filter. @return 0 black list, 1 white list; -1 when it cannot be read */
+/**
+ * Policy of the filter.
+ * @return 0 black list, 1 white list; PM_STATUS_FAILED when it cannot be read
+ */
 PMAPI_EXPORT int32_t ubus_getmacFilterPolicy(void);
 
 /**
@@ -27,8 +30,8 @@ PMAPI_EXPORT int32_t ubus_getmacFilterPolicy(void);
  * @param record zero-filled; entries receives at most 19 characters of the list, for the item is
  *   read with the length of its name
  * @retval 0 read; a firewall that cannot be read shows in the two numbers only
- * @retval -1 the item store cannot be read or has no such list (both numbers are filled), or
- *   @p record is NULL
+ * @retval PM_STATUS_FAILED the item store cannot be read or has no such list (both numbers are
+ *   filled), or @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_get_mac_filter(UbusMacFilter *record);
 
@@ -42,8 +45,9 @@ PMAPI_EXPORT int32_t pm_ubus_get_mac_filter(UbusMacFilter *record);
  * @retval 0 done; every failure of the platform is logged only. An entry whose MAC is not
  *   hexadecimal, that the platform refuses, or that comes with a state or policy byte above 1 is
  *   left out; so is, without a line in the log, the MAC of twelve zeros
- * @retval 1001 an entry has no name, or a MAC that is not 12 characters long; nothing was changed
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_MALFORMED_ENTRY an entry has no name, or a MAC that is not 12 characters long;
+ *   nothing was changed
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_macfilter_set(const UbusMacFilter *record);
 

@@ -18,8 +18,8 @@ typedef struct MeshRoleRecord {
  * Sets the mesh role.
  * @param record the role
  * @retval 0 set
- * @retval 0xFFFFFEFF (-257) @p record is NULL
- * @return else the platform status, -9 (nothing changed) included
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @return else the platform status, PLATFORM_NOTHING_CHANGED included
  */
 PMAPI_EXPORT uint32_t pm_ubus_meshrole_set(const MeshRoleRecord *record);
 

@@ -13,7 +13,7 @@ PMAPI_BEGIN_DECLS
 typedef struct MeshInfoRecord {
   char meshRole[11];
   char meshAlmac[33];
-  int32_t roamingEnable; /**< -1 when it cannot be read */
+  int32_t roamingEnable; /**< PM_STATUS_FAILED when it cannot be read */
   int32_t meshStatus;    /**< 1 when the mesh has a second device with a role, else 0 */
   char bhType[32];       /**< first backhaul link, as the four after it */
   char bhalmac[32];
@@ -30,14 +30,20 @@ typedef struct MeshInfoRecord {
  * one block of 2.3 MB for the time of the call.
  * @param record zero-filled
  * @retval 0 filled
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_get_meshinfo(MeshInfoRecord *record);
 
-/** Mesh role number stored by the platform. @return the role; -1 when it cannot be read */
+/**
+ * Mesh role number stored by the platform.
+ * @return the role; PM_STATUS_FAILED when it cannot be read
+ */
 PMAPI_EXPORT int32_t ubus_getmeshRole(void);
 
-/** Whether mesh roaming is on. @return the platform's value; -1 when it cannot be read */
+/**
+ * Whether mesh roaming is on.
+ * @return the platform's value; PM_STATUS_FAILED when it cannot be read
+ */
 PMAPI_EXPORT int32_t ubus_getroamingEnable(void);
 
 PMAPI_END_DECLS

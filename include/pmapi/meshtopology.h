@@ -58,10 +58,10 @@ typedef struct MeshTopologyRecord {
  * @param record zero-filled: slots beyond the devices are not touched, nor is anything without
  *   devices
  * @retval 0 filled
- * @retval -1 the multi-AP daemon cannot be reached or refused, its answer lacks a device list, or
- *   a device, radio or BSS lacks a member it cannot do without (what precedes it stays filled); or
- *   @p record is NULL
- * @retval -2 the multi-AP daemon timed out
+ * @retval PM_STATUS_FAILED the multi-AP daemon cannot be reached or refused, its answer lacks a
+ *   device list, or a device, radio or BSS lacks a member it cannot do without (what precedes it
+ *   stays filled); or @p record is NULL
+ * @retval PM_STATUS_TIMED_OUT the multi-AP daemon timed out
  * @return else what the multi-AP library answered
  */
 PMAPI_EXPORT int32_t pm_ubus_get_meshtopology(MeshTopologyRecord *record);
@@ -71,8 +71,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_meshtopology(MeshTopologyRecord *record);
  * @param buffer zero-filled, not NULL, of @p length bytes; a text that fills them is not terminated
  * @param length in: size of @p buffer in bytes; out: as the multi-AP library leaves it; not NULL
  * @retval 0 written
- * @retval -1 the control socket cannot be opened, or the command failed
- * @retval -2 timed out
+ * @retval PM_STATUS_FAILED the control socket cannot be opened, or the command failed
+ * @retval PM_STATUS_TIMED_OUT timed out
  * @return else the multi-AP library's result
  */
 PMAPI_EXPORT int32_t MeshGetTopology(char *buffer, int32_t *length);
@@ -83,7 +83,7 @@ PMAPI_EXPORT int32_t MeshGetTopology(char *buffer, int32_t *length);
  * @param scratch not used
  * @param record as for pm_ubus_get_meshtopology(); every count is clamped to its array
  * @retval 0 filled
- * @retval -1 as for pm_ubus_get_meshtopology()
+ * @retval PM_STATUS_FAILED as for pm_ubus_get_meshtopology()
  */
 PMAPI_EXPORT int32_t pm_get_dumpbuf_info(const char *text, void *scratch,
                                          MeshTopologyRecord *record);

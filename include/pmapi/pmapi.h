@@ -24,6 +24,7 @@
 #include "pmapi/set_radio.h"
 #include "pmapi/setmeshroam.h"
 #include "pmapi/stainfo.h"
+#include "pmapi/status.h"
 #include "pmapi/timedtask.h"
 #include "pmapi/types.h"
 #include "pmapi/uplinkinfo.h"

@@ -26,8 +26,8 @@ typedef struct PortInfoRecord {
  * @param record zero-filled; portNumber is written on every path. An unknown rate gives an empty
  *   portRate on the uplink port and leaves it untouched on a LAN port
  * @retval 0 filled; an unreadable link of the uplink port is only logged
- * @retval -8 the port's configuration cannot be read
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_UNREADABLE the port's configuration cannot be read
+ * @retval PM_STATUS_FAILED @p record is NULL
  * @return else the platform status of the uplink mode, or of a LAN port's link state (portMac, and
  *   portType for the latter, are filled by then)
  */

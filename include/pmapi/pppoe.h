@@ -20,7 +20,7 @@ typedef struct UbusPppoe {
  * @param record a text of 65 characters or more is sent as an invalid field. A user name that fills
  *   its 64 characters runs on into the password: it is valid before an empty password only
  * @retval 0 set
- * @retval -257 @p record is NULL
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
  * @return else the platform status
  */
 PMAPI_EXPORT int32_t pm_ubus_pppoe_set(const UbusPppoe *record);

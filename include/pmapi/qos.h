@@ -40,16 +40,16 @@ typedef struct UbusQos {
  * behind it are invalid too.
  * @param record the rules; a count above 0x7FFFFFFF sends none
  * @retval 0 sent
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_nexumd_qos_set(const UbusQos *record);
 
 /**
  * Reads up to 30 rules. The slot of a rule that cannot be read stays as it was.
  * @param record zero-filled, room for 30 rules; count is raised by the number read, so start it at
- * 0
+ *   0
  * @retval 0 read
- * @retval -1 there is no rule, or @p record is NULL
+ * @retval PM_STATUS_FAILED there is no rule, or @p record is NULL
  * @return else the platform status of the listing
  */
 PMAPI_EXPORT int32_t pm_ubus_nexumd_qos_get(UbusQos *record);

@@ -52,7 +52,8 @@ typedef struct StaNumRecord {
 /**
  * @name Settings
  * @retval 0 read
- * @retval -1 the platform's record cannot be read, or @p out is NULL; @p out is untouched
+ * @retval PM_STATUS_FAILED the platform's record cannot be read, or @p out is NULL; @p out is
+ *   untouched
  * @{
  */
 /** Whether roaming is on. */
@@ -74,7 +75,7 @@ PMAPI_EXPORT int32_t ubus_getBandSteeringStatus(uint32_t *out);
  * @param roamingSwitch 1 on, any other value off
  * @param low24G,low5G signal levels, two's complement
  * @retval 0 set
- * @retval -1 the platform refused, -9 (nothing changed) included
+ * @retval PM_STATUS_FAILED the platform refused, PLATFORM_NOTHING_CHANGED included
  */
 PMAPI_EXPORT int32_t ubus_setLowRSSI(int32_t roamingSwitch, uint32_t low24G, uint32_t low5G);
 
@@ -113,7 +114,7 @@ PMAPI_EXPORT int32_t ubus_setDismissTime(void);
  * Reads the roaming settings; what cannot be read is 0.
  * @param record filled whole
  * @retval 0 filled
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_get(RoamingRecord *record);
 
@@ -121,8 +122,8 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_get(RoamingRecord *record);
  * Sets the roaming switch and thresholds.
  * @param record its first three fields
  * @retval 0 set
- * @retval -257 @p record is NULL
- * @retval -1 the platform refused, -9 (nothing changed) included
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED the platform refused, PLATFORM_NOTHING_CHANGED included
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_set(const RoamingRecord *record);
 
@@ -131,8 +132,8 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_set(const RoamingRecord *record);
  * Traces its steps on standard output. A refusal of the block list is ignored.
  * @param mac twelve digits or six pairs with ":"
  * @retval 0 disconnected
- * @retval -1 @p mac is NULL or no MAC, it does not match exactly one association, or that cannot be
- *   read
+ * @retval PM_STATUS_FAILED @p mac is NULL or no MAC, it does not match exactly one association, or
+ *   that cannot be read
  * @return else the platform status of the query, the list or the removal
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_sta_disconnect(const char *mac);
@@ -144,8 +145,8 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_sta_disconnect(const char *mac);
  * holds none.
  * @param record macAddress is read, radio, rssi and radioValue are written on success
  * @retval 0 read
- * @retval -1 @p record is NULL, macAddress is no MAC, the associated stations cannot be listed, the
- *   station is not among them, or the radio's information cannot be read
+ * @retval PM_STATUS_FAILED @p record is NULL, macAddress is no MAC, the associated stations cannot
+ *   be listed, the station is not among them, or the radio's information cannot be read
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record);
 
@@ -154,10 +155,10 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record);
  * the name of the first 2.4 GHz one, whether switching on or off.
  * @param record status and thresholds
  * @retval 0 done
- * @retval -257 @p record is NULL
- * @retval -1 the first SSID was refused, or the shared record, there -9 (nothing changed) included;
- *   what precedes it stays written
- * @return else the platform status of the renaming, -9 included
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED the first SSID was refused, or the shared record, there
+ *   PLATFORM_NOTHING_CHANGED included; what precedes it stays written
+ * @return else the platform status of the renaming, PLATFORM_NOTHING_CHANGED included
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *record);
 
@@ -165,7 +166,7 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *
  * Reads band steering; what cannot be read is 0.
  * @param record status and thresholds are written
  * @retval 0 filled
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_roaming_bandsteering_get(BandSteeringRecord *record);
 
@@ -174,7 +175,7 @@ PMAPI_EXPORT int32_t pm_ubus_roaming_bandsteering_get(BandSteeringRecord *record
  * read of an SSID is printed on standard output.
  * @param record written on success only
  * @retval 0 counted
- * @retval -1 @p record is NULL or the devices cannot be listed
+ * @retval PM_STATUS_FAILED @p record is NULL or the devices cannot be listed
  */
 PMAPI_EXPORT int32_t pm_ubus_sta_num_get(StaNumRecord *record);
 

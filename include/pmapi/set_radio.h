@@ -21,9 +21,9 @@ typedef struct RadioRecord {
  * Writes the settings of a radio: first the power, then channel and width.
  * @param record the settings
  * @retval 0 written; the platform's "nothing changed" counts only for channel and width
- * @retval 0xFFFFFEFF (-257) @p record is NULL
- * @retval 0xFFFFFFFF (-1) unknown radio, or a power outside 1 to 100; nothing is written
- * @retval 0xFFFFFFF9 (-7) the gateway has no 5 GHz radio; nothing is written
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED unknown radio, or a power outside 1 to 100; nothing is written
+ * @retval PM_STATUS_NO_5G_RADIO the gateway has no 5 GHz radio; nothing is written
  * @return else the platform status of the write that failed
  */
 PMAPI_EXPORT uint32_t pm_ubus_radio_set(const RadioRecord *record);

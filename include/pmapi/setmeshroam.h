@@ -18,8 +18,8 @@ typedef struct MeshRoamRecord {
  * Switches mesh roaming.
  * @param record the switch
  * @retval 0 set
- * @retval 0xFFFFFEFF (-257) @p record is NULL
- * @return else the platform status, -9 (nothing changed) included
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @return else the platform status, PLATFORM_NOTHING_CHANGED included
  */
 PMAPI_EXPORT uint32_t pm_ubus_set_meshroam(const MeshRoamRecord *record);
 

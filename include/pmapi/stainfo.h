@@ -56,9 +56,9 @@ typedef struct StaInfoRecord {
  * @param index zero-based
  * @param record zero-filled
  * @retval 0 filled
- * @retval -8 the access-device view or the traffic counters cannot be read; the fields before that
- *   step are filled
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_UNREADABLE the access-device view or the traffic counters cannot be read; the
+ *   fields before that step are filled
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record);
 
@@ -67,8 +67,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record);
  * @p out: 32 zero-filled bytes; unterminated copy of at most 31 characters of the text, which the
  * library makes itself where no field is named. ubus_getUptime() terminates.
  * @retval 0 written
- * @retval 1001 the devices cannot be listed
- * @retval -1 @p out is NULL
+ * @retval PM_STATUS_LIST_UNREADABLE the devices cannot be listed
+ * @retval PM_STATUS_FAILED @p out is NULL
  * @return else the status of the call to the proxy, or of its reply; nothing is written then
  * @{
  */
@@ -90,9 +90,9 @@ PMAPI_EXPORT int32_t ubus_getUptime(int32_t index, char *out);
  * @param result zero-filled; what precedes a failing step stays filled
  * @retval 0 read; also, with valid left at 0, for a station on neither "wlan" nor "eth" and when
  *   the proxy knows nothing of the device
- * @retval 1001 the devices cannot be listed
- * @retval -1 @p result is NULL, the wired port cannot be looked up, the MAC does not match exactly
- *   one association, or the counters cannot be read
+ * @retval PM_STATUS_LIST_UNREADABLE the devices cannot be listed
+ * @retval PM_STATUS_FAILED @p result is NULL, the wired port cannot be looked up, the MAC does not
+ *   match exactly one association, or the counters cannot be read
  * @return else the platform status of the association or of the Wi-Fi configuration
  */
 PMAPI_EXPORT int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result);

@@ -32,8 +32,8 @@ typedef struct WeekdayList {
  * stored as two entries; when the second is refused the first stays.
  * @param record the task
  * @retval 0 added
- * @retval -10 @p record is NULL
- * @retval -1 unknown Action
+ * @retval PM_STATUS_NO_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED unknown Action
  * @return else the platform status of the entry refused
  */
 PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_add(const UbusWifiTimer *record);
@@ -41,8 +41,8 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_add(const UbusWifiTimer *record);
 /**
  * Deletes every task with this id, of either Action.
  * @retval 0 deleted, or there was none
- * @retval -6 a timer service cannot be read
- * @retval -1 an entry was not deleted; those before it are
+ * @retval PM_STATUS_TIMERS_UNREADABLE a timer service cannot be read
+ * @retval PM_STATUS_FAILED an entry was not deleted; those before it are
  */
 PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId);
 
@@ -51,8 +51,8 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId);
  * @param records zero-filled, 135 of them, the most that the timer services hold
  * @param count receives the number written
  * @retval 0 listed
- * @retval -6 a timer service cannot be read; @p count is untouched
- * @retval -1 a pointer is NULL
+ * @retval PM_STATUS_TIMERS_UNREADABLE a timer service cannot be read; @p count is untouched
+ * @retval PM_STATUS_FAILED a pointer is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count);
 

@@ -6,10 +6,12 @@
  * - The caller owns every record and buffer; no pointer is kept after the call.
  * - A call runs on the caller's thread until the platform has answered. Nothing is locked: calls
  *   must never overlap.
- * - 0 is success. A "platform status" is the platform's own non-zero code, handed on unchanged.
- *   Functions of type uint32_t return the same codes converted: -257 is 0xFFFFFEFF.
+ * - 0 is success. The library's other codes are named in status.h; any other is a "platform
+ *   status", the platform's own non-zero code, handed on unchanged. Functions of type uint32_t
+ *   return the same codes converted: PM_STATUS_NULL_RECORD is 0xFFFFFEFF.
  * - What was changed before a failing step stays changed.
- * - A NULL record, or a NULL output of a getter, yields -1 and the platform is not asked.
+ * - A NULL record, or a NULL output of a getter, yields PM_STATUS_FAILED and the platform is not
+ *   asked.
  *   Other pointers must not be NULL.
  * - Records that receive answers are to be zero-filled by the caller. Texts in them have at most
  *   their size minus one characters.
@@ -24,6 +26,8 @@
 #define PMAPI_TYPES_H_
 
 #include <stdint.h>
+
+#include "pmapi/status.h"
 
 #if defined(__SIZEOF_POINTER__) && __SIZEOF_POINTER__ != 4
 #error "pmapi has a 32-bit ABI: compile for a target with 4-byte pointers, such as armel or i686."

@@ -125,7 +125,8 @@ extern PMAPI_EXPORT int32_t g_if6_SampleInterval;
  *   it: like an empty key, it makes a new ring each time, and that ring is never freed
  * @param mode list, 1 to 4; its head must have been set
  * @retval 0 added, or there was no memory for a new ring
- * @retval -1 @p sample is NULL, @p mode is unknown, or there was no memory for the sample
+ * @retval PM_STATUS_FAILED @p sample is NULL, @p mode is unknown, or there was no memory for the
+ *   sample
  */
 PMAPI_EXPORT int32_t si_sample_list_add(const si_net_sample *sample, const char *key, int32_t mode);
 
@@ -141,8 +142,8 @@ PMAPI_EXPORT void si_net_sample_list_del(si_net_sample *sample);
  * @param result written on success only
  * @param mode list, 1 to 4
  * @retval 0 computed
- * @retval -1 a pointer is NULL, @p mode is unknown, the key has no samples, or the head of the list
- *   was never set
+ * @retval PM_STATUS_FAILED a pointer is NULL, @p mode is unknown, the key has no samples, or the
+ *   head of the list was never set
  */
 PMAPI_EXPORT int32_t si_net_sample_list_statics(const si_net_sample_dev *key,
                                                 si_net_sample_statics *result, int32_t mode);
@@ -152,7 +153,7 @@ PMAPI_EXPORT int32_t si_net_sample_list_statics(const si_net_sample_dev *key,
  * key, so statistics do not find it.
  * @param mode 1 IPv4, 2 IPv6; any other is logged and adds nothing
  * @retval 0 done, also when the sampling configuration cannot be read or the sample was not added
- * @retval 1001 the attached devices cannot be listed
+ * @retval PM_STATUS_LIST_UNREADABLE the attached devices cannot be listed
  */
 PMAPI_EXPORT int32_t if_sta_statics(int32_t mode);
 
@@ -160,7 +161,7 @@ PMAPI_EXPORT int32_t if_sta_statics(int32_t mode);
  * Takes one uplink sample under the key "uplink"; tx and rx both hold the receive rate.
  * @param mode 1 IPv4, 2 IPv6; any other is logged and adds nothing
  * @retval 0 done, also when the rate cannot be read (it counts as 0) or the sample was not added
- * @retval -1 the sampling configuration cannot be read
+ * @retval PM_STATUS_FAILED the sampling configuration cannot be read
  */
 PMAPI_EXPORT int32_t if_uplink_statics(int32_t mode);
 
@@ -170,7 +171,7 @@ PMAPI_EXPORT int32_t if_uplink_statics(int32_t mode);
  * Leaves one file descriptor open per call, see ubus_getGatewayMac().
  * @param record zero-filled
  * @retval 0 filled
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  * @return else the platform status of the uplink mode; nothing is filled then
  */
 PMAPI_EXPORT int32_t pm_ubus_get_uplinkinfo(UplinkInfoRecord *record);
@@ -179,8 +180,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_uplinkinfo(UplinkInfoRecord *record);
  * Management MAC: that of the connection named "INTERNET".
  * @param mac 6 bytes, written on success only
  * @retval 0 read
- * @retval -1 the query failed or @p mac is NULL
- * @retval -2 the name does not match exactly one connection
+ * @retval PM_STATUS_FAILED the query failed or @p mac is NULL
+ * @retval PM_STATUS_NOT_ONE_MATCH the name does not match exactly one connection
  * @return else the platform status of the read
  */
 PMAPI_EXPORT int32_t ubus_get_manger_mac(uint8_t mac[6]);
@@ -190,7 +191,7 @@ PMAPI_EXPORT int32_t ubus_get_manger_mac(uint8_t mac[6]);
  * @param user,password 32 zero-filled bytes each; unterminated copies of at most 31 characters from
  *   fields of 64 characters
  * @retval 0 read
- * @retval -1 the connection cannot be read, or a pointer is NULL
+ * @retval PM_STATUS_FAILED the connection cannot be read, or a pointer is NULL
  */
 PMAPI_EXPORT int32_t ubus_getPPPOEUserPwd(char *user, char *password);
 
@@ -200,18 +201,21 @@ PMAPI_EXPORT int32_t ubus_getPPPOEUserPwd(char *user, char *password);
  * added once more.
  * @param rxText,txText 64 bytes each
  * @retval 0 written
- * @retval 1001 a pointer is NULL
- * @retval -8 the connections cannot be listed or one cannot be read; nothing is written
+ * @retval PM_STATUS_NULL_TEXT a pointer is NULL
+ * @retval PM_STATUS_UNREADABLE the connections cannot be listed or one cannot be read; nothing is
+ *   written
  */
 PMAPI_EXPORT int32_t ubus_get_rate_rt(char *rxText, char *txText);
 
 /**
  * MAC of the upstream gateway, from the kernel's ARP table: pairs with ":".
- * The table's file stays open unless the result is -1: one descriptor per call is not given back.
+ * The table's file stays open unless the result is PM_STATUS_FAILED: one descriptor per call is not
+ * given back.
  * @param mac 32 zero-filled bytes; unterminated copy of at most 31 characters from a word of at
- * most 31, untouched when the table has no such entry
+ *   most 31, untouched when the table has no such entry
  * @retval 0 table read, entry found or not
- * @retval -1 the table cannot be opened or skipped to its first entry, or @p mac is NULL
+ * @retval PM_STATUS_FAILED the table cannot be opened or skipped to its first entry, or @p mac is
+ *   NULL
  */
 PMAPI_EXPORT int32_t ubus_getGatewayMac(char *mac);
 
@@ -220,8 +224,8 @@ PMAPI_EXPORT int32_t ubus_getGatewayMac(char *mac);
  * @p instance is the key, at most 32 characters; a longer one is sent as an invalid field. @p view
  * is 4-aligned; it is cleared, given its header and filled. After a failure it is all zero.
  * @retval 0 read
- * @retval -1 the query failed, or a pointer is NULL
- * @retval -2 the key does not match exactly one instance
+ * @retval PM_STATUS_FAILED the query failed, or a pointer is NULL
+ * @retval PM_STATUS_NOT_ONE_MATCH the key does not match exactly one instance
  * @return else the platform status of the read
  * @{
  */

@@ -21,8 +21,8 @@ typedef struct UplinkRateConfigRecord {
  * with the next sample that is taken.
  * @param record a text of 33 characters or more is sent as an invalid field
  * @retval 0 written
- * @retval -257 @p record is NULL
- * @retval -1 the platform refused
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED the platform refused
  */
 PMAPI_EXPORT int32_t pm_ubus_uplinkrate_config_set(const UplinkRateConfigRecord *record);
 

@@ -39,9 +39,9 @@ typedef struct CsiConfigRecord {
  * Switches the collection on one radio or on both.
  * @param record the switch
  * @retval 0 written
- * @retval -257 @p record is NULL
- * @retval -1 unknown radio, or the write failed (nothing changed included); with "All" that of
- *   5 GHz alone decides
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED unknown radio, or the write failed (nothing changed included); with
+ *   "All" that of 5 GHz alone decides
  */
 PMAPI_EXPORT int32_t pm_ubus_set_csi_enable(const CsiEnableSetRecord *record);
 
@@ -49,8 +49,8 @@ PMAPI_EXPORT int32_t pm_ubus_set_csi_enable(const CsiEnableSetRecord *record);
  * Reads the state of both radios.
  * @param record zero-filled; written only when both were read
  * @retval 0 read
- * @retval -257 @p record is NULL
- * @retval -1 a radio cannot be read
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED a radio cannot be read
  */
 PMAPI_EXPORT int32_t pm_ubus_get_csi_enable(CsiEnableRecord *record);
 
@@ -58,8 +58,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_csi_enable(CsiEnableRecord *record);
  * Adds or deletes stations; refusals of the platform are ignored.
  * @param record operation and list; an incomplete last MAC is handed on as it is
  * @retval 0 all handed to the platform
- * @retval -257 @p record is NULL
- * @retval -1 unknown operation
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED unknown operation
  */
 PMAPI_EXPORT int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record);
 
@@ -67,7 +67,7 @@ PMAPI_EXPORT int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record);
  * Lists at most 32 stations, with "," between them.
  * @param record zero-filled; operation is not written
  * @retval 0 listed; the list ends early at a station that cannot be read
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  * @return else the platform status of the listing
  */
 PMAPI_EXPORT int32_t pm_ubus_get_csi_mac(CsiMacRecord *record);
@@ -76,9 +76,9 @@ PMAPI_EXPORT int32_t pm_ubus_get_csi_mac(CsiMacRecord *record);
  * Sets the parameters on the 2.4 GHz and then on the 5 GHz radio.
  * @param record the parameters
  * @retval 0 written
- * @retval -257 @p record is NULL
- * @retval -1 a write failed (nothing changed included); after a failure on 2.4 GHz 5 GHz is not
- *   tried
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_FAILED a write failed (nothing changed included); after a failure on 2.4 GHz
+ *   5 GHz is not tried
  */
 PMAPI_EXPORT int32_t pm_ubus_set_csi_config(const CsiConfigRecord *record);
 
@@ -86,7 +86,7 @@ PMAPI_EXPORT int32_t pm_ubus_set_csi_config(const CsiConfigRecord *record);
  * Reads the parameters of the 2.4 GHz radio.
  * @param record written on success only
  * @retval 0 read
- * @retval -1 @p record is NULL or the radio cannot be read
+ * @retval PM_STATUS_FAILED @p record is NULL or the radio cannot be read
  */
 PMAPI_EXPORT int32_t pm_ubus_get_csi_config(CsiConfigRecord *record);
 

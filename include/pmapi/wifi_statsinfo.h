@@ -28,7 +28,7 @@ typedef struct WifiStatsRecord {
  * @param instance path of the SSID, not NULL
  * @param record zero-filled
  * @retval 0 filled
- * @retval -1 @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT int32_t pm_ubus_get_wifi_statsinfo(const char *instance, WifiStatsRecord *record);
 
@@ -38,7 +38,8 @@ PMAPI_EXPORT int32_t pm_ubus_get_wifi_statsinfo(const char *instance, WifiStatsR
  * receives an unterminated copy of at most 31 characters. Packet, error and discard counters are
  * 32 bits wide in the driver.
  * @retval 0 read
- * @retval -1 the platform's record cannot be read, or @p out is NULL; nothing is written
+ * @retval PM_STATUS_FAILED the platform's record cannot be read, or @p out is NULL; nothing is
+ *   written
  * @{
  */
 /** Band: "2.4G", "5G", or nothing for any other. */

@@ -19,7 +19,8 @@ typedef struct WifiSwitchRecord {
  * Switches a radio on or off.
  * @param record the switch
  * @retval 0 switched, or nothing changed
- * @retval 0xFFFFFEFF (-257) @p record is NULL or the radio unknown
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_UNKNOWN_RADIO the radio is unknown
  * @return else the platform status
  */
 PMAPI_EXPORT uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record);

@@ -14,7 +14,7 @@ PMAPI_BEGIN_DECLS
  * @param radio "2.4G", "5G" or "all", or any beginning (empty is "2.4G"); for an unknown text the
  *   platform is asked with an empty instance and decides
  * @retval 0 started, or nothing changed
- * @retval 0xFFFFFEFF (-257) @p radio is NULL
+ * @retval PM_STATUS_NULL_RECORD @p radio is NULL
  * @return else the platform status; with "all", 2.4 GHz stays started when 5 GHz is refused
  */
 PMAPI_EXPORT uint32_t pm_ubus_wifi_wps_set(const char *radio);

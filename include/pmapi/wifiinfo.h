@@ -37,7 +37,7 @@ typedef struct WifiInfoRecord {
  * @param radioIndex zero-based SSID index
  * @param record zero-filled
  * @retval 0 filled
- * @retval 0xFFFFFFFF @p record is NULL
+ * @retval PM_STATUS_FAILED @p record is NULL
  */
 PMAPI_EXPORT uint32_t pm_ubus_get_wifi_info(int32_t radioIndex, WifiInfoRecord *record);
 
@@ -46,7 +46,8 @@ PMAPI_EXPORT uint32_t pm_ubus_get_wifi_info(int32_t radioIndex, WifiInfoRecord *
  * A text @p out has 32 zero-filled bytes and receives an unterminated copy of at most 31
  * characters. Codes without a text or number write nothing and return 0.
  * @retval 0 read
- * @retval -1 the platform's record cannot be read, or @p out is NULL; nothing is written
+ * @retval PM_STATUS_FAILED the platform's record cannot be read, or @p out is NULL; nothing is
+ *   written
  * @{
  */
 /** Whether the radio is on: 1 or 0. */
@@ -76,8 +77,8 @@ PMAPI_EXPORT int32_t ubus_get_config_Ssid(int32_t radioIndex, char *out);
 PMAPI_EXPORT int32_t ubus_get_config_SecurityMode(int32_t radioIndex, char *out);
 /**
  * WEP key or passphrase, from a field of 64 characters; a WPA3 network gives none.
- * @retval 1001 the WEP key cannot be read
- * @retval 1003 the passphrase cannot be read
+ * @retval PM_STATUS_WEP_KEY_UNREADABLE the WEP key cannot be read
+ * @retval PM_STATUS_PASSPHRASE_UNREADABLE the passphrase cannot be read
  */
 PMAPI_EXPORT int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out);
 /** Most stations admitted. */

@@ -35,8 +35,8 @@ typedef struct WifiParameterRecord {
  * Writes the configuration of an SSID and then its key. Name and key appear in the log.
  * @param record the parameters
  * @retval 0 written; the platform's "nothing changed" counts as written
- * @retval 0xFFFFFEFF (-257) @p record is NULL
- * @retval 0xFFFFFFEB (-21) the key was refused; the configuration is written
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_KEY_REFUSED the key was refused; the configuration is written
  * @return else the platform status: of reading or writing the configuration, or of reading the key
  *   (the configuration is written by then)
  */

@@ -36,7 +36,7 @@ typedef struct NeighborInfoRecord {
  * an earlier scan; surplus older ones stay. At most 256 are reported.
  * @param record the whole record
  * @retval 0 scanned, found or not
- * @retval 0xFFFFFFF6 (-10) @p record is NULL
+ * @retval PM_STATUS_NO_RECORD @p record is NULL
  * @return else the platform status of the scan or the list; the record is untouched
  * @{
  */

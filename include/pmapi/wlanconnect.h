@@ -22,8 +22,8 @@ typedef struct WlanConnectRecord {
  * back. A mode that cannot be saved or taken over at once does not end the call.
  * @param record the network
  * @retval 0 joined; or not found, the last radio asked having been scanned and listed well
- * @retval -257 @p record is NULL
- * @retval -8 joined, but the client interface cannot be recorded
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
+ * @retval PM_STATUS_NOT_WRITTEN joined, but the client interface cannot be recorded
  * @return else the platform status of the uplink mode, of the last scan or list when the network
  *   was not found, or of the selection
  */

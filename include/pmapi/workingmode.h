@@ -19,7 +19,7 @@ typedef struct UbusWorkingMode {
  * Switches the working mode and resets the Internet WAN connection to the mode's defaults.
  * @param record the mode
  * @retval 0 switched
- * @retval -257 @p record is NULL
+ * @retval PM_STATUS_NULL_RECORD @p record is NULL
  * @return else the platform status
  */
 PMAPI_EXPORT int32_t pm_ubus_workingmode_set(const UbusWorkingMode *record);

@@ -13,16 +13,42 @@ namespace {
 
 using Contracts = std::map<std::string, Contract>;
 
+const std::filesystem::path kHeaders = PMAPI_SOURCE_DIR "/include/pmapi";
+
+std::string textOf(const std::filesystem::path &header) {
+  std::ostringstream text;
+  text << std::ifstream(header).rdbuf();
+  return text.str();
+}
+
+/// The library's codes by their names. 0 and 1 are answers, too: of those who say no or yes.
+std::map<std::string, int32_t> readCodes() {
+  static const std::regex kCode(R"((PM_STATUS_\w+) = (-?\d+))");
+  std::map<std::string, int32_t> codes = {{"0", 0}, {"1", 1}};
+  const std::string header = textOf(kHeaders / "status.h");
+  for (std::sregex_iterator code(header.begin(), header.end(), kCode), end; code != end; ++code) {
+    codes[(*code)[1]] = std::stoi((*code)[2]);
+  }
+  return codes;
+}
+
+int32_t codeNamed(const std::string &name) {
+  static const std::map<std::string, int32_t> codes = readCodes();
+  const auto found = codes.find(name);
+  if (found == codes.end()) throw std::runtime_error("status.h names no " + name);
+  return found->second;
+}
+
 bool saysSomething(const Contract &contract) {
   return contract.handsOn || !contract.named.empty();
 }
 
 Contract contractIn(const std::string &comment) {
-  static const std::regex kNumber(R"(@retval\s+(-?(?:0x)?[0-9A-Fa-f]+))");
+  static const std::regex kCode(R"(@retval\s+(\S+))");
   Contract contract;
-  for (std::sregex_iterator found(comment.begin(), comment.end(), kNumber), end; found != end;
+  for (std::sregex_iterator found(comment.begin(), comment.end(), kCode), end; found != end;
        ++found) {
-    contract.named.insert(static_cast<int32_t>(std::stoll((*found)[1], nullptr, 0)));
+    contract.named.insert(codeNamed((*found)[1]));
   }
   const size_t other = comment.find("@return");
   if (other != std::string::npos) {
@@ -64,10 +90,8 @@ void read(const std::string &header, Contracts &contracts) {
 
 Contracts readAll() {
   Contracts contracts;
-  for (const auto &entry : std::filesystem::directory_iterator(PMAPI_SOURCE_DIR "/include/pmapi")) {
-    std::ostringstream text;
-    text << std::ifstream(entry.path()).rdbuf();
-    read(text.str(), contracts);
+  for (const auto &entry : std::filesystem::directory_iterator(kHeaders)) {
+    read(textOf(entry.path()), contracts);
   }
   return contracts;
 }
