@@ -74,41 +74,41 @@ PMAPI_EXPORT int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record);
  * @{
  */
 /** Product token as the platform stores it, from a field of 32 characters. */
-PMAPI_EXPORT int32_t ubus_getProductToken(char *destination);
+PMAPI_EXPORT int32_t ubus_getProductToken(char destination[32]);
 /** Device type, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getDeviceType(char *destination);
+PMAPI_EXPORT int32_t ubus_getDeviceType(char destination[32]);
 /** Vendor, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getdeviceVendor(char *destination);
+PMAPI_EXPORT int32_t ubus_getdeviceVendor(char destination[32]);
 /** Model, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getDeviceModel(char *destination);
+PMAPI_EXPORT int32_t ubus_getDeviceModel(char destination[32]);
 /** Serial number, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getDeviceSn(char *destination);
+PMAPI_EXPORT int32_t ubus_getDeviceSn(char destination[32]);
 /** CMEI, from a field of 32 characters. */
-PMAPI_EXPORT int32_t ubus_getCMEI(char *destination);
+PMAPI_EXPORT int32_t ubus_getCMEI(char destination[32]);
 /** Software version, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getSWVersion(char *destination);
+PMAPI_EXPORT int32_t ubus_getSWVersion(char destination[32]);
 /** Firmware version, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getFWVersion(char *destination);
+PMAPI_EXPORT int32_t ubus_getFWVersion(char destination[32]);
 /** Authentication id, from a field of 32 characters. */
-PMAPI_EXPORT int32_t ubus_getAuthID(char *destination);
+PMAPI_EXPORT int32_t ubus_getAuthID(char destination[32]);
 /** Device key, from a field of 128 characters; @p destination has 128 bytes. */
-PMAPI_EXPORT int32_t ubus_getDevKey(char *destination);
+PMAPI_EXPORT int32_t ubus_getDevKey(char destination[128]);
 /**
  * Capture interface, from a field of 32 characters.
  * @return else the platform status of a failed read
  */
-PMAPI_EXPORT int32_t ubus_getCaptureEth(char *destination);
+PMAPI_EXPORT int32_t ubus_getCaptureEth(char destination[32]);
 /** User name of the first PPP connection, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getPPPOEUser(char *destination);
+PMAPI_EXPORT int32_t ubus_getPPPOEUser(char destination[32]);
 /** @} */
 
 /**
  * LAN MAC address.
- * @param destination 13 bytes at least: twelve lower-case digits and a zero
+ * @param destination receives twelve lower-case digits and a zero
  * @retval 0 written
  * @retval PM_STATUS_FAILED the view cannot be read or @p destination is NULL
  */
-PMAPI_EXPORT int32_t ubus_getDeviceMac(char *destination);
+PMAPI_EXPORT int32_t ubus_getDeviceMac(char destination[13]);
 
 /**
  * Kind of uplink: "WLAN", "Ethernet", or @p text untouched for any other.
@@ -167,8 +167,8 @@ PMAPI_EXPORT int32_t ubus_get_current_version_code(void);
  * @retval PM_STATUS_FAILED no connection qualifies
  * @return else the platform status of the device type or the list
  */
-PMAPI_EXPORT int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[16], char *ifname,
-                                                   uint32_t *mode);
+PMAPI_EXPORT int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[16],
+                                                   char ifname[32], uint32_t *mode);
 
 /**
  * Looks up the Linux interface behind a WAN connection and makes it the capture interface.

@@ -73,15 +73,15 @@ PMAPI_EXPORT int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record);
  * @{
  */
 /** IPv4 address. */
-PMAPI_EXPORT int32_t ubus_getIpAddress(int32_t index, char *out);
+PMAPI_EXPORT int32_t ubus_getIpAddress(int32_t index, char out[32]);
 /** Host name, from a field of 64 characters. */
-PMAPI_EXPORT int32_t ubus_getHostName(int32_t index, char *out);
+PMAPI_EXPORT int32_t ubus_getHostName(int32_t index, char out[32]);
 /** MAC, twelve lower-case digits. */
-PMAPI_EXPORT int32_t ubus_getMacAddress(int32_t index, char *out);
+PMAPI_EXPORT int32_t ubus_getMacAddress(int32_t index, char out[32]);
 /** Kind of device, as staType of StaInfoRecord. */
-PMAPI_EXPORT int32_t ubus_getStatype(int32_t index, char *out);
+PMAPI_EXPORT int32_t ubus_getStatype(int32_t index, char out[32]);
 /** Seconds since the station connected, over one wrap of the uptime counter. */
-PMAPI_EXPORT int32_t ubus_getUptime(int32_t index, char *out);
+PMAPI_EXPORT int32_t ubus_getUptime(int32_t index, char out[32]);
 /** @} */
 
 /**

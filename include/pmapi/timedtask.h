@@ -54,7 +54,7 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId);
  * @retval PM_STATUS_TIMERS_UNREADABLE a timer service cannot be read; @p count is untouched
  * @retval PM_STATUS_FAILED a pointer is NULL
  */
-PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count);
+PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer records[135], int32_t *count);
 
 /**
  * Turns a weekday mask into a list of days, Monday first and Sunday last.

@@ -13,6 +13,8 @@
  * - A NULL record, or a NULL output of a getter, yields PM_STATUS_FAILED and the platform is not
  *   asked.
  *   Other pointers must not be NULL.
+ * - An array parameter says how many elements the caller's array has to have. gcc warns of a
+ *   shorter one in C.
  * - Records that receive answers are to be zero-filled by the caller. Texts in them have at most
  *   their size minus one characters.
  * - Request texts are read as C strings from the start of their field: a text that is not

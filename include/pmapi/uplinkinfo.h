@@ -193,7 +193,7 @@ PMAPI_EXPORT int32_t ubus_get_manger_mac(uint8_t mac[6]);
  * @retval 0 read
  * @retval PM_STATUS_FAILED the connection cannot be read, or a pointer is NULL
  */
-PMAPI_EXPORT int32_t ubus_getPPPOEUserPwd(char *user, char *password);
+PMAPI_EXPORT int32_t ubus_getPPPOEUserPwd(char user[32], char password[32]);
 
 /**
  * Current rates, summed over all WAN connections: counter / 1024 with three decimals.
@@ -205,7 +205,7 @@ PMAPI_EXPORT int32_t ubus_getPPPOEUserPwd(char *user, char *password);
  * @retval PM_STATUS_UNREADABLE the connections cannot be listed or one cannot be read; nothing is
  *   written
  */
-PMAPI_EXPORT int32_t ubus_get_rate_rt(char *rxText, char *txText);
+PMAPI_EXPORT int32_t ubus_get_rate_rt(char rxText[64], char txText[64]);
 
 /**
  * MAC of the upstream gateway, from the kernel's ARP table: pairs with ":".
@@ -217,7 +217,7 @@ PMAPI_EXPORT int32_t ubus_get_rate_rt(char *rxText, char *txText);
  * @retval PM_STATUS_FAILED the table cannot be opened or skipped to its first entry, or @p mac is
  *   NULL
  */
-PMAPI_EXPORT int32_t ubus_getGatewayMac(char *mac);
+PMAPI_EXPORT int32_t ubus_getGatewayMac(char mac[32]);
 
 /**
  * @name IPv6 views of a WAN connection

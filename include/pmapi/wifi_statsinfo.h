@@ -43,9 +43,9 @@ PMAPI_EXPORT int32_t pm_ubus_get_wifi_statsinfo(const char *instance, WifiStatsR
  * @{
  */
 /** Band: "2.4G", "5G", or nothing for any other. */
-PMAPI_EXPORT int32_t ubus_getRadio(const char *instance, char *out);
+PMAPI_EXPORT int32_t ubus_getRadio(const char *instance, char out[32]);
 /** Network name, from a field of 32 characters. */
-PMAPI_EXPORT int32_t ubus_getSsid(const char *instance, char *out);
+PMAPI_EXPORT int32_t ubus_getSsid(const char *instance, char out[32]);
 /** Bytes sent. */
 PMAPI_EXPORT int32_t ubus_getTotalBytesSent(const char *instance, uint64_t *out);
 /** Bytes received. */

@@ -58,29 +58,29 @@ PMAPI_EXPORT int32_t ubus_get_radios_SSIDEnable(int32_t radioIndex, uint32_t *ou
  * Transmit power as stored, at most 11 characters from a field of 12 bytes; other indices than 0
  * and 4 give none.
  */
-PMAPI_EXPORT int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char out[32]);
 /** 802.11 standard, such as "802.11bgnax". */
-PMAPI_EXPORT int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char out[32]);
 /** Noise level, decimal. */
-PMAPI_EXPORT int32_t ubus_get_radios_noiseLevel(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_radios_noiseLevel(int32_t radioIndex, char out[32]);
 /** Interference in percent. */
 PMAPI_EXPORT int32_t ubus_get_radios_interferencePercent(int32_t radioIndex, uint32_t *out);
 /** Channel number, decimal. */
-PMAPI_EXPORT int32_t ubus_get_radios_Channel(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_radios_Channel(int32_t radioIndex, char out[32]);
 /** Band: "2.4G" or "5G". */
-PMAPI_EXPORT int32_t ubus_get_config_Radio(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_config_Radio(int32_t radioIndex, char out[32]);
 /** Last digit of the SSID's one-based number: index 9 gives 0. */
 PMAPI_EXPORT int32_t ubus_get_config_Index(int32_t radioIndex, uint32_t *out);
 /** Network name, from a field of 32 characters. */
-PMAPI_EXPORT int32_t ubus_get_config_Ssid(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_config_Ssid(int32_t radioIndex, char out[32]);
 /** Security mode as WifiParameterRecord names it; WEP always reads as "WEP-64". */
-PMAPI_EXPORT int32_t ubus_get_config_SecurityMode(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_config_SecurityMode(int32_t radioIndex, char out[32]);
 /**
  * WEP key or passphrase, from a field of 64 characters; a WPA3 network gives none.
  * @retval PM_STATUS_WEP_KEY_UNREADABLE the WEP key cannot be read
  * @retval PM_STATUS_PASSPHRASE_UNREADABLE the passphrase cannot be read
  */
-PMAPI_EXPORT int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out);
+PMAPI_EXPORT int32_t ubus_get_config_Pwd(int32_t radioIndex, char out[32]);
 /** Most stations admitted. */
 PMAPI_EXPORT int32_t ubus_get_config_MaxAssociateNum(int32_t radioIndex, uint32_t *out);
 /** Whether the SSID is broadcast: 1 or 0. */
