@@ -11,9 +11,7 @@ namespace pm {
 
 inline constexpr int32_t kOk = PM_STATUS_OK;
 inline constexpr int32_t kFailure = PM_STATUS_FAILED;
-inline constexpr int32_t kUnreadable = PM_STATUS_UNREADABLE;
 inline constexpr int32_t kNullRecord = PM_STATUS_NULL_RECORD;
-inline constexpr int32_t kMalformed = PM_STATUS_MALFORMED_ENTRY;
 
 /// Writes that the platform accepts, among them those that changed nothing.
 constexpr bool appliedOrUnchanged(int32_t status) {

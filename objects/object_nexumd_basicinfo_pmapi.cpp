@@ -40,7 +40,7 @@ constexpr uint32_t kDevKeySize = 128;
 
 constexpr uint32_t kDualBandCards = 2;
 
-constexpr int32_t kVersionUnread = -1;
+constexpr int32_t kVersionUnread = PM_STATUS_FAILED;
 constexpr int32_t kVersionFault = 6419;
 int32_t cachedVersionCode = kVersionUnread;
 

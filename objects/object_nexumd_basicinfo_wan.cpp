@@ -29,7 +29,6 @@ enum AddressMode : uint32_t { kIpv4Only = 1, kIpv6Only = 2, kDualStack = 3 };
 
 constexpr uint32_t kRouteUsable = 1;
 constexpr uint32_t kMaxWanConnections = 32;
-constexpr int32_t kTooManyConnections = -12;
 
 using RouteBuffer = RecordBuffer<platform::RouteInfoRecord>;
 
@@ -66,7 +65,7 @@ int32_t listConnections(const LogOrigin &origin, WanConnectionTable &table) {
   if (table.list.dwCount > kMaxWanConnections) {
     PM_LOG_FOR(origin, kInfo, 0, "wanc count=%d, WANCID_MAX=%d", table.list.dwCount,
                kMaxWanConnections);
-    return kTooManyConnections;
+    return PM_STATUS_TOO_MANY_CONNECTIONS;
   }
   return kOk;
 }

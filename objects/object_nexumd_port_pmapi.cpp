@@ -82,7 +82,7 @@ int32_t pm_ubus_get_portinfo(uint32_t portIndex, const char *instance, PortInfoR
   PortConfigBuffer config;
   if (const int32_t status = config.read(instance); status != kOk) {
     PM_FAIL(status, "vcorDbGetView DBVIEW_ETH_PORTCONF failed!");
-    return kUnreadable;
+    return PM_STATUS_UNREADABLE;
   }
   const LogOrigin origin = PM_ORIGIN;
   fillMac(origin, config, record);

@@ -44,7 +44,7 @@ int32_t applySwitches(const LogOrigin &origin, uint8_t enable, uint8_t policy) {
   status = pm_fw_set_base("IGD", base.bytes);
   if (status == kOk) return kOk;
   PM_LOG_FOR(origin, kError, status, "[pm_fw_set_base] failed, retcode = %d\n", status);
-  return kUnreadable;
+  return PM_STATUS_NOT_WRITTEN;
 }
 
 int32_t net_parse_mac_filter_data(uint8_t enable, uint8_t policy, const uint8_t mac[6],
@@ -131,7 +131,7 @@ int32_t pm_ubus_macfilter_set(const UbusMacFilter *record) {
   copyText(entries, record->entries);
   PM_LOG(kInfo, "macFilterEnable = %u, macFilterPolicy = %u, entries = %s\n",
          record->macFilterEnable, record->macFilterPolicy, entries);
-  if (!entriesAreWellFormed(PM_ORIGIN, entries)) return kMalformed;
+  if (!entriesAreWellFormed(PM_ORIGIN, entries)) return PM_STATUS_MALFORMED_ENTRY;
 
   if (record->macFilterEnable == kOn) net_del_mac_filter_data();
   const auto enable = static_cast<uint8_t>(record->macFilterEnable);

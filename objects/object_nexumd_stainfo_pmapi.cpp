@@ -25,7 +25,7 @@ constexpr char kKinds[][8] = {"phone", "pad", "pc", "stb", "ap", "iot"};
 constexpr uint32_t kKindCount = sizeof kKinds / sizeof kKinds[0];
 
 int32_t listDevices(DeviceTable &devices) {
-  return plib_adev_list_view_all(&devices.list) == kOk ? kOk : kMalformed;
+  return plib_adev_list_view_all(&devices.list) == kOk ? PM_STATUS_OK : PM_STATUS_LIST_UNREADABLE;
 }
 
 /// The path at a position, whether or not the list reaches that far.
@@ -212,7 +212,7 @@ int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRec
   ViewBuffer<platform::AccessDeviceView> access;
   if (const int32_t status = access.read(path.text); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "get DBVIEW_ACCESS_DEV failed, iRet=%d\n", status);
-    return kUnreadable;
+    return PM_STATUS_UNREADABLE;
   }
   PM_LOG_FOR(origin, kVerbose, 0, " get DBVIEW_ACCESS_DEV succ");
   record->adevValue = access.getSigned(access.adevValue);
@@ -228,7 +228,7 @@ int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRec
 
 int32_t fillTraffic(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
   StationStatisticsBuffer traffic;
-  if (pm_bw_get_hard_stats(path.text, traffic.bytes) != kOk) return kUnreadable;
+  if (pm_bw_get_hard_stats(path.text, traffic.bytes) != kOk) return PM_STATUS_UNREADABLE;
   PM_LOG_FOR(origin, kInfo, 0, "out pm_bw_get_hard_stats");
   record->totalBytesSent = traffic.get(traffic.totalBytesSent);
   record->totalBytesReceived = traffic.get(traffic.totalBytesReceived);

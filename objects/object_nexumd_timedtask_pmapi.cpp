@@ -19,9 +19,6 @@ static constexpr char kSourceTag[] = "object_nexumd_timedtask_pmapi.c";
 
 namespace {
 
-constexpr int32_t kNoRecord = -10;
-constexpr int32_t kServiceUnreadable = -6;
-
 enum Action { kWakeUp = 1, kWlanSchedule = 2 };
 enum Operation : uint32_t { kAddEntry = 0, kDeleteEntry = 1 };
 enum Edge : uint8_t { kStart = 0, kEnd = 1 };
@@ -151,7 +148,7 @@ int32_t readService(const LogOrigin &origin, const TimerService &service, Contro
   const int32_t status = call(service.get, control);
   if (status == kOk) return kOk;
   PM_LOG_FOR(origin, kError, status, "%s error\n", service.getName);
-  return kServiceUnreadable;
+  return PM_STATUS_TIMERS_UNREADABLE;
 }
 
 /// Lists at most `capacity` tasks.
@@ -259,7 +256,7 @@ int32_t pm_ubus_nexumd_wifi_timer_add(const UbusWifiTimer *record) {
   PM_ENTER();
   if (record == nullptr) {
     PM_FAIL(0, "buff is NULL\n");
-    return kNoRecord;
+    return PM_STATUS_NO_RECORD;
   }
   deleteSameTask(PM_ORIGIN, record->taskId);
   switch (record->Action) {

@@ -38,7 +38,6 @@ static constexpr char kSourceTag[] = "object_nexumd_uplinkinfo_pmapi.c";
 
 namespace {
 
-constexpr int32_t kNotOneMatch = -2;
 constexpr uint32_t kTextSize = 32;
 
 /// Where a view keeps the text by which it is looked up.
@@ -61,7 +60,7 @@ int32_t seekMatch(const LogOrigin &origin, const KeyField &field, const char *ke
   if (vcorDbQryView(field.viewId, bytes, &found.list) != kOk) return kFailure;
   if (found.reported() != 1) {
     PM_LOG_FOR(origin, kError, 0, "No Run Info [%s] [%d]", key, found.reported());
-    return kNotOneMatch;
+    return PM_STATUS_NOT_ONE_MATCH;
   }
   prepareView(bytes, field.viewSize);
   return vcorDbGetView(field.viewId, found.at(0).text, bytes);
@@ -138,7 +137,7 @@ BandwidthAnswer askManagerForBandwidth(const LogOrigin &origin,
 
 int32_t ubus_get_rate_rt(char *rxText, char *txText) {
   PM_ENTER();
-  return sumUplinkRates(PM_ORIGIN, askManagerForBandwidth, kUnreadable, rxText, txText);
+  return sumUplinkRates(PM_ORIGIN, askManagerForBandwidth, PM_STATUS_UNREADABLE, rxText, txText);
 }
 
 namespace {

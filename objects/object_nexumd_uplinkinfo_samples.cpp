@@ -230,7 +230,7 @@ BandwidthAnswer askProxyForBandwidth(const LogOrigin &origin, const BandwidthReq
 }
 
 int32_t net_json_get_rate_rt(char *rxText, char *txText) {
-  return sumUplinkRates(PM_ORIGIN, askProxyForBandwidth, kMalformed, rxText, txText);
+  return sumUplinkRates(PM_ORIGIN, askProxyForBandwidth, PM_STATUS_LIST_UNREADABLE, rxText, txText);
 }
 
 }  // namespace
@@ -295,7 +295,7 @@ int32_t if_sta_statics(int32_t mode) {
   if (refreshIntervals(PM_ORIGIN) != kOk) return kOk;
   PM_LOG(kInfo, "get_sample_data  \r\n");
   DeviceTable devices;
-  if (plib_adev_list_view(&devices.list) != kOk) return kMalformed;
+  if (plib_adev_list_view(&devices.list) != kOk) return PM_STATUS_LIST_UNREADABLE;
 
   StationStatisticsBuffer statistics;
   for (uint32_t i = 0; i < devices.count(); ++i) {

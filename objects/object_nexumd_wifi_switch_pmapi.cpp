@@ -10,8 +10,6 @@ using namespace pm;
 
 static constexpr char kSourceTag[] = "object_nexumd_wifi_switch_pmapi.c";
 
-static constexpr int32_t kUnknownRadio = -257;
-
 uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record) {
   PM_ENTER();
   if (record == nullptr) {
@@ -23,7 +21,7 @@ uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record) {
   const auto band = wlan::bandNamed(radio);
   if (!band) {
     PM_FAIL(0, "ubuswifiparameter->radio error %s \r\n", radio);
-    return static_cast<uint32_t>(kUnknownRadio);
+    return static_cast<uint32_t>(PM_STATUS_UNKNOWN_RADIO);
   }
   const InstancePath instance = wlan::radioInstance(*band);
   RecordBuffer<WlanConfigRecord> config;

@@ -15,8 +15,6 @@ static constexpr char kSourceTag[] = "object_nexumd_wifiinfo_pmapi.c";
 namespace {
 
 constexpr uint32_t kKeyNameLimit = 30;
-constexpr int32_t kWepKeyUnreadable = 1001;
-constexpr int32_t kPassphraseUnreadable = 1003;
 
 using WlanConfig = RecordBuffer<WlanConfigRecord>;
 
@@ -93,7 +91,7 @@ int32_t getWepKey(const LogOrigin &origin, const InstancePath &ssid, uint32_t ke
   const int32_t status = pm_wlan_get_wep(instance.text, &wep);
   if (!appliedOrUnchanged(status)) {
     PM_LOG_FOR(origin, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
-    return kWepKeyUnreadable;
+    return PM_STATUS_WEP_KEY_UNREADABLE;
   }
   copyExact(out, wep.text(wep.key), kGetterTextSize - 1);
   return kOk;
@@ -105,7 +103,7 @@ int32_t getPassphrase(const LogOrigin &origin, const InstancePath &ssid, char *o
   const int32_t status = pm_wlan_get_psk(instance.text, &psk);
   if (!appliedOrUnchanged(status)) {
     PM_LOG_FOR(origin, kError, status, "pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
-    return kPassphraseUnreadable;
+    return PM_STATUS_PASSPHRASE_UNREADABLE;
   }
   copyExact(out, psk.text(psk.passphrase), kGetterTextSize - 1);
   return kOk;

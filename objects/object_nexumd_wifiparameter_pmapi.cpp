@@ -15,8 +15,6 @@ static constexpr char kSourceTag[] = "object_nexumd_wifiparameter_pmapi.c";
 
 namespace {
 
-constexpr int32_t kKeyRefused = -21;
-
 using WlanConfig = RecordBuffer<WlanConfigRecord>;
 
 void logRequest(const LogOrigin &origin, const WifiParameterRecord &request) {
@@ -105,7 +103,7 @@ int32_t writeWepKey(const LogOrigin &origin, const InstancePath &ssid, WlanConfi
   wep.set(wep.key, key);
   if (const int32_t status = pm_wlan_set_wep(instance.text, &wep); !appliedOrUnchanged(status)) {
     printf("pm_wlan_set_wep=%s fail=%d\n", instance.text, status);
-    return kKeyRefused;
+    return PM_STATUS_KEY_REFUSED;
   }
   logKey(origin, config, wep.text(wep.key));
   return kOk;
@@ -122,7 +120,7 @@ int32_t writePassphrase(const LogOrigin &origin, const InstancePath &ssid, WlanC
   psk.set(psk.passphrase, passphrase);
   if (const int32_t status = pm_wlan_set_psk(instance.text, &psk); !appliedOrUnchanged(status)) {
     printf("pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
-    return kKeyRefused;
+    return PM_STATUS_KEY_REFUSED;
   }
   logKey(origin, config, psk.text(psk.passphrase));
   return kOk;

@@ -11,7 +11,6 @@ static constexpr char kSourceTag[] = "object_nexumd_wlan_neighborinfo_pmapi.c";
 
 namespace {
 
-constexpr int32_t kNoRecord = -10;
 constexpr uint32_t kScanSeconds = 5;
 
 void fillEntry(const HeardAccessPoint &heard, const char *radio, NeighborApEntry &entry) {
@@ -50,7 +49,7 @@ uint32_t pm_ubus_wlan_neighborinfo_get_2g(NeighborInfoRecord *record) {
   PM_LOG(kVerbose, "Enter pm_ubus_wlan_neighbourinfo_get_2g\n");
   if (record == nullptr) {
     PM_FAIL(0, "buff is NULL\n");
-    return static_cast<uint32_t>(kNoRecord);
+    return static_cast<uint32_t>(PM_STATUS_NO_RECORD);
   }
   return static_cast<uint32_t>(
       scanBand(PM_ORIGIN, wlan::kBand24G, record, &record->neighborNum24G));
@@ -60,7 +59,7 @@ uint32_t pm_ubus_wlan_neighborinfo_get_5g(NeighborInfoRecord *record) {
   PM_LOG(kVerbose, "Enter pm_ubus_ortand_neighbourinfo_get_5g\n");
   if (record == nullptr) {
     PM_FAIL(0, "buff is NULL\n");
-    return static_cast<uint32_t>(kNoRecord);
+    return static_cast<uint32_t>(PM_STATUS_NO_RECORD);
   }
   return static_cast<uint32_t>(scanBand(PM_ORIGIN, wlan::kBand5G, record, &record->neighborNum5G));
 }

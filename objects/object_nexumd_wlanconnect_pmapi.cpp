@@ -20,8 +20,6 @@ constexpr uint32_t kScanSeconds = 10;
 constexpr uint32_t kJoinSeconds = 10;
 constexpr uint32_t kPassphraseSize = 63;
 
-constexpr int32_t kClientNotRecorded = -8;
-
 /// Makes Wi-Fi the uplink. A platform that does not take over the new mode at once is only logged.
 int32_t switchUplink(const LogOrigin &origin) {
   UpModeInfo before{};
@@ -96,7 +94,7 @@ int32_t recordClient(const LogOrigin &origin) {
   const InstancePath instance("IGD.LD1.WLANApcli1");
   if (const int32_t status = client.write(instance.text); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "Set DBVIEW_WLAN_APCLI error! line(%d)\n", __LINE__);
-    return kClientNotRecorded;
+    return PM_STATUS_NOT_WRITTEN;
   }
   PM_LOG_FOR(origin, kInfo, 0, "Find Uplink ssid and uplink success!!! line(%d)\n", __LINE__);
   return kOk;

@@ -14,7 +14,6 @@ static constexpr char kSourceTag[] = "objest_nexumd_set_radio_pmapi.c";
 
 namespace {
 
-constexpr int32_t kNo5GRadio = -7;
 constexpr uint32_t kSingleCard = 1;
 constexpr int32_t kFullPower = 100;
 constexpr int32_t kPowerPerLevel = 20;
@@ -70,8 +69,9 @@ int32_t chooseBand(const LogOrigin &origin, const char *radio, uint32_t cards, u
   }
   PM_LOG_FOR(origin, kInfo, 0, "enter 5G-------------------------------------");
   if (cards == kSingleCard) {
-    PM_LOG_FOR(origin, kError, kNo5GRadio, "error:there is no 5G info, iRet = %d\n", kNo5GRadio);
-    return kNo5GRadio;
+    PM_LOG_FOR(origin, kError, PM_STATUS_NO_5G_RADIO, "error:there is no 5G info, iRet = %d\n",
+               PM_STATUS_NO_5G_RADIO);
+    return PM_STATUS_NO_5G_RADIO;
   }
   return kOk;
 }

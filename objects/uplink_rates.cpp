@@ -17,7 +17,7 @@ int32_t sumUplinkRates(const LogOrigin &origin, BandwidthQuery query, int32_t un
                        char *rxText, char *txText) {
   if (rxText == nullptr || txText == nullptr) {
     PM_LOG_FOR(origin, kError, 0, "RxRate_rt OR TxRate_rt IS null");
-    return kMalformed;
+    return PM_STATUS_NULL_TEXT;
   }
   InstanceTable<kConnections> connections;
   if (connections.listView(DBVIEW_WAN_CONN_DEV, "IGD") != kOk) {
