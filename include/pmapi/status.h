@@ -22,7 +22,7 @@ enum PmStatus {
   PM_STATUS_NO_RECORD = -10,        /**< the record of a scan or of a new timer task is NULL */
   PM_STATUS_TOO_MANY_CONNECTIONS = -12,  /**< more WAN connections than the library looks at */
   PM_STATUS_KEY_REFUSED = -21,           /**< the key of an SSID was refused */
-  PM_STATUS_NULL_RECORD = -257,          /**< the record, or another pointer, of a setter is NULL */
+  PM_STATUS_NULL_RECORD = -257,          /**< the record, or another pointer, is NULL */
   PM_STATUS_UNKNOWN_RADIO = -257,        /**< no radio has that name */
   PM_STATUS_NOT_COMPLETED = 1,           /**< the speed test is not completed */
   PM_STATUS_LIST_UNREADABLE = 1001,      /**< a list of the platform cannot be read */
