@@ -6,6 +6,7 @@
 
 #include "gateway/boundary.hpp"
 #include "gateway/gateway.hpp"
+#include "gateway/habits.hpp"
 #include "gateway/instances.hpp"
 
 using namespace gateway;
@@ -48,7 +49,9 @@ int32_t vcorDbGetView(uint32_t viewId, const char *instance, void *view) {
     const std::string path = pathFrom(instance);
     checkHeader(layout, view);
     checkCleared(layout, view);
-    return gateway.store().get(layout, path, view);
+    const int32_t status = gateway.store().get(layout, path, view);
+    if (habits().spoilsHeaders) std::memset(view, 0xFF, layout.headerSize());
+    return status;
   });
 }
 

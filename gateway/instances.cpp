@@ -1,11 +1,24 @@
 #include "gateway/instances.hpp"
 
+#include <algorithm>
 #include <cstring>
 
 #include "gateway/boundary.hpp"
 #include "gateway/gateway.hpp"
+#include "gateway/habits.hpp"
 
 namespace gateway {
+
+namespace {
+
+void checkWhole(const char *path, size_t length) {
+  const bool isWhole =
+      length < PLATFORM_INSTANCE_SIZE && std::all_of(path + length, path + PLATFORM_INSTANCE_SIZE,
+                                                     [](char byte) { return byte == '\0'; });
+  if (!isWhole) throw Refusal(kBadRequest, "the instance path does not lie in 32 zeroed bytes");
+}
+
+}  // namespace
 
 std::string pathFrom(const char *path) {
   if (path == nullptr) throw Refusal(kNullArgument, "no instance path");
@@ -14,6 +27,7 @@ std::string pathFrom(const char *path) {
     throw Refusal(kPathTooLong, "the instance path is longer than " +
                                     std::to_string(PLATFORM_INSTANCE_SIZE) + " characters");
   }
+  if (habits().copiesWholePaths) checkWhole(path, length);
   return {path, length};
 }
 

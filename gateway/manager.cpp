@@ -7,6 +7,7 @@
 
 #include "gateway/boundary.hpp"
 #include "gateway/gateway.hpp"
+#include "gateway/habits.hpp"
 #include "gateway/reply.hpp"
 #include "gateway/section.hpp"
 #include "platform/proxy.h"
@@ -88,8 +89,9 @@ int32_t pm_send_msg_2mm(const char *module, uint32_t messageClass, uint32_t mess
       const auto found = answers().find({module, messageId});
       if (found == answers().end()) refuseAsMissing();
       const auto *begin = static_cast<const uint8_t *>(request);
-      writeReply(found->second(gateway, {begin, begin == nullptr ? 0 : requestLength}), reply,
-                 replyLength);
+      Bytes answer = found->second(gateway, {begin, begin == nullptr ? 0 : requestLength});
+      if (habits().answersAtLength) answer.resize(2048);
+      writeReply(answer, reply, replyLength);
       return kOk;
     });
   }

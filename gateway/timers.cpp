@@ -7,6 +7,7 @@
 
 #include "gateway/boundary.hpp"
 #include "gateway/gateway.hpp"
+#include "gateway/habits.hpp"
 #include "gateway/proxy.hpp"
 #include "platform/records/timer_control.hpp"
 #include "platform/timers.h"
@@ -117,6 +118,18 @@ void writeTask(const TimerTask &task, const Row &entry) {
   entry.setWord(TimerEntry::index, static_cast<uint32_t>(task.index));
 }
 
+/// The bytes of an entry that belong to no field: behind the time's end, and behind the switches.
+std::vector<uint8_t *> gapsIn(const Row &entry) {
+  std::vector<uint8_t *> gaps;
+  for (size_t i = entry.text(TimerEntry::time).size() + 1; i < TimerEntry::time.width; ++i) {
+    gaps.push_back(entry.data() + TimerEntry::time.offset + i);
+  }
+  for (size_t i = TimerEntry::enable.offset + 1; i < TimerEntry::taskId.offset; ++i) {
+    gaps.push_back(entry.data() + i);
+  }
+  return gaps;
+}
+
 void checkBuffers(const void *request, const void *control) {
   if (request == nullptr || control == nullptr) throw Refusal(kNullArgument, "a buffer is missing");
   for (size_t i = 0; i < 32; ++i) {
@@ -129,7 +142,12 @@ void checkBuffers(const void *request, const void *control) {
 int32_t list(const Gateway &gateway, const std::vector<TimerTask> &tasks, void *control) {
   const Row record = fieldsOf<TimerControlRecord>(control);
   record.setWord(TimerControlRecord::entryCount, gateway.boundary().countToReport(tasks.size()));
-  for (size_t i = 0; i < tasks.size(); ++i) writeTask(tasks[i], entryAt(control, i));
+  for (size_t i = 0; i < tasks.size(); ++i) {
+    const Row entry = entryAt(control, i);
+    writeTask(tasks[i], entry);
+    if (!habits().fillsGaps) continue;
+    for (uint8_t *gap : gapsIn(entry)) *gap = 0xEE;
+  }
   return kOk;
 }
 
@@ -153,6 +171,9 @@ int32_t change(std::vector<TimerTask> &tasks, void *control) {
       record.mark(TimerControlRecord::entryCount) != 1 ||
       record.mark(TimerControlRecord::operation) != 1) {
     throw Refusal(kBadRequest, "a set carries exactly one marked entry");
+  }
+  for (const uint8_t *gap : gapsIn(entryAt(control, 0))) {
+    if (*gap != 0) throw Refusal(kBadRequest, "an entry holds more than its fields");
   }
   const TimerTask task = taskFrom(entryAt(control, 0));
   if (record.word(TimerControlRecord::operation) == 0) return add(tasks, task, record);

@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::string_view kSsidStem = "IGD.LD1.WLAN";
 constexpr uint32_t kSsidsPerRadio = 4;
-constexpr const char *kCards = "IGD.LD1.WLANBase1";
+constexpr char kCards[PLATFORM_INSTANCE_SIZE] = "IGD.LD1.WLANBase1";
 
 // Made at start-up, so that its member of the profile is known before anybody calls.
 [[maybe_unused]] const Radios &registered = radios();

@@ -1,0 +1,10 @@
+#include "gateway/habits.hpp"
+
+namespace gateway {
+
+Habits &habits() {
+  static Habits habits;
+  return habits;
+}
+
+}  // namespace gateway
