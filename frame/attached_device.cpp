@@ -57,7 +57,7 @@ bool findLanInterface(const char *interfaceName, LanInfoBuffer &lan) {
   }
   const InstancePath instance = found.at(0);
   lan.reset();
-  if (lan.read(instance.text) != kOk) {
+  if (lan.read(instance) != kOk) {
     printf("[net_get_laninfo_by_ifname]vcorDbGetView   DBVIEW_LAN_INFO  %s  failed \n",
            instance.text);
     return false;

@@ -14,6 +14,15 @@ struct InstancePath {
 
   explicit InstancePath(const char *path) : text{} { copyText(text, path); }
 
+  /// A path known beforehand; it needs no copy.
+  template <uint32_t Size>
+  static consteval InstancePath constant(const char (&path)[Size]) {
+    static_assert(Size <= sizeof text);
+    InstancePath made;
+    for (uint32_t i = 0; i < Size; ++i) made.text[i] = path[i];
+    return made;
+  }
+
   /// The stem leaves room for any number.
   static InstancePath numbered(const char *stem, int32_t number) {
     InstancePath path(stem);
@@ -21,14 +30,23 @@ struct InstancePath {
     return path;
   }
 
+  /// Ends what the platform has written here, however long it was.
+  void end() { text[sizeof text - 1] = '\0'; }
+
   /// What does not fit is cut.
   void append(const char *more);
   void append(int32_t number);
+
+ private:
+  constexpr InstancePath() : text{} {}
 };
 
+/// The gateway itself.
+inline constexpr InstancePath kGatewayPath = InstancePath::constant("IGD");
+
 /// The first SSID of each band, which stands for its radio.
-inline constexpr char kFirst24GSsid[] = "IGD.LD1.WLAN1";
-inline constexpr char kFirst5GSsid[] = "IGD.LD1.WLAN5";
+inline constexpr InstancePath kFirst24GSsid = InstancePath::constant("IGD.LD1.WLAN1");
+inline constexpr InstancePath kFirst5GSsid = InstancePath::constant("IGD.LD1.WLAN5");
 
 /// How many of the reported items really lie in a table of `capacity`; the platform may count more
 /// than fit, or a negative number.
@@ -53,9 +71,9 @@ class InstanceTable {
 
   InstancePath at(uint32_t index) const { return InstancePath(paths_[index]); }
 
-  /// Lists all instances of a view under `parent`; returns the platform's status.
-  int32_t listView(uint32_t viewId, const char *parent) {
-    return vcorDbLstView(viewId, parent, &list, Capacity);
+  /// Lists all instances of a view; returns the platform's status.
+  int32_t listView(uint32_t viewId) {
+    return vcorDbLstView(viewId, kGatewayPath.text, &list, Capacity);
   }
 
   InstanceList list;

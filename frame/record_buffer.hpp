@@ -2,7 +2,7 @@
 //
 //   ViewBuffer<platform::GatewayIdentityView> identity;   // zeroed, header written
 //   identity.set(identity.captureEth, name);              // stores and marks
-//   const int32_t status = identity.write("IGD");
+//   const int32_t status = identity.write(kGatewayPath);
 //
 // Values are stored and marked by one call, so neither can be forgotten. Access compiles down to a
 // constant offset; field names do not reach the built library.
@@ -10,6 +10,7 @@
 
 #include <cstring>
 
+#include "frame/instance.hpp"
 #include "frame/text.hpp"
 #include "platform/config_database.h"
 #include "platform/record.hpp"
@@ -203,8 +204,16 @@ class ViewBuffer : public RecordBuffer<Layout> {
   /// Makes the buffer fit for another read.
   void reset() { prepareView(bytes, Layout::kSize); }
 
-  int32_t read(const char *path) { return vcorDbGetView(Layout::kId, path, bytes); }
-  int32_t write(const char *path) { return vcorDbSetView(Layout::kId, path, bytes); }
+  int32_t read(const InstancePath &path) { return readAt(path.text); }
+  int32_t write(const InstancePath &path) { return writeAt(path.text); }
+
+  /// The same with a path that is handed on as it was given.
+  int32_t readAt(const char *path) { return vcorDbGetView(Layout::kId, path, bytes); }
+  /// The header is written anew: a platform's read may have put its own there.
+  int32_t writeAt(const char *path) {
+    writeHeader(bytes, Layout::kSize);
+    return vcorDbSetView(Layout::kId, path, bytes);
+  }
   int32_t query(InstanceList *found) { return vcorDbQryView(Layout::kId, bytes, found); }
 
   PM_INLINE void match(platform::Word field, uint32_t wanted) {

@@ -27,7 +27,7 @@ int32_t readEasyMesh(const LogOrigin &origin, EasyMeshBuffer &view) {
   PM_LOG_FOR(origin, kInfo, 0, "now in VIEW_INIT\n");
   PM_LOG_FOR(origin, kInfo, 0, "after VIEW_INIT\n");
   PM_LOG_FOR(origin, kInfo, 0, "now in vcorDbGetView\n");
-  const int32_t status = view.read("IGD");
+  const int32_t status = view.read(kGatewayPath);
   PM_LOG_FOR(origin, kInfo, 0, "after vcorDbGetView\n");
   return reportedRead(origin, status);
 }

@@ -35,6 +35,10 @@ constexpr char kProtocolVersion[] = "1.4.1";
 constexpr char kTestFlag[] = "Test";
 constexpr int32_t kVersionType = 2;
 
+constexpr InstancePath kLanDevice = InstancePath::constant("IGD.LD1");
+constexpr InstancePath kFirstRadio = InstancePath::constant("IGD.LD1.WLANBase1");
+constexpr InstancePath kFirstPppConnection = InstancePath::constant("IGD.WD1.WCD1.WCPPP1");
+
 constexpr uint32_t kTextSize = 32;
 constexpr uint32_t kDevKeySize = 128;
 
@@ -46,7 +50,7 @@ int32_t cachedVersionCode = kVersionUnread;
 
 /// What the text getters share: one read of one view, one text taken from it.
 template <class View>
-int32_t readTextAt(const LogOrigin &origin, const char *instance, uint32_t offset,
+int32_t readTextAt(const LogOrigin &origin, const InstancePath &instance, uint32_t offset,
                    char *destination, uint32_t size) {
   if (destination == nullptr) return kFailure;
   ViewBuffer<View> view;
@@ -56,7 +60,7 @@ int32_t readTextAt(const LogOrigin &origin, const char *instance, uint32_t offse
 }
 
 template <class View, uint32_t Width>
-PM_INLINE int32_t readText(const LogOrigin &origin, const char *instance,
+PM_INLINE int32_t readText(const LogOrigin &origin, const InstancePath &instance,
                            platform::TypedField<platform::FieldKind::kText, true, Width> field,
                            char *destination, uint32_t size = kTextSize) {
   static_assert(Width >= kTextSize);
@@ -67,14 +71,14 @@ template <uint32_t Width>
 PM_INLINE int32_t readIdentity(const LogOrigin &origin,
                                platform::TypedField<platform::FieldKind::kText, true, Width> field,
                                char *destination, uint32_t size = kTextSize) {
-  return readText<GatewayIdentityView>(origin, "IGD", field, destination, size);
+  return readText<GatewayIdentityView>(origin, kGatewayPath, field, destination, size);
 }
 
 template <uint32_t Width>
 PM_INLINE int32_t readDevice(const LogOrigin &origin,
                              platform::TypedField<platform::FieldKind::kText, true, Width> field,
                              char *destination) {
-  return readText<DeviceInfoView>(origin, "IGD", field, destination);
+  return readText<DeviceInfoView>(origin, kGatewayPath, field, destination);
 }
 
 }  // namespace
@@ -155,8 +159,8 @@ int32_t ubus_getDevKey(char *destination) {
 
 int32_t ubus_getPPPOEUser(char *destination) {
   PM_ENTER();
-  if (readText<WanPppConnectionView>(PM_ORIGIN, "IGD.WD1.WCD1.WCPPP1",
-                                     WanPppConnectionView::userName, destination) != kOk) {
+  if (readText<WanPppConnectionView>(PM_ORIGIN, kFirstPppConnection, WanPppConnectionView::userName,
+                                     destination) != kOk) {
     return kFailure;
   }
   PM_LOG(kInfo, "pUser:%s\n", destination);
@@ -167,7 +171,7 @@ int32_t ubus_getCaptureEth(char *destination) {
   PM_LOG(kInfo, "now in si_getCaptureEth\n");
   if (destination == nullptr) return kFailure;
   ViewBuffer<GatewayIdentityView> identity;
-  if (const int32_t status = identity.read("IGD"); status != kOk) {
+  if (const int32_t status = identity.read(kGatewayPath); status != kOk) {
     PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
     return status;
   }
@@ -185,7 +189,7 @@ int32_t ubus_setCaptureEth(const char *name) {
   PM_LOG(kInfo, "eth:%s\n", name);
   ViewBuffer<GatewayIdentityView> identity;
   identity.set(identity.captureEth, name);
-  if (const int32_t status = identity.write("IGD"); status != kOk) {
+  if (const int32_t status = identity.write(kGatewayPath); status != kOk) {
     PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
     return kFailure;
   }
@@ -196,7 +200,7 @@ int32_t ubus_getDeviceMac(char *destination) {
   PM_LOG(kInfo, "now in si_getDeviceMac\n");
   if (destination == nullptr) return kFailure;
   ViewBuffer<LanDeviceView> lan;
-  if (const int32_t status = lan.read("IGD.LD1"); status != kOk) {
+  if (const int32_t status = lan.read(kLanDevice); status != kOk) {
     PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
     return kFailure;
   }
@@ -222,7 +226,7 @@ int32_t ubus_getWorkingMode(uint32_t *mode) {
   PM_LOG(kInfo, "now in si_getUplinkType\n");
   if (mode == nullptr) return kFailure;
   ViewBuffer<NetworkingDeviceView> networking;
-  if (const int32_t status = networking.read("IGD"); status != kOk) {
+  if (const int32_t status = networking.read(kGatewayPath); status != kOk) {
     PM_FAIL(status, "vcorDbGetView DBVIEW_NETWORKING_DEV_INFO failed!, iRet = %d\n", status);
     return status;
   }
@@ -233,7 +237,7 @@ int32_t ubus_getWorkingMode(uint32_t *mode) {
 int32_t ubus_getRadio5() {
   PM_ENTER();
   ViewBuffer<GatewayIdentityView> identity;
-  return reportedRead(PM_ORIGIN, identity.read("IGD")) == kOk ? kOk : kFailure;
+  return reportedRead(PM_ORIGIN, identity.read(kGatewayPath)) == kOk ? kOk : kFailure;
 }
 
 int32_t ubus_wlan_get_card_max(uint32_t *count) {
@@ -241,11 +245,10 @@ int32_t ubus_wlan_get_card_max(uint32_t *count) {
     PM_FAIL(0, "max_card_num is NULL\n");
     return kFailure;
   }
-  const InstancePath radio("IGD.LD1.WLANBase1");
   uint32_t answer = 0;
   auto answerLength = static_cast<uint16_t>(sizeof answer);
-  const int32_t status = askManager(MANAGER_MODULE_WLAN, WLAN_MGR_GET_CARD_MAX, radio.text,
-                                    sizeof radio.text, &answer, &answerLength);
+  const int32_t status = askManager(MANAGER_MODULE_WLAN, WLAN_MGR_GET_CARD_MAX, kFirstRadio.text,
+                                    sizeof kFirstRadio.text, &answer, &answerLength);
   if (status != kOk) {
     PM_FAIL(status, "pm_send_msg_2mm(LINE(%d)) fail=%d\n", __LINE__, status);
     return status;

@@ -56,7 +56,8 @@ int32_t listConnections(const LogOrigin &origin, WanConnectionTable &table) {
   }
   const uint32_t deviceType = wanDevice.get(wanDevice.wanDeviceType);
   PM_LOG_FOR(origin, kTrace, 0, "tWANDType=%d", deviceType);
-  if (const int32_t status = pm_e8_wanc_list_all_wanc_by_wand("IGD", deviceType, &table.list);
+  if (const int32_t status =
+          pm_e8_wanc_list_all_wanc_by_wand(kGatewayPath.text, deviceType, &table.list);
       status != kOk) {
     PM_LOG_FOR(origin, kInfo, status, "func CmListAllWANCByWAND fail,iRet=%d", status);
     return status;
@@ -169,7 +170,7 @@ int32_t ubus_get_ifname_from_ifid(const char *ifId) {
     return kFailure;
   }
   view.reset();
-  if (const int32_t status = view.read(found.at(0).text); status != kOk) {
+  if (const int32_t status = view.read(found.at(0)); status != kOk) {
     PM_FAIL(status, "vcorDbGetView DBVIEW_INTERFACE_INFO failed!!\n");
     return status;
   }

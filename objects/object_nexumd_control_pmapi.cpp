@@ -22,14 +22,15 @@ static constexpr char kSourceTag[] = "object_nexumd_control_pmapi.c";
 
 namespace {
 
+constexpr InstancePath kFirewallBase = InstancePath::constant("IGD.FWBASE");
+
 enum ControlType { kRestartGateway = 1, kRestart24G = 2, kRestart5G = 3 };
 
 constexpr uint32_t kRestoreKind = 5;
 
-int32_t restartRadio(const LogOrigin &origin, const char *ssidInstance) {
+int32_t restartRadio(const LogOrigin &origin, const InstancePath &instance) {
   RecordBuffer<WlanConfigRecord> config;
   config.set(config.restart, 1);
-  const InstancePath instance(ssidInstance);
   const int32_t status = pm_wlan_set_config(instance.text, &config);
   if (appliedOrUnchanged(status)) return kOk;
   PM_LOG_FOR(origin, kError, status, "wifi channel restart failed,iRet = %d \n", status);
@@ -77,13 +78,11 @@ int32_t pm_ubus_set_pmfctrl(const uint32_t *value) {
     return kNullRecord;
   }
   PM_LOG(kInfo, "Set pmfctrl:%d\n", *value);
-  const InstancePath radio24G(kFirst24GSsid);
-  if (const int32_t status = pm_wlan_set_pmf(radio24G.text, *value); status != kOk) {
+  if (const int32_t status = pm_wlan_set_pmf(kFirst24GSsid.text, *value); status != kOk) {
     PM_FAIL(status, "call pm_wlan_set_pmf 2G faild,iRet=%d\n", status);
     return kFailure;
   }
-  const InstancePath radio5G(kFirst5GSsid);
-  if (const int32_t status = pm_wlan_set_pmf(radio5G.text, *value); status != kOk) {
+  if (const int32_t status = pm_wlan_set_pmf(kFirst5GSsid.text, *value); status != kOk) {
     PM_FAIL(status, "call pm_wlan_set_pmf 5G faild,iRet=%d\n", status);
     return kFailure;
   }
@@ -169,7 +168,7 @@ int32_t pm_ubus_get_kernelcount(int32_t *count) {
 
 int32_t pm_ubus_lockstatus_get(uint32_t *status) {
   ViewBuffer<platform::FirewallBaseView> firewall;
-  const int32_t result = firewall.read("IGD.FWBASE");
+  const int32_t result = firewall.read(kFirewallBase);
   if (result == kOk) *status = firewall.get(firewall.lockStatus);
   return result;
 }
@@ -194,7 +193,7 @@ constexpr uint32_t kRouterMode = 1;
 
 int32_t pm_ubus_ipv6enable_get(uint32_t *enable) {
   NetworkingBuffer networking;
-  if (const int32_t status = networking.read("IGD"); status != kOk) {
+  if (const int32_t status = networking.read(kGatewayPath); status != kOk) {
     PM_FAIL(status, "getdbview networkingdevinfo error, iRet is %d\n", status);
     return status;
   }
@@ -205,7 +204,7 @@ int32_t pm_ubus_ipv6enable_get(uint32_t *enable) {
 int32_t pm_ubus_ipv6enable_set(uint32_t enable) {
   PM_ENTER();
   NetworkingBuffer networking;
-  if (const int32_t status = networking.read("IGD"); status != kOk) {
+  if (const int32_t status = networking.read(kGatewayPath); status != kOk) {
     PM_FAIL(status, "getdbview networkingdevinfo error, iRet is %d\n", status);
     return status;
   }
@@ -215,7 +214,7 @@ int32_t pm_ubus_ipv6enable_set(uint32_t enable) {
     }
   }
   networking.set(networking.ipv6Enable, enable);
-  if (const int32_t status = networking.write("IGD"); status != kOk) {
+  if (const int32_t status = networking.write(kGatewayPath); status != kOk) {
     PM_FAIL(status, "setdbview networkingdevinfo error, iRet is %d\n", status);
     return status;
   }

@@ -20,7 +20,7 @@ constexpr uint32_t kEntriesSize = 128;
 constexpr char kItemStore[] = "/userconfig/nexumd_cfgfile";
 
 bool readFirewallBase(const LogOrigin &origin, FirewallBase &base) {
-  const int32_t status = pm_fw_get_base("IGD", base.bytes);
+  const int32_t status = pm_fw_get_base(kGatewayPath.text, base.bytes);
   if (status == kOk) return true;
   PM_LOG_FOR(origin, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
   return false;

@@ -63,7 +63,8 @@ int32_t pm_ubus_get_hardware_info(HardwareInfoRecord *record) {
     return kFailure;
   }
   RecordBuffer<platform::CpuInfoRecord> processor;
-  if (const int32_t status = pm_srm_get_update_cpu_info("IGD", processor.bytes); status != kOk) {
+  if (const int32_t status = pm_srm_get_update_cpu_info(kGatewayPath.text, processor.bytes);
+      status != kOk) {
     PM_FAIL(status, "pm_srm_get_update_cpu_info fail\n");
     return kFailure;
   }

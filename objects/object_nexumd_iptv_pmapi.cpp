@@ -58,15 +58,16 @@ int32_t pm_ubus_nexumd_iptv_set(UbusIptv record) {
 
 int32_t pm_iptv_del(void) {
   BindingTable table;
-  if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND, "IGD"); status != kOk) {
+  if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND); status != kOk) {
     PM_FAIL(status, "vcorDbQryView DBVIEW_IPTVLANBIND failure! iRet = %d.\n", status);
     return status;
   }
   PM_LOG(kInfo, "vcorDbQryView DBVIEW_IPTVIVLANBIND tList.dwCount is %d \n", table.reported());
   for (uint32_t i = 0; i < table.count(); ++i) {
     ViewBuffer<IptvVlanBindingView> binding;
-    if (binding.read(table.at(i).text) != kOk) continue;
-    pm_iptvvlanbind_set_config(binding.text(binding.portPath), 0);
+    if (binding.read(table.at(i)) != kOk) continue;
+    const InstancePath port(binding.text(binding.portPath));
+    pm_iptvvlanbind_set_config(port.text, 0);
   }
   return kOk;
 }
@@ -75,7 +76,7 @@ int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record) {
   PM_ENTER();
   if (record == nullptr) return kFailure;
   BindingTable table;
-  if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND, "IGD"); status != kOk) {
+  if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND); status != kOk) {
     PM_FAIL(status, "list vlan fail!");
     return kFailure;
   }
@@ -86,7 +87,7 @@ int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record) {
   uint32_t wlanCount = 0;
   for (uint32_t i = 0; i < table.count(); ++i) {
     ViewBuffer<IptvVlanBindingView> binding;
-    if (binding.read(table.at(i).text) != kOk) continue;
+    if (binding.read(table.at(i)) != kOk) continue;
     const uint32_t vlanId = binding.get(binding.vlanId);
     if (vlanId >= 1 && vlanId <= kMaxReportedVlan) record->vlanId = vlanId;
     const char *path = binding.text(binding.portPath);

@@ -178,18 +178,19 @@ DevLmtCfg *si_ubus_deal_devlmt_list(const DevLmtCfg &wanted, bool isDel) {
 bool openTimePolicy(const LogOrigin &origin, const PolicyTable &found, uint32_t instance,
                     InstancePath &identity, TimePolicy &policy) {
   if (found.count() == 0) {
-    if (const int32_t status = vcorDbAddView(policy.kId, "IGD", identity.text); status != kOk) {
+    if (const int32_t status = vcorDbAddView(policy.kId, kGatewayPath.text, identity.text);
+        status != kOk) {
       PM_LOG_FOR(origin, kError, status, "[%s]  vcorDbSetView error\n", origin.function);
       return false;
     }
-    identity.text[sizeof identity.text - 1] = '\0';
+    identity.end();
     policy.set(policy.instance, instance);
     policy.set(policy.setting132, 0);
     policy.set(policy.setting260, 1);
     return true;
   }
   identity = found.at(0);
-  const int32_t status = policy.read(identity.text);
+  const int32_t status = policy.read(identity);
   if (status == kOk) return true;
   PM_LOG_FOR(origin, kError, status, "[%s] vcorDbGetView error\n", origin.function);
   return false;
@@ -210,7 +211,7 @@ bool writeTimePolicy(const LogOrigin &origin, const PolicyTable &found, const De
   policy.set(policy.week, limit.limitWeek);
   policy.set(policy.startTime, limit.limitStartTime);
   policy.set(policy.endTime, limit.limitEndTime);
-  if (const int32_t status = policy.write(identity.text); status != kOk) {
+  if (const int32_t status = policy.write(identity); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "[%s] vcorDbSetView error\n", origin.function);
     return false;
   }

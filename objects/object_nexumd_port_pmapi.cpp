@@ -80,7 +80,7 @@ int32_t pm_ubus_get_portinfo(uint32_t portIndex, const char *instance, PortInfoR
   record->portNumber = portIndex + 1;
 
   PortConfigBuffer config;
-  if (const int32_t status = config.read(instance); status != kOk) {
+  if (const int32_t status = config.readAt(instance); status != kOk) {
     PM_FAIL(status, "vcorDbGetView DBVIEW_ETH_PORTCONF failed!");
     return PM_STATUS_UNREADABLE;
   }

@@ -69,7 +69,7 @@ void reportRule(RuleView &rule, UbusQosRule &reported) {
 }
 
 int32_t listRules(const LogOrigin &origin, RuleTable &table) {
-  const int32_t status = table.listView(DBVIEW_QOS_CLASSIFICATION, "IGD");
+  const int32_t status = table.listView(DBVIEW_QOS_CLASSIFICATION);
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status,
                "vcorDbQryView DBVIEW_QOS_CLASSIFICATION failure! iRet = %d.\n", status);
@@ -109,7 +109,7 @@ int32_t pm_ubus_nexumd_qos_get(UbusQos *record) {
   PM_LOG(kInfo, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is %d \n", table.reported());
   for (uint32_t i = 0; i < table.count(); ++i) {
     RuleView rule;
-    if (const int32_t status = rule.read(table.at(i).text); status != kOk) {
+    if (const int32_t status = rule.read(table.at(i)); status != kOk) {
       PM_FAIL(status, "vcorDbGetView DBVIEW_QOS_CLASSIFICATION failure");
       continue;
     }
@@ -128,7 +128,7 @@ int32_t pm_qc_clear_all(void) {
   for (uint32_t i = 0; i < table.count(); ++i) {
     const InstancePath instance = table.at(i);
     RuleView rule;
-    if (rule.read(instance.text) != kOk) continue;
+    if (rule.read(instance) != kOk) continue;
     const char *ruleName = rule.text(rule.ruleName);
     printf("viewname is %s before \n", instance.text);
     printf("viewname is %s   qcviername is %s \n", instance.text, ruleName);

@@ -82,7 +82,7 @@ int32_t ubus_getBandSteeringStatus(uint32_t *out) {
   PM_ENTER();
   if (out == nullptr) return kFailure;
   RecordBuffer<WlanConfigRecord> config;
-  const int32_t status = pm_wlan_get_config(kFirst24GSsid, &config);
+  const int32_t status = pm_wlan_get_config(kFirst24GSsid.text, &config);
   if (reportedRead(PM_ORIGIN, status) != kOk) return kFailure;
   *out = config.get(config.bandSteering);
   PM_LOG(kInfo, "BandSteeringStatus:%d\n", *out);
@@ -207,7 +207,7 @@ int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *record) {
   const bool enable = record->bandSteeringStatus == 1;
   RecordBuffer<WlanConfigRecord> config;
   config.set(config.bandSteering, enable ? 1 : 0);
-  if (const int32_t status = pm_wlan_set_config(kFirst24GSsid, &config);
+  if (const int32_t status = pm_wlan_set_config(kFirst24GSsid.text, &config);
       !appliedOrUnchanged(status)) {
     PM_FAIL(status, "pm_wlan_set_config 2.4G fail = %d\n", status);
     return kFailure;
@@ -216,7 +216,8 @@ int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *record) {
                     static_cast<uint32_t>(record->rssiThreshold5G)) != kOk) {
     return kFailure;
   }
-  if (const int32_t status = pm_wlan_set_same_ssid_2G(kFirst24GSsid, kFirst5GSsid); status != kOk) {
+  if (const int32_t status = pm_wlan_set_same_ssid_2G(kFirst24GSsid.text, kFirst5GSsid.text);
+      status != kOk) {
     PM_FAIL(status, "pm_wlan_set_same_ssid_2G failed!! iRet:%d\n", status);
     return status;
   }
@@ -346,11 +347,10 @@ Medium wirelessMedium(const LogOrigin &origin, const uint8_t mac[6]) {
   if (queryAssociations(origin, mac, matches) != kOk) return Medium::kNone;
   if (matches.reported() != 1) return Medium::kNone;
   AssociationBuffer association;
-  wlan_get_ad_db_q(matches.at(0).text, association.bytes);
+  if (wlan_get_ad_db_q(matches.at(0).text, association.bytes) != kOk) return Medium::kNone;
+  const InstancePath ssid(association.text(association.ssidInstance));
   RecordBuffer<WlanConfigRecord> config;
-  if (const int32_t status =
-          pm_wlan_get_config(association.text(association.ssidInstance), &config);
-      status != kOk) {
+  if (const int32_t status = pm_wlan_get_config(ssid.text, &config); status != kOk) {
     printf("pm_wlan_get_config fail=%d\n", status);
     return Medium::kNone;
   }

@@ -30,7 +30,7 @@ using InstanceText = char[PLATFORM_INSTANCE_SIZE];
 /// Brings the firewall's switches in line; writes only what differs.
 int32_t applySwitches(const LogOrigin &origin, uint8_t enable, uint8_t policy) {
   RecordBuffer<platform::FirewallBaseRecord> base;
-  int32_t status = pm_fw_get_base("IGD", base.bytes);
+  int32_t status = pm_fw_get_base(kGatewayPath.text, base.bytes);
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
     return kFailure;
@@ -41,7 +41,7 @@ int32_t applySwitches(const LogOrigin &origin, uint8_t enable, uint8_t policy) {
 
   if (enableDiffers) base.set(base.macFilterEnable, enable);
   if (policyDiffers) base.set(base.macFilterPolicy, policy);
-  status = pm_fw_set_base("IGD", base.bytes);
+  status = pm_fw_set_base(kGatewayPath.text, base.bytes);
   if (status == kOk) return kOk;
   PM_LOG_FOR(origin, kError, status, "[pm_fw_set_base] failed, retcode = %d\n", status);
   return PM_STATUS_NOT_WRITTEN;
@@ -76,7 +76,7 @@ int32_t net_parse_mac_filter_data(uint8_t enable, uint8_t policy, const uint8_t 
 int32_t net_del_mac_filter_data() {
   InstanceText identities[kTableSize] = {};
   MacFilterList list{kTableSize, 0, identities};
-  if (const int32_t status = pm_mac_filterlist("IGD", &list); status != kOk) {
+  if (const int32_t status = pm_mac_filterlist(kGatewayPath.text, &list); status != kOk) {
     PM_FAIL(status, "net_del_mac_filter_data pm_mac_filterlist:!RET_PM_OK FAILURE!");
     return status;
   }
@@ -84,7 +84,7 @@ int32_t net_del_mac_filter_data() {
   for (uint32_t i = 0; i < count; ++i) {
     const InstancePath identity(identities[i]);
     ViewBuffer<platform::MacFilterView> entry;
-    entry.read(identity.text);
+    entry.read(identity);
     pm_mac_filterdel(identity.text);
   }
   return kOk;

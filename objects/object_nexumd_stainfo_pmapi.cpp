@@ -108,9 +108,9 @@ void fillAssociation(const LogOrigin &origin,
 }
 
 /// Fills what the configuration of the station's SSID says.
-int32_t fillRadio(const char *ssidInstance, StaConfigResult *result) {
+int32_t fillRadio(const InstancePath &ssid, StaConfigResult *result) {
   RecordBuffer<WlanConfigRecord> config;
-  if (const int32_t status = pm_wlan_get_config(ssidInstance, &config); status != kOk) {
+  if (const int32_t status = pm_wlan_get_config(ssid.text, &config); status != kOk) {
     printf("pm_wlan_get_config fail=%d\n", status);
     return status;
   }
@@ -133,12 +133,12 @@ int32_t readWirelessLink(const LogOrigin &origin, const uint8_t *mac, StaConfigR
     return kFailure;
   }
   ViewBuffer<platform::AssociatedDeviceView> association;
-  if (const int32_t status = association.read(matches.at(0).text); status != kOk) {
+  if (const int32_t status = association.read(matches.at(0)); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
     return status;
   }
   fillAssociation(origin, association, result);
-  return fillRadio(association.text(association.ssidInstance), result);
+  return fillRadio(InstancePath(association.text(association.ssidInstance)), result);
 }
 
 int32_t readWiredLink(const char *interfaceName, StaConfigResult *result) {
@@ -210,7 +210,7 @@ namespace {
 
 int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
   ViewBuffer<platform::AccessDeviceView> access;
-  if (const int32_t status = access.read(path.text); status != kOk) {
+  if (const int32_t status = access.read(path); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "get DBVIEW_ACCESS_DEV failed, iRet=%d\n", status);
     return PM_STATUS_UNREADABLE;
   }

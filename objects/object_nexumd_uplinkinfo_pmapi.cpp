@@ -82,7 +82,7 @@ constexpr KeyField kPrefixByWan = keyField<PrefixConfigView>(PrefixConfigView::w
 
 /// A view that cannot be read counts as empty.
 void readNetworking(const LogOrigin &origin, ViewBuffer<NetworkingDeviceView> &networking) {
-  if (const int32_t status = networking.read("IGD"); status != kOk) {
+  if (const int32_t status = networking.read(kGatewayPath); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:%d\n", status);
     networking.clear();
   }
@@ -109,7 +109,7 @@ int32_t ubus_getPPPOEUserPwd(char *user, char *password) {
   readNetworking(PM_ORIGIN, networking);
   const InstancePath instance(networking.text(networking.wanInstance));
   ViewBuffer<WanPppConnectionView> ppp;
-  if (reportedRead(PM_ORIGIN, ppp.read(instance.text)) != kOk) return kFailure;
+  if (reportedRead(PM_ORIGIN, ppp.read(instance)) != kOk) return kFailure;
   copyExact(user, ppp.text(ppp.userName), kTextSize - 1);
   PM_LOG(kInfo, "pUser:%s\n", ppp.text(ppp.userName));
   copyExact(password, ppp.text(ppp.password), kTextSize - 1);
@@ -357,6 +357,7 @@ void fillWiredLink(const LogOrigin &origin, uint32_t port, UplinkInfoRecord *rec
   InstancePath instance("");
   reportFailure(origin, "pm_switch_get_inst_id_by_port",
                 pm_switch_get_inst_id_by_port(port, instance.text));
+  instance.end();
   const int32_t speed = readPortSpeed(origin);
   PM_LOG_FOR(origin, kInfo, 0, "speedResult:%d\n", speed);
   const char *rate = speedText(speed);

@@ -204,7 +204,7 @@ namespace {
 /// Takes the intervals over from the platform. Those of IPv6 are fixed.
 int32_t refreshIntervals(const LogOrigin &origin) {
   ViewBuffer<platform::SampleConfigView> config;
-  if (const int32_t status = config.read("IGD"); status != kOk) {
+  if (const int32_t status = config.read(kGatewayPath); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "{si_sample } get err: %i", status);
     return status;
   }

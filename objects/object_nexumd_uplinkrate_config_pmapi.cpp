@@ -22,7 +22,7 @@ int32_t pm_ubus_uplinkrate_config_set(const UplinkRateConfigRecord *record) {
   config.set(config.interfaceName, record->interface);
   config.set(config.reportInterval, record->reportInterval);
   config.set(config.sampleInterval, record->sampleInterval);
-  if (const int32_t status = config.write(record->interface); status != kOk) {
+  if (const int32_t status = config.writeAt(record->interface); status != kOk) {
     PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
     return kFailure;
   }

@@ -14,8 +14,8 @@ static constexpr char kSourceTag[] = "object_nexumd_wifi_csi_pmapi.c";
 
 namespace {
 
-constexpr char kCsi24G[] = "IGD.CsiInfo1";
-constexpr char kCsi5G[] = "IGD.CsiInfo2";
+constexpr InstancePath kCsi24G = InstancePath::constant("IGD.CsiInfo1");
+constexpr InstancePath kCsi5G = InstancePath::constant("IGD.CsiInfo2");
 
 enum StationOperation { kAddStation = 1, kDeleteStation = 2 };
 
@@ -25,12 +25,12 @@ constexpr uint32_t kMacStep = kMacDigits + 1;
 /// Writes the record to the radios that the text names; false for a text that names none.
 bool writeToRadios(const char *radio, CsiBuffer &csi, int32_t &status) {
   if (strcmp(radio, "2.4G") == 0) {
-    status = pm_wlan_set_csi_info(kCsi24G, &csi);
+    status = pm_wlan_set_csi_info(kCsi24G.text, &csi);
   } else if (strcmp(radio, "5G") == 0) {
-    status = pm_wlan_set_csi_info(kCsi5G, &csi);
+    status = pm_wlan_set_csi_info(kCsi5G.text, &csi);
   } else if (strcmp(radio, "All") == 0) {
-    pm_wlan_set_csi_info(kCsi24G, &csi);
-    status = pm_wlan_set_csi_info(kCsi5G, &csi);
+    pm_wlan_set_csi_info(kCsi24G.text, &csi);
+    status = pm_wlan_set_csi_info(kCsi5G.text, &csi);
   } else {
     return false;
   }
@@ -67,8 +67,8 @@ int32_t pm_ubus_get_csi_enable(CsiEnableRecord *record) {
   }
   CsiBuffer csi24G;
   CsiBuffer csi5G;
-  int32_t status = pm_wlan_get_csi_info(kCsi24G, &csi24G);
-  if (status == kOk) status = pm_wlan_get_csi_info(kCsi5G, &csi5G);
+  int32_t status = pm_wlan_get_csi_info(kCsi24G.text, &csi24G);
+  if (status == kOk) status = pm_wlan_get_csi_info(kCsi5G.text, &csi5G);
   if (status != kOk) {
     PM_FAIL(status, "[%s] pm_ubus_get_csi_enable fail(%d)\r\n", __func__, status);
     return kFailure;
@@ -97,9 +97,9 @@ int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record) {
     StationBuffer station;
     station.set(station.macText, mac);
     if (record->operation == kAddStation) {
-      pm_wlan_add_csi_mac("IGD", &station);
+      pm_wlan_add_csi_mac(kGatewayPath.text, &station);
     } else {
-      pm_wlan_del_csi_mac("IGD", &station);
+      pm_wlan_del_csi_mac(kGatewayPath.text, &station);
     }
   }
   return kOk;
@@ -110,7 +110,7 @@ int32_t pm_ubus_get_csi_mac(CsiMacRecord *record) {
   if (record == nullptr) return kFailure;
   InstanceTable<PLATFORM_CSI_STATIONS_MAX> stations;
   CsiMacList list{PLATFORM_INSTANCE_SIZE, 0, stations.list.instances};
-  if (const int32_t status = pm_wlan_list_csi_mac("IGD", &list); status != kOk) {
+  if (const int32_t status = pm_wlan_list_csi_mac(kGatewayPath.text, &list); status != kOk) {
     PM_FAIL(status, "pm_wlan_list_csi_mac fail=%d\n", status);
     return status;
   }
@@ -138,8 +138,8 @@ int32_t pm_ubus_set_csi_config(const CsiConfigRecord *record) {
   CsiBuffer csi;
   csi.set(csi.csiParam1, static_cast<uint32_t>(record->csiParam1));
   csi.set(csi.csiParam2, static_cast<uint32_t>(record->csiParam2));
-  int32_t status = pm_wlan_set_csi_info(kCsi24G, &csi);
-  if (status == kOk) status = pm_wlan_set_csi_info(kCsi5G, &csi);
+  int32_t status = pm_wlan_set_csi_info(kCsi24G.text, &csi);
+  if (status == kOk) status = pm_wlan_set_csi_info(kCsi5G.text, &csi);
   if (status != kOk) {
     PM_FAIL(status, "pm_ubus_set_csi_config  fail=%d\n", status);
     return kFailure;
@@ -151,7 +151,7 @@ int32_t pm_ubus_get_csi_config(CsiConfigRecord *record) {
   PM_ENTER();
   if (record == nullptr) return kFailure;
   CsiBuffer csi;
-  if (const int32_t status = pm_wlan_get_csi_info(kCsi24G, &csi); status != kOk) {
+  if (const int32_t status = pm_wlan_get_csi_info(kCsi24G.text, &csi); status != kOk) {
     PM_FAIL(status, "[%s] pm_ubus_get_csi_config fail(%d)\r\n", __func__, status);
     return kFailure;
   }

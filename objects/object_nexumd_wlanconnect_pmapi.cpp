@@ -20,6 +20,8 @@ constexpr uint32_t kScanSeconds = 10;
 constexpr uint32_t kJoinSeconds = 10;
 constexpr uint32_t kPassphraseSize = 63;
 
+constexpr InstancePath kClient = InstancePath::constant("IGD.LD1.WLANApcli1");
+
 /// Makes Wi-Fi the uplink. A platform that does not take over the new mode at once is only logged.
 int32_t switchUplink(const LogOrigin &origin) {
   UpModeInfo before{};
@@ -30,7 +32,7 @@ int32_t switchUplink(const LogOrigin &origin) {
   }
   ViewBuffer<platform::NetworkingDeviceView> networking;
   networking.set(networking.uplinkMode, kWlanClientUplink);
-  if (const int32_t status = networking.write("IGD"); status != kOk) {
+  if (const int32_t status = networking.write(kGatewayPath); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "[%s] set DBVIEW_NETWORKING_DEV_INFO failed! iRet:%d\n",
                origin.function, status);
     return status;
@@ -91,8 +93,7 @@ int32_t recordClient(const LogOrigin &origin) {
   client.set(client.clientFlag2, 1);
   client.set(client.clientFlag3, 1);
   client.set(client.clientFlag4, 1);
-  const InstancePath instance("IGD.LD1.WLANApcli1");
-  if (const int32_t status = client.write(instance.text); status != kOk) {
+  if (const int32_t status = client.write(kClient); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "Set DBVIEW_WLAN_APCLI error! line(%d)\n", __LINE__);
     return PM_STATUS_NOT_WRITTEN;
   }

@@ -20,7 +20,7 @@ int32_t sumUplinkRates(const LogOrigin &origin, BandwidthQuery query, int32_t un
     return PM_STATUS_NULL_TEXT;
   }
   InstanceTable<kConnections> connections;
-  if (connections.listView(DBVIEW_WAN_CONN_DEV, "IGD") != kOk) {
+  if (connections.listView(DBVIEW_WAN_CONN_DEV) != kOk) {
     return unreadable;
   }
   uint64_t tx = 0;
@@ -28,7 +28,7 @@ int32_t sumUplinkRates(const LogOrigin &origin, BandwidthQuery query, int32_t un
   BandwidthBuffer counters;
   for (uint32_t i = 0; i < connections.count(); ++i) {
     ViewBuffer<platform::WanConnectionView> connection;
-    if (connection.read(connections.at(i).text) != kOk) return unreadable;
+    if (connection.read(connections.at(i)) != kOk) return unreadable;
     BandwidthRequestBuffer request;
     request.put(request.interfaceName, connection.text(connection.interfaceName));
     const BandwidthAnswer answer = query(origin, request, counters);

@@ -70,7 +70,7 @@ int32_t clearConnections(const LogOrigin &origin) {
 
 int32_t rewritePpp(const LogOrigin &origin, const char *path) {
   ViewBuffer<WanPppConnectionView> ppp;
-  if (const int32_t status = ppp.read(path); status != kOk) {
+  if (const int32_t status = ppp.readAt(path); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "getdbview wancppp error, iRet is %d\n", status);
     return status;
   }
@@ -93,7 +93,7 @@ int32_t rewritePpp(const LogOrigin &origin, const char *path) {
 
 int32_t rewriteIp(const LogOrigin &origin, const char *path, bool isStatic) {
   ViewBuffer<WanIpConnectionView> ip;
-  if (const int32_t status = ip.read(path); status != kOk) {
+  if (const int32_t status = ip.readAt(path); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "getdbview wancip error, iRet is %d\n", status);
     return status;
   }
@@ -120,7 +120,7 @@ int32_t rewriteConnection(const LogOrigin &origin, NetworkingBuffer &networking)
   copyText(path, networking.text(networking.wanInstance));
   {
     ViewBuffer<platform::WanConnectionView> connection;
-    if (const int32_t status = connection.read(path); status != kOk) {
+    if (const int32_t status = connection.readAt(path); status != kOk) {
       PM_LOG_FOR(origin, kError, status, "getdbview wanc error, iRet is %d\n", status);
       return status;
     }

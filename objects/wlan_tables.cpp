@@ -93,7 +93,7 @@ InstancePath ssidInstance(int32_t number) {
 }
 
 InstancePath radioInstance(uint32_t band) {
-  return InstancePath(band == kBand5G ? kFirst5GSsid : kFirst24GSsid);
+  return band == kBand5G ? kFirst5GSsid : kFirst24GSsid;
 }
 
 InstancePath txPowerInstance(uint32_t band) {

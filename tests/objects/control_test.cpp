@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "gateway/device.hpp"
+#include "gateway/habits.hpp"
 #include "gateway/manager.hpp"
 #include "gateway/status.hpp"
 #include "gateway/wlan.hpp"
@@ -248,6 +249,13 @@ TEST_F(ControlTest, EnablingIpv6RewritesThePppConnection) {
   EXPECT_EQ(ext.text(WanPppExtRecord::userName), "07558823417@home");
   EXPECT_EQ(ext.text(WanPppExtRecord::password), "s8Lq2vXd");
   EXPECT_EQ(ext.text(WanPppExtRecord::text5924), "000000000000");
+}
+
+TEST_F(ControlTest, Ipv6IsWrittenWithAFreshHeader) {
+  const Habit spoilsHeaders(&Habits::spoilsHeaders);
+  networking().setWord(NetworkingDeviceView::ipv6Enable, 0);
+  EXPECT_EQ(pm_ubus_ipv6enable_set(1), 0);
+  EXPECT_EQ(networking().word(NetworkingDeviceView::ipv6Enable), 1u);
 }
 
 TEST_F(ControlTest, EnablingIpv6RewritesTheIpConnectionAndItsStaticAddressing) {

@@ -5,6 +5,7 @@
 
 #include "gateway/command_line.hpp"
 #include "gateway/filter_rules.hpp"
+#include "gateway/habits.hpp"
 #include "gateway/host.hpp"
 #include "gateway/limits.hpp"
 #include "gateway/manager.hpp"
@@ -227,6 +228,13 @@ TEST_F(DeviceLimitCfgData, ValidPeriodCarriesTheLimitInsteadOfTheProxy) {
   EXPECT_THAT(logs(),
               HasLogLine({5, "device_limit_cfg_data",
                           "[device_limit_cfg_data] deal timepolicy wrong or del time policy\n"}));
+}
+
+TEST_F(DeviceLimitCfgData, PolicyThatWasReadIsWrittenWithAFreshHeader) {
+  const gateway::Habit spoilsHeaders(&gateway::Habits::spoilsHeaders);
+  EXPECT_EQ(set(timedLimit(kTablet, "10", "20", {65, 3600, 7200})), 0);
+  EXPECT_EQ(set(timedLimit(kTablet, "10", "20", {66, 3600, 7200})), 0);
+  EXPECT_THAT(policies(), ElementsAre("1792 66 3600-7200"));
 }
 
 TEST_F(DeviceLimitCfgData, PolicyManagerThatTakesNothingChangesNothing) {

@@ -12,6 +12,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "gateway/habits.hpp"
 #include "gateway/host.hpp"
 #include "gateway/mesh.hpp"
 #include "pmapi/limit.h"
@@ -195,6 +196,29 @@ TEST_F(EveryMethodTest, SurvivesEveryFault) {
   // Every planned fault has fired, or the sweep above has failed.
   std::printf("[   SWEEP  ] %u methods, %u faults planned and fired\n", methods, 2 * calls);
   EXPECT_GT(calls, methods);
+}
+
+/// Methods that hand a path of the daemon on as it stands, or look for one by such a text.
+bool takesAPath(const Method &method) {
+  return std::ranges::any_of(method.parameters, [](const Parameter &parameter) {
+    return parameter.name == "instance" || parameter.name == "interface";
+  });
+}
+
+TEST_F(EveryMethodTest, HandsPathsOverInWholeZeroedFields) {
+  const Habit copiesWholePaths(&Habits::copiesWholePaths);
+  for (const Object &object : command::catalogue()) {
+    for (const Method &method : object.methods) {
+      if (takesAPath(method)) continue;
+      restart();
+      emptyLists();
+      call(object, method, argumentsOf(method));
+      for (const std::string &complaint : gateway().takeComplaints()) {
+        EXPECT_THAT(complaint, ::testing::Not(::testing::HasSubstr("zeroed bytes")))
+            << method.function;
+      }
+    }
+  }
 }
 
 TEST_F(EveryMethodTest, UnlinkedLimitsAreTheOnlyBlocksThatNobodyFinds) {
