@@ -65,7 +65,8 @@ int32_t pm_iptv_del(void) {
   PM_LOG(kInfo, "vcorDbQryView DBVIEW_IPTVIVLANBIND tList.dwCount is %d \n", table.reported());
   for (uint32_t i = 0; i < table.count(); ++i) {
     ViewBuffer<IptvVlanBindingView> binding;
-    if (binding.read(table.at(i)) != kOk) continue;
+    // Kept as it was: for one that cannot be read, the platform is given the empty path.
+    binding.read(table.at(i));
     const InstancePath port(binding.text(binding.portPath));
     pm_iptvvlanbind_set_config(port.text, 0);
   }
@@ -74,7 +75,10 @@ int32_t pm_iptv_del(void) {
 
 int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record) {
   PM_ENTER();
-  if (record == nullptr) return kFailure;
+  if (record == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
   BindingTable table;
   if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND); status != kOk) {
     PM_FAIL(status, "list vlan fail!");

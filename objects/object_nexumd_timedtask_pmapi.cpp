@@ -132,6 +132,7 @@ void reportEntry(EntryBuffer &entry, Action action, UbusWifiTimer &task) {
 }  // namespace
 
 void si_deal_num_conv_weekday(uint32_t weekMask, WeekdayList *out) {
+  out->nCnt = 0;
   for (uint32_t day = 1; day <= kSunday; ++day) {
     const uint32_t bit = day == kSunday ? 0 : day;
     if ((weekMask >> bit & 1) == 0 || out->nCnt >= kWeekdays) continue;
@@ -232,15 +233,27 @@ int32_t addSchedule(const LogOrigin &origin, const UbusWifiTimer &task) {
   return addEntry(origin, kSchedules, entry);
 }
 
+/// What a deletion says of an entry; what else the service keeps in it stays away.
+void copyFields(EntryBuffer &found, bool withIndex, EntryBuffer &entry) {
+  entry.put(entry.time, found.text(found.time));
+  entry.put(entry.weekdays, found.get(found.weekdays));
+  entry.put(entry.weekdayCount, found.get(found.weekdayCount));
+  entry.put(entry.edge, found.get(found.edge));
+  entry.put(entry.enable, found.get(found.enable));
+  entry.put(entry.taskId, found.get(found.taskId));
+  if (withIndex) entry.put(entry.index, found.get(found.index));
+}
+
 /// Deletes every entry of the task from one service.
 int32_t deleteEntries(const LogOrigin &origin, const TimerService &service, int32_t taskId) {
   ControlBuffer held;
   if (const int32_t status = readService(origin, service, held); status != kOk) return status;
   for (uint32_t i = 0; i < entryCount(held); ++i) {
+    EntryBuffer found;
+    loadEntry(held, i, found);
+    if (found.getSigned(found.taskId) != taskId) continue;
     EntryBuffer entry;
-    loadEntry(held, i, entry);
-    if (entry.getSigned(entry.taskId) != taskId) continue;
-    if (!service.hasIndex) entry.put(entry.index, 0);
+    copyFields(found, service.hasIndex, entry);
     ControlBuffer control;
     if (const int32_t status = sendEntry(service, entry, kDeleteEntry, control); status != kOk) {
       PM_LOG_FOR(origin, kError, status, "delete taskid error!\n");

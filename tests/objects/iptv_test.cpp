@@ -82,13 +82,15 @@ TEST_F(IptvTest, VlanRangesDifferBetweenSetAndGet) {
   }
 }
 
-TEST_F(IptvTest, DisablingRemovesEveryBindingThatCanBeRead) {
+TEST_F(IptvTest, DisablingRemovesEveryBindingThatCanBeReadAndNamesNoneForTheOthers) {
   bind("IGD.LD1.ETH1", 85);
   bind("IGD.LD1.WLAN2", 85);
   bind("IGD.LD1.ETH4", 86);
   fail("vcorDbGetView", "IGD.B2", -5, 1, 1);
   EXPECT_EQ(pm_ubus_nexumd_iptv_set({0, 9999, {}, {}}), 0);
   EXPECT_THAT(store().paths(layoutOf<IptvVlanBindingView>()), ElementsAre("IGD.B2"));
+  EXPECT_THAT(trace(kBind),
+              ElementsAre(HasSubstr("(IGD.LD1.ETH1 0)"), HasSubstr("( 0)"), HasSubstr("ETH4 0)")));
   EXPECT_THAT(logs(), HasLogLine({5, "pm_iptv_del",
                                   "vcorDbQryView DBVIEW_IPTVIVLANBIND tList.dwCount is 3 \n"}));
   fail("vcorDbLstView", "", -6, 1, 1);
@@ -114,6 +116,8 @@ TEST_F(IptvTest, GetRefusesWithoutTouchingTheRecord) {
   record.enable = 9;
   EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), -1) << "an empty table";
   EXPECT_EQ(pm_ubus_nexumd_iptv_get(nullptr), -1);
+  EXPECT_THAT(logs(),
+              HasLogLine({4, "pm_ubus_nexumd_iptv_get", "pm_ubus_nexumd_iptv_get para is null"}));
   fail("vcorDbLstView", "", -6, 1, 1);
   EXPECT_EQ(pm_ubus_nexumd_iptv_get(&record), -1);
   EXPECT_THAT(logs(), HasLog(4, "list vlan fail!"));

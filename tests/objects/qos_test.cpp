@@ -179,7 +179,10 @@ TEST_F(QosTest, ClearingRemovesRulesByTheirNames) {
   const std::string printed = printedBy([] { EXPECT_EQ(pm_qc_clear_all(), 0); });
   EXPECT_THAT(printed, HasSubstr("viewname is " + path + " before \nviewname is " + path +
                                  "   qcviername is " + name + " \n"));
-  EXPECT_THAT(trace("pm_qos_qc_del_config")[1], HasSubstr("(" + std::string(35, 'n') + ")"));
+  EXPECT_THAT(printed, HasSubstr("viewname is " + paths[1] + "   qcviername is  \n"));
+  EXPECT_THAT(trace("pm_qos_qc_del_config"),
+              ElementsAre(HasSubstr("(" + name + ")"), HasSubstr("()"),
+                          HasSubstr("(" + std::string(35, 'n') + ")"), HasSubstr("(rule4)")));
   EXPECT_THAT(store().paths(layoutOf<QosClassificationView>()), ElementsAre(paths[1], paths[2]))
       << "what cannot be read or found stays";
   EXPECT_THAT(logs(), HasLogLine({5, "pm_qc_clear_all",

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "gateway/habits.hpp"
 #include "gateway/status.hpp"
 #include "gateway/timers.hpp"
 #include "tests/support/gateway_test.hpp"
@@ -100,7 +101,8 @@ TEST_F(TimedTaskTest, WeekMaskBecomesDaysWithSundayLast) {
   WeekdayList full = {};
   full.nCnt = 6;
   si_deal_num_conv_weekday(0x7F, &full);
-  EXPECT_EQ(full.nCnt, 8u) << "days are appended while there is room";
+  EXPECT_EQ(full.nCnt, 7u) << "the count starts anew";
+  EXPECT_EQ(full.Weekday[0], 1u);
 }
 
 TEST_F(TimedTaskTest, DaysAreAddedUpAsFarAsThereAreEightOfTheWeek) {
@@ -176,6 +178,15 @@ TEST_F(TimedTaskTest, IndexBelongsToSchedulesOnly) {
   EXPECT_EQ(pm_ubus_nexumd_wifi_timer_del(7), -1) << "no entry without the index";
   timers().wakeUps.clear();
   EXPECT_EQ(pm_ubus_nexumd_wifi_timer_del(8), 0);
+  EXPECT_THAT(timers().schedules, IsEmpty());
+}
+
+TEST_F(TimedTaskTest, DeletionCarriesTheFieldsAndNothingElse) {
+  const Habit fillsGaps(&Habits::fillsGaps);
+  put(timers().wakeUps, 7, "01:00", {1, 2});
+  put(timers().schedules, 7, "02:00");
+  EXPECT_EQ(pm_ubus_nexumd_wifi_timer_del(7), 0);
+  EXPECT_THAT(timers().wakeUps, IsEmpty());
   EXPECT_THAT(timers().schedules, IsEmpty());
 }
 
