@@ -12,6 +12,12 @@ void copyExact(char *destination, const char *source, uint32_t limit) {
   memcpy(destination, source, strnlen(source, limit));
 }
 
+void copyWord(char *destination, const char *word, uint32_t limit) {
+  const uint32_t length = static_cast<uint32_t>(strnlen(word, limit));
+  memcpy(destination, word, length);
+  if (length < limit) destination[length] = '\0';
+}
+
 void printDecimal(char *text, int32_t value) {
   uint32_t rest = static_cast<uint32_t>(value);
   if (value < 0) {

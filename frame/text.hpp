@@ -18,6 +18,9 @@ inline void copyText(char (&destination)[Size], const char *source) {
 /// handler has zeroed the destination.
 void copyExact(char *destination, const char *source, uint32_t limit);
 
+/// Copies a word within `limit`, with a terminator where there is room for one.
+void copyWord(char *destination, const char *word, uint32_t limit);
+
 /// Room for any 32-bit number in decimal digits, its sign and terminator included.
 inline constexpr uint32_t kDecimalSize = 12;
 

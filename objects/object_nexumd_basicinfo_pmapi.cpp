@@ -48,123 +48,97 @@ constexpr int32_t kVersionUnread = PM_STATUS_FAILED;
 constexpr int32_t kVersionFault = 6419;
 int32_t cachedVersionCode = kVersionUnread;
 
-/// What the text getters share: one read of one view, one text taken from it.
+/// Where a view keeps a text, and under which name its getter logs it.
+struct TextPlace {
+  uint32_t offset;
+  uint32_t width;
+  const char *label;
+};
+
+template <uint32_t Width>
+consteval TextPlace place(platform::TypedField<platform::FieldKind::kText, true, Width> field,
+                          const char *label) {
+  static_assert(Width >= kTextSize);
+  return {field.offset, Width, label};
+}
+
+/// Delivers a text of a view that has been read, as far as the getter's `size` reaches, and logs
+/// what it delivered.
+void deliverText(const LogOrigin &origin, uint8_t *view, const TextPlace &text, char *destination,
+                 uint32_t size) {
+  char *const delivered = reinterpret_cast<char *>(view + text.offset);
+  delivered[(size < text.width ? size : text.width) - 1] = '\0';
+  copyExact(destination, delivered, size);
+  PM_LOG_FOR(origin, kInfo, 0, "%s:%s\n", text.label, delivered);
+}
+
+/// The whole of a getter of one text.
 template <class View>
-int32_t readTextAt(const LogOrigin &origin, const InstancePath &instance, uint32_t offset,
-                   char *destination, uint32_t size) {
+int32_t getText(const LogOrigin &origin, const InstancePath &instance, const TextPlace &text,
+                char *destination, uint32_t size = kTextSize) {
+  PM_LOG_FOR(origin, kInfo, 0, "now in %s\n", origin.function);
   if (destination == nullptr) return kFailure;
   ViewBuffer<View> view;
   if (reportedRead(origin, view.read(instance)) != kOk) return kFailure;
-  copyExact(destination, reinterpret_cast<const char *>(view.bytes + offset), size - 1);
+  deliverText(origin, view.bytes, text, destination, size);
   return kOk;
 }
 
-template <class View, uint32_t Width>
-PM_INLINE int32_t readText(const LogOrigin &origin, const InstancePath &instance,
-                           platform::TypedField<platform::FieldKind::kText, true, Width> field,
-                           char *destination, uint32_t size = kTextSize) {
-  static_assert(Width >= kTextSize);
-  return readTextAt<View>(origin, instance, field.offset, destination, size < Width ? size : Width);
+int32_t getIdentity(const LogOrigin &origin, const TextPlace &text, char *destination,
+                    uint32_t size = kTextSize) {
+  return getText<GatewayIdentityView>(origin, kGatewayPath, text, destination, size);
 }
 
-template <uint32_t Width>
-PM_INLINE int32_t readIdentity(const LogOrigin &origin,
-                               platform::TypedField<platform::FieldKind::kText, true, Width> field,
-                               char *destination, uint32_t size = kTextSize) {
-  return readText<GatewayIdentityView>(origin, kGatewayPath, field, destination, size);
-}
-
-template <uint32_t Width>
-PM_INLINE int32_t readDevice(const LogOrigin &origin,
-                             platform::TypedField<platform::FieldKind::kText, true, Width> field,
-                             char *destination) {
-  return readText<DeviceInfoView>(origin, kGatewayPath, field, destination);
+int32_t getDevice(const LogOrigin &origin, const TextPlace &text, char *destination) {
+  return getText<DeviceInfoView>(origin, kGatewayPath, text, destination);
 }
 
 }  // namespace
 
 int32_t ubus_getProductToken(char *destination) {
-  PM_ENTER();
-  if (readIdentity(PM_ORIGIN, GatewayIdentityView::productToken, destination) != kOk) {
-    return kFailure;
-  }
-  PM_LOG(kInfo, "token:%s\n", destination);
-  return kOk;
+  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::productToken, "token"), destination);
 }
 
 int32_t ubus_getDeviceType(char *destination) {
-  PM_ENTER();
-  if (readDevice(PM_ORIGIN, DeviceInfoView::deviceType, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "type:%s\n", destination);
-  return kOk;
+  return getDevice(PM_ORIGIN, place(DeviceInfoView::deviceType, "type"), destination);
 }
 
 int32_t ubus_getdeviceVendor(char *destination) {
-  PM_ENTER();
-  if (readDevice(PM_ORIGIN, DeviceInfoView::vendor, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "vendor:%s\n", destination);
-  return kOk;
+  return getDevice(PM_ORIGIN, place(DeviceInfoView::vendor, "vendor"), destination);
 }
 
 int32_t ubus_getDeviceModel(char *destination) {
-  PM_ENTER();
-  if (readDevice(PM_ORIGIN, DeviceInfoView::model, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "model:%s\n", destination);
-  return kOk;
+  return getDevice(PM_ORIGIN, place(DeviceInfoView::model, "model"), destination);
 }
 
 int32_t ubus_getDeviceSn(char *destination) {
-  PM_ENTER();
-  if (readDevice(PM_ORIGIN, DeviceInfoView::serialNumber, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "sn:%s\n", destination);
-  return kOk;
+  return getDevice(PM_ORIGIN, place(DeviceInfoView::serialNumber, "sn"), destination);
 }
 
 int32_t ubus_getCMEI(char *destination) {
-  PM_ENTER();
-  if (readIdentity(PM_ORIGIN, GatewayIdentityView::cmei, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "cmei:%s\n", destination);
-  return kOk;
+  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::cmei, "cmei"), destination);
 }
 
 int32_t ubus_getSWVersion(char *destination) {
-  PM_ENTER();
-  if (readDevice(PM_ORIGIN, DeviceInfoView::softwareVersion, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "sw_ver:%s\n", destination);
-  return kOk;
+  return getDevice(PM_ORIGIN, place(DeviceInfoView::softwareVersion, "sw_ver"), destination);
 }
 
 int32_t ubus_getFWVersion(char *destination) {
-  PM_ENTER();
-  if (readDevice(PM_ORIGIN, DeviceInfoView::firmwareVersion, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "ver:%s\n", destination);
-  return kOk;
+  return getDevice(PM_ORIGIN, place(DeviceInfoView::firmwareVersion, "ver"), destination);
 }
 
 int32_t ubus_getAuthID(char *destination) {
-  PM_ENTER();
-  if (readIdentity(PM_ORIGIN, GatewayIdentityView::authId, destination) != kOk) return kFailure;
-  PM_LOG(kInfo, "authid:%s\n", destination);
-  return kOk;
+  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::authId, "authid"), destination);
 }
 
 int32_t ubus_getDevKey(char *destination) {
-  PM_ENTER();
-  if (readIdentity(PM_ORIGIN, GatewayIdentityView::devKey, destination, kDevKeySize) != kOk) {
-    return kFailure;
-  }
-  PM_LOG(kInfo, "devkey:%s\n", destination);
-  return kOk;
+  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::devKey, "devkey"), destination,
+                     kDevKeySize);
 }
 
 int32_t ubus_getPPPOEUser(char *destination) {
-  PM_ENTER();
-  if (readText<WanPppConnectionView>(PM_ORIGIN, kFirstPppConnection, WanPppConnectionView::userName,
-                                     destination) != kOk) {
-    return kFailure;
-  }
-  PM_LOG(kInfo, "pUser:%s\n", destination);
-  return kOk;
+  return getText<WanPppConnectionView>(PM_ORIGIN, kFirstPppConnection,
+                                       place(WanPppConnectionView::userName, "pUser"), destination);
 }
 
 int32_t ubus_getCaptureEth(char *destination) {
@@ -175,9 +149,8 @@ int32_t ubus_getCaptureEth(char *destination) {
     PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
     return status;
   }
-  const char *captureEth = identity.text(identity.captureEth);
-  copyExact(destination, captureEth, kTextSize - 1);
-  PM_LOG(kInfo, "eth:%s\n", captureEth);
+  deliverText(PM_ORIGIN, identity.bytes, place(GatewayIdentityView::captureEth, "eth"), destination,
+              kTextSize);
   return kOk;
 }
 
@@ -217,8 +190,8 @@ int32_t ubus_getUplinkType(char *text, int32_t length) {
     return status;
   }
   const auto bound = length > 0 ? static_cast<uint32_t>(length) : 0;
-  if (uplink.mode == UP_MODE_WLAN) copyExact(text, "WLAN", bound);
-  if (uplink.mode == UP_MODE_ETHERNET) copyExact(text, "Ethernet", bound);
+  if (uplink.mode == UP_MODE_WLAN) copyWord(text, "WLAN", bound);
+  if (uplink.mode == UP_MODE_ETHERNET) copyWord(text, "Ethernet", bound);
   return kOk;
 }
 

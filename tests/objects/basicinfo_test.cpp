@@ -101,8 +101,12 @@ TEST_F(BasicInfoTest, TextGettersCopyWithoutTerminatorAndLogTheValue) {
 
     const size_t length = std::strlen(getter.value);
     std::memset(text, '#', sizeof text - 1);
+    forgetCalls();
     getter.get(text);
     EXPECT_EQ(text[length], '#');
+    EXPECT_THAT(logs(),
+                HasLogLine({5, getter.name, getter.label + std::string(getter.value) + "\n"}))
+        << "not what stood behind it";
     EXPECT_EQ(getter.get(nullptr), -1);
   }
 }
@@ -135,7 +139,7 @@ TEST_F(BasicInfoTest, TextsStopOneShortOfTheDestinationAndWithinTheirView) {
   EXPECT_EQ(std::string(text), std::string(31, 's'));
   EXPECT_EQ(ubus_getCaptureEth(text), 0);
   EXPECT_EQ(std::string(text), std::string(31, 's'));
-  EXPECT_THAT(logs(), HasLog(5, "eth:" + std::string(35, 's') + "\n"));
+  EXPECT_THAT(logs(), HasLog(5, "eth:" + std::string(31, 's') + "\n"));
   EXPECT_EQ(ubus_getDevKey(text), 0);
   EXPECT_EQ(std::string(text), std::string(127, 's'));
 }
@@ -158,13 +162,15 @@ TEST_F(BasicInfoTest, UplinkTypeKnowsTwoModesAndHonoursTheLength) {
     uint32_t mode;
     int32_t length;
     const char *text;
-  } cases[] = {{512, 31, "WLAN"}, {1, 31, "Ethernet"}, {1, 3, "Eth"},
-               {2, 31, ""},       {1, 0, ""},          {1, -1, ""}};
+  } cases[] = {{512, 31, "WLAN\0####"}, {512, 5, "WLAN\0####"}, {512, 4, "WLAN#####"},
+               {1, 31, "Ethernet\0"},   {1, 3, "Eth######"},    {2, 31, "#########"},
+               {1, 0, "#########"},     {1, -1, "#########"}};
   for (const auto &one : cases) {
     wan().uplink.mode = one.mode;
-    char text[32] = {};
+    char text[32];
+    std::memset(text, '#', sizeof text);
     EXPECT_EQ(ubus_getUplinkType(text, one.length), 0);
-    EXPECT_STREQ(text, one.text) << one.mode;
+    EXPECT_EQ(std::memcmp(text, one.text, 9), 0) << one.mode << " " << one.length;
   }
   EXPECT_THAT(logs(), HasLogLine({5, "ubus_getUplinkType", "now in si_getUplinkType\n"}));
   EXPECT_EQ(ubus_getUplinkType(nullptr, 31), -1);
