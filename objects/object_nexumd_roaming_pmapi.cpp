@@ -280,8 +280,9 @@ int32_t pm_ubus_roaming_sta_disconnect(const char *mac) {
     return status;
   }
   AssociationBuffer association;
-  const bool named = wlan_get_ad_db_q(instance.text, association.bytes) == kOk;
-  const InstancePath name(named ? association.text(association.name) : instance.text);
+  const bool isRead = wlan_get_ad_db_q(instance.text, association.bytes) == kOk;
+  const char *recorded = association.text(association.name);
+  const InstancePath name(isRead && *recorded != '\0' ? recorded : instance.text);
   printf("=======tViewName=======%s\n", name.text);
   return blockAndRemove(name.text);
 }

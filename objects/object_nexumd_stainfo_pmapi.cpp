@@ -182,7 +182,10 @@ void fillRates(const StationStatisticsBuffer &traffic, StaConfigResult *result) 
 
 int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
   PM_ENTER();
-  if (result == nullptr) return kFailure;
+  if (result == nullptr) {
+    PM_FAIL(0, "%s para is null", __func__);
+    return kFailure;
+  }
   DeviceTable devices;
   if (const int32_t status = listDevices(devices); status != kOk) return status;
   DeviceBuffer device;

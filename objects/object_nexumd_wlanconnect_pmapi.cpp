@@ -63,8 +63,9 @@ bool findNetwork(const LogOrigin &origin, uint32_t band, const char *ssid, int32
     PM_LOG_FOR(origin, kError, status, " pm_wlan_list_ap=%d ", status);
     return false;
   }
+  PM_LOG_FOR(origin, kInfo, 0, " radiotype %d , tWLANAPList.dwCount=%d ", band,
+             list.get(list.count));
   const uint32_t heard = countOf(list);
-  PM_LOG_FOR(origin, kInfo, 0, " radiotype %d , tWLANAPList.dwCount=%d ", band, heard);
   for (uint32_t i = 0; i < heard; ++i) {
     PM_LOG_FOR(origin, kInfo, 0, "dwCount = %d, LINE =%d\n", i, __LINE__);
     found = accessPointAt(list, i);

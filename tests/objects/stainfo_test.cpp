@@ -233,6 +233,7 @@ TEST_F(StaInfoTest, ViewAndCountersEndTheHandler) {
   EXPECT_EQ(pm_ubus_get_sta_info(0, nullptr), -1);
   EXPECT_THAT(logs(), HasLogLine({4, kHandler, "pm_ubus_get_sta_info para is null"}));
   EXPECT_EQ(ubus_get_sta_config(0, nullptr), -1);
+  EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_sta_config", "ubus_get_sta_config para is null"}));
 }
 
 TEST_F(StaInfoTest, WiredSpeeds) {

@@ -95,6 +95,7 @@ TEST_F(PmUbusWlanconnectSet, FindsTheLastOf256) {
   gateway::scans().radios[0].reportedCount = 257;
   EXPECT_EQ(connect("Juniper-Roof", "stairs behind the lift"), 0);
   EXPECT_EQ(joined(), "0 Juniper-Roof");
+  EXPECT_THAT(logs(), HasLog(5, " radiotype 0 , tWLANAPList.dwCount=257 "));
 }
 
 TEST_F(PmUbusWlanconnectSet, AWrongPassphraseJoinsNothing) {
