@@ -77,9 +77,13 @@ const char *findValue(const char *item, const char *path, char (&line)[kLineSize
   return valueAfter(match + strlen(item));
 }
 
+/// Older releases of cJSON do not say whether the object has taken the value: it is the last one in
+/// there, or still the caller's.
 void addJson(cJSON *object, const char *name, const char *value) {
   cJSON *parsed = cJSON_Parse(value);
-  if (!cJSON_AddItemToObject(object, name, parsed)) cJSON_Delete(parsed);
+  cJSON_AddItemToObject(object, name, parsed);
+  const cJSON *last = cJSON_GetArrayItem(object, cJSON_GetArraySize(object) - 1);
+  if (last != parsed) cJSON_Delete(parsed);
 }
 
 void traceUnlisted(const char *function, const char *item, const cJSON *object) {

@@ -1,6 +1,7 @@
 #include "pmapi/config.h"
 
 #include <cjson/cJSON.h>
+#include <dlfcn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,6 +11,21 @@
 #include <memory>
 
 #include "tests/support/gateway_test.hpp"
+
+namespace {
+
+/// Whether cJSON is to be one of those that do not tell what became of an addition.
+bool saysNothing = false;
+
+}  // namespace
+
+// Stands before cJSON's own, for the library too.
+cJSON_bool cJSON_AddItemToObject(cJSON *object, const char *name, cJSON *item) {
+  using Add = cJSON_bool (*)(cJSON *, const char *, cJSON *);
+  static const auto own = reinterpret_cast<Add>(dlsym(RTLD_NEXT, "cJSON_AddItemToObject"));
+  const cJSON_bool kept = own(object, name, item);
+  return saysNothing ? cJSON_bool{} : kept;
+}
 
 namespace {
 
@@ -205,6 +221,19 @@ TEST_F(PmUbusConfigGetitem, AddsJsonUnderTheListedName) {
 
 uint32_t allocationsLeft;
 uint32_t liveAllocations;
+
+TEST_F(PmUbusConfigGetitem, KeepsJsonWhateverTheAdditionAnswers) {
+  const std::unique_ptr<cJSON, void (*)(cJSON *)> object(cJSON_CreateObject(), cJSON_Delete);
+  fill("if5_token={\"a\":1}\nifa_ap_config=[1,2]\n");
+  saysNothing = true;
+  for (const char *item : {"if5_token", "ifa_ap_config"}) {
+    EXPECT_EQ(pm_ubus_config_getitem(item, object.get(), 0, kPath), 0);
+  }
+  saysNothing = false;
+  const std::unique_ptr<char, void (*)(void *)> text(cJSON_PrintUnformatted(object.get()),
+                                                     cJSON_free);
+  EXPECT_STREQ(text.get(), R"({"if5_token":{"a":1},"ifa_ap_config":[1,2]})");
+}
 
 TEST_F(PmUbusConfigGetitem, AFailedAllocationLeavesNothingBehind) {
   cJSON_Hooks hooks = {[](size_t size) -> void * {
