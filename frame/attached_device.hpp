@@ -47,7 +47,7 @@ bool queryStationStatistics(const LogOrigin &origin, uint32_t event, const uint8
                             StationStatisticsBuffer &statistics);
 
 /// Finds the LAN interface of that name and reads it into `lan`. Its failures are printed on
-/// standard output, as the tools that watch the daemon's console expect.
+/// standard output, not logged, kept as it was.
 bool findLanInterface(const char *interfaceName, LanInfoBuffer &lan);
 
 /// Finds the associations of one station by its MAC; returns the query's status.

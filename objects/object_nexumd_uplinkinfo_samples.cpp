@@ -242,7 +242,7 @@ int32_t if_uplink_statics(int32_t mode) {
   net_json_get_rate_rt(rxText, txText);
   PM_LOG(kInfo, "start create list\n");
   si_net_sample sample = {};
-  // Both fields carry the receive rate; whoever reads the statistics counts on it.
+  // Both fields carry the receive rate, kept as it was.
   sample.rx = sample.tx = numberIn(rxText);
   const char *key = "uplink";
   PM_LOG(kInfo, " enter  si_sample_list_add dev_name is %s  rx tx [ %d : %d] \n", key, sample.rx,
