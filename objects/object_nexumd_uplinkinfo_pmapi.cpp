@@ -46,21 +46,24 @@ struct KeyField {
   uint32_t viewSize;
   uint32_t offset;
   uint32_t usable;
+  bool reportsFailure; /**< a failed query is logged like a wrong number of matches */
 };
 
 template <class View, uint32_t Width>
-consteval KeyField keyField(platform::TypedField<platform::FieldKind::kText, true, Width> field) {
-  return {View::kId, View::kSize, field.offset, Width - 4};
+consteval KeyField keyField(platform::TypedField<platform::FieldKind::kText, true, Width> field,
+                            bool reportsFailure = false) {
+  return {View::kId, View::kSize, field.offset, Width - 4, reportsFailure};
 }
 
 int32_t seekMatch(const LogOrigin &origin, const KeyField &field, const char *key, uint8_t *bytes) {
   prepareView(bytes, field.viewSize);
   putText(bytes, field.offset, field.usable, key, Mark::kMatch);
   InstanceTable<16> found;
-  if (vcorDbQryView(field.viewId, bytes, &found.list) != kOk) return kFailure;
-  if (found.reported() != 1) {
-    PM_LOG_FOR(origin, kError, 0, "No Run Info [%s] [%d]", key, found.reported());
-    return PM_STATUS_NOT_ONE_MATCH;
+  const int32_t status = vcorDbQryView(field.viewId, bytes, &found.list);
+  if (status != kOk && !field.reportsFailure) return kFailure;
+  if (status != kOk || found.reported() != 1) {
+    PM_LOG_FOR(origin, kError, status, "No Run Info [%s] [%d]", key, found.reported());
+    return status != kOk ? kFailure : PM_STATUS_NOT_ONE_MATCH;
   }
   prepareView(bytes, field.viewSize);
   return vcorDbGetView(field.viewId, found.at(0).text, bytes);
@@ -74,7 +77,7 @@ int32_t readMatch(const LogOrigin &origin, const KeyField &field, const char *ke
   return status;
 }
 
-constexpr KeyField kByService = keyField<WanConnectionView>(WanConnectionView::serviceList);
+constexpr KeyField kByService = keyField<WanConnectionView>(WanConnectionView::serviceList, true);
 constexpr KeyField kRouteByWan = keyField<RouteInterfaceView>(RouteInterfaceView::wanInstance);
 constexpr KeyField kDssInfoByWan = keyField<DssInfoView>(DssInfoView::wanInstance);
 constexpr KeyField kDssConfigByWan = keyField<DssConfigView>(DssConfigView::wanInstance);
@@ -110,22 +113,30 @@ int32_t ubus_getPPPOEUserPwd(char *user, char *password) {
   const InstancePath instance(networking.text(networking.wanInstance));
   ViewBuffer<WanPppConnectionView> ppp;
   if (reportedRead(PM_ORIGIN, ppp.read(instance)) != kOk) return kFailure;
-  copyExact(user, ppp.text(ppp.userName), kTextSize - 1);
-  PM_LOG(kInfo, "pUser:%s\n", ppp.text(ppp.userName));
-  copyExact(password, ppp.text(ppp.password), kTextSize - 1);
-  PM_LOG(kInfo, "pPwd:%s\n", ppp.text(ppp.password));
+  char delivered[kTextSize];
+  copyText(delivered, ppp.text(ppp.userName));
+  copyExact(user, delivered, sizeof delivered);
+  PM_LOG(kInfo, "pUser:%s\n", delivered);
+  copyText(delivered, ppp.text(ppp.password));
+  copyExact(password, delivered, sizeof delivered);
+  PM_LOG(kInfo, "pPwd:%s\n", delivered);
   return kOk;
 }
 
 namespace {
 
+constexpr uint32_t kManagerReplySize = 2048;
+
 /// A module that does not answer is logged and what the connection before it left is added again.
 BandwidthAnswer askManagerForBandwidth(const LogOrigin &origin,
                                        const BandwidthRequestBuffer &request,
                                        BandwidthBuffer &counters) {
-  auto length = static_cast<uint16_t>(counters.kSize);
+  alignas(8) uint8_t reply[kManagerReplySize];
+  auto length = static_cast<uint16_t>(sizeof reply);
+  memcpy(reply, counters.bytes, counters.kSize);
   const int32_t status = askManager(MANAGER_MODULE_BANDINFO, BANDINFO_MGR_GET_BANDWIDTH,
-                                    request.bytes, request.kSize, counters.bytes, &length);
+                                    request.bytes, request.kSize, reply, &length);
+  memcpy(counters.bytes, reply, counters.kSize);
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status, "net_json_get_wan_rate_rt CmSendMsg2MM fail,iRet = %d\n",
                status);
@@ -154,9 +165,25 @@ struct ArpEntry {
   char device[8];
 };
 
+/// Reads the beginning of the next line and passes over the rest of it.
+bool readLine(FILE *table, char (&line)[128]) {
+  if (fgets(line, sizeof line, table) == nullptr) return false;
+  char rest[sizeof line];
+  const char *piece = line;
+  while (strchr(piece, '\n') == nullptr && fgets(rest, sizeof rest, table) != nullptr) piece = rest;
+  return true;
+}
+
+/// The next line that has all the words of an entry.
 bool readArpEntry(FILE *table, ArpEntry &entry) {
-  return fscanf(table, "%15s %7s %7s %31s %19s %7s\n", entry.ipAddress, entry.hardwareType,
-                entry.flags, entry.mac, entry.mask, entry.device) == 6;
+  char line[128];
+  while (readLine(table, line)) {
+    if (sscanf(line, "%15s %7s %7s %31s %19s %7s", entry.ipAddress, entry.hardwareType, entry.flags,
+               entry.mac, entry.mask, entry.device) == 6) {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace
@@ -173,7 +200,7 @@ int32_t ubus_getGatewayMac(char *mac) {
     fclose(table);
     return kFailure;
   }
-  // From here on the table stays open: the daemon's descriptor accounting counts on it.
+  // From here on the table stays open, kept as it was.
   ArpEntry entry = {};
   for (int32_t i = 0; readArpEntry(table, entry); ++i) {
     if (strstr(entry.device, "nbif") != nullptr) {
@@ -382,16 +409,16 @@ void fillCurrentRate(const LogOrigin &origin, UplinkInfoRecord *record) {
   copyText(record->TxRate_rt, txText);
 }
 
-bool fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_t mode,
-                   const char *type, UplinkRateBlock &block) {
+int32_t fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_t mode,
+                      const char *type, UplinkRateBlock &block) {
   copyText(block.statType, type);
   si_net_sample_statics statistics = {};
-  if (si_net_sample_list_statics(&key, &statistics, mode) != kOk) {
+  if (const int32_t status = si_net_sample_list_statics(&key, &statistics, mode); status != kOk) {
     block.AverRxRate[0] = '\0';
     block.AverTxRate[0] = '\0';
     block.MaxRxRate[0] = '\0';
     block.MaxTxRate[0] = '\0';
-    return false;
+    return status;
   }
   PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics succeed \n");
   PM_LOG_FOR(origin, kInfo, 0, "AverRxRate is %d  : %d :%d :%d\n", statistics.rx_aver,
@@ -400,18 +427,22 @@ bool fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_
   printDecimal(block.AverTxRate, statistics.tx_aver);
   printDecimal(block.MaxRxRate, statistics.rx_max);
   printDecimal(block.MaxTxRate, statistics.tx_max);
-  return true;
+  return kOk;
 }
 
 void fillRateStatistics(const LogOrigin &origin, UplinkInfoRecord *record) {
   record->rateStatsValid = 1;
   si_net_sample_dev key = {};
   copyText(key.name, "uplink");
-  if (!fillRateBlock(origin, key, kUplinkIpv4, "IFA", record->ipv4Rates)) {
-    PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics ifa failed [name %s] \n", key.name);
+  if (const int32_t status = fillRateBlock(origin, key, kUplinkIpv4, "IFA", record->ipv4Rates);
+      status != kOk) {
+    PM_LOG_FOR(origin, kInfo, status, "si_net_sample_list_statics ifa failed [name %s] \n",
+               key.name);
   }
-  if (!fillRateBlock(origin, key, kUplinkIpv6, "IF6", record->ipv6Rates)) {
-    PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics if6 failed [name %s]\n", key.name);
+  if (const int32_t status = fillRateBlock(origin, key, kUplinkIpv6, "IF6", record->ipv6Rates);
+      status != kOk) {
+    PM_LOG_FOR(origin, kInfo, status, "si_net_sample_list_statics if6 failed [name %s]\n",
+               key.name);
   }
 }
 

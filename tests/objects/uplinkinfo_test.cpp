@@ -3,6 +3,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "gateway/habits.hpp"
 #include "gateway/host.hpp"
 #include "gateway/ports.hpp"
 #include "gateway/uplink_traffic.hpp"
@@ -346,8 +347,8 @@ TEST_F(UplinkInfoTest, FailuresLeaveTheirFieldsEmpty) {
       {4, "ubus_get_rate_rt", "net_json_get_wan_rate_rt CmSendMsg2MM fail,iRet = -1\n", -1},
       {7, "ubus_getGatewayMac", "/proc/net/arp can not open!"},
       {4, "pm_ubus_get_uplinkinfo", "func pm_switch_get_inst_id_by_port fail,iRet=-10\n", -10},
-      {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics ifa failed [name uplink] \n"},
-      {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics if6 failed [name uplink]\n"}};
+      {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics ifa failed [name uplink] \n", -1},
+      {5, "pm_ubus_get_uplinkinfo", "si_net_sample_list_statics if6 failed [name uplink]\n", -1}};
   for (const testing::LogExpectation &line : lines) EXPECT_THAT(logs(), HasLogLine(line));
 
   fail({.call = "vcorDbGetView",
@@ -393,6 +394,10 @@ TEST_F(UplinkInfoTest, ManagementMacNeedsOneInternetConnection) {
   fail({.call = "vcorDbQryView", .match = "WAN_CONN", .times = 1, .count = 0});
   EXPECT_EQ(ubus_get_manger_mac(mac), -2);
   EXPECT_THAT(logs(), HasLog(4, "No Run Info [INTERNET] [0]"));
+  forgetCalls();
+  fail("vcorDbQryView", "WAN_CONN", -14, 1, 1);
+  EXPECT_EQ(ubus_get_manger_mac(mac), -1);
+  EXPECT_THAT(logs(), HasLogLine({4, "ubus_get_manger_mac", "No Run Info [INTERNET] [0]", -14}));
   fail({.call = "vcorDbQryView", .match = "WAN_CONN", .times = 1, .count = 1});
   fail("vcorDbGetView", "WAN_CONN", -13);
   EXPECT_EQ(ubus_get_manger_mac(mac), -13);
@@ -419,6 +424,11 @@ TEST_F(UplinkInfoTest, CurrentRateIsSumOfAllInSinglePrecision) {
   interfaces[0].rx = {1536, 0, 0};
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
   EXPECT_STREQ(rx, "2.000");
+  {
+    const Habit answersAtLength(&Habits::answersAtLength);
+    EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
+    EXPECT_STREQ(rx, "2.000");
+  }
   // The second connection's silence adds the first one's counters once more: 1 + 1 + 2^24.
   fail("pm_send_msg_2mm", "bandInfo_mgr", -3, 2, 1);
   EXPECT_EQ(ubus_get_rate_rt(rx, tx), 0);
@@ -461,11 +471,15 @@ TEST_F(UplinkInfoTest, GatewayMacOfAnyTable) {
       {"", ""},
       {"short\n", ""},
       {std::string(kArpHeader) + "10.0.0.1 0x1 0x2 aa:00:00:00:00:02 *", ""},
-      {std::string(kArpHeader) + "garbage\n\n%s%n \x01\xff\n10.0.0.1 0x1 0x2 aa:bb * nbif0\n", ""},
-      // The rest of a long device name shifts the entries behind it.
+      {std::string(kArpHeader) + "garbage\n\n%s%n \x01\xff\n10.0.0.1 0x1 0x2 aa:bb * nbif0\n",
+       "aa:bb"},
+      // A long device name is cut, and spoils no entry behind it.
       {std::string(kArpHeader) + "10.0.0.2 0x1 0x2 aa:01 * wlan0nbif\n"
                                  "10.0.0.1 0x1 0x2 aa:02 * nbif0\n",
-       ""},
+       "aa:02"},
+      {std::string(kArpHeader) + "10.0.0.2 0x1 0x2 aa:01 * " + std::string(500, 'n') +
+           " 10.0.0.9 0x1 0x2 aa:09 * nbif0\n10.0.0.1 0x1 0x2 aa:02 * nbif0",
+       "aa:02"},
       {std::string(kArpHeader) + std::string(300, 'z') + " nbif0\n", ""},
       {std::string(kArpHeader) + "10.0.0.1 0x1 0x2 " + std::string(31, 'm') + " * nbif0\n",
        "mmmmmmmmmmmmmmmmmmmmmmmmmmmmmmm"},
@@ -512,6 +526,7 @@ TEST_F(UplinkInfoTest, AccountIsCopiedAsFarAsItsFieldsGo) {
       platform::WanPppConnectionView::userName, name);
   EXPECT_EQ(get(), 0);
   EXPECT_EQ(record.pppoeUserName, name.substr(0, 31));
+  EXPECT_THAT(logs(), HasLog(5, "pUser:" + name.substr(0, 31) + "\n"));
   char text[32] = {};
   EXPECT_EQ(ubus_getPPPOEUserPwd(nullptr, text), -1);
   EXPECT_EQ(ubus_getPPPOEUserPwd(text, nullptr), -1);
