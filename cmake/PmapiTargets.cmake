@@ -30,7 +30,8 @@ endfunction()
 
 # The process for a device: the command's calls on the platform that these libraries supply.
 function(pmapi_add_probe)
-  pmapi_add_process(pmapi_probe ${PROJECT_SOURCE_DIR}/tools/probe/main.cpp)
+  pmapi_add_process(pmapi_probe
+    ${PROJECT_SOURCE_DIR}/tools/probe/cjson_check.cpp ${PROJECT_SOURCE_DIR}/tools/probe/main.cpp)
   target_link_libraries(pmapi_probe PRIVATE catalogue ${ARGN})
   set_target_properties(pmapi_probe PROPERTIES OUTPUT_NAME pmapi-probe)
 endfunction()

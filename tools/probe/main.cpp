@@ -4,6 +4,7 @@
 #include "tools/command/output.hpp"
 #include "tools/command/subcommands.hpp"
 #include "tools/command/transcript.hpp"
+#include "tools/probe/cjson_check.hpp"
 
 namespace command {
 namespace {
@@ -51,6 +52,9 @@ int main(int argc, char **argv) {
   subcommands.list->add_flag("-v,--verbose", verbose, "Methods, arguments and answers");
   addPrinting(app, printing);
   return runProgram(app, argc, argv, [&] {
+    if (const std::string difference = probe::cjsonDifference(); !difference.empty()) {
+      std::cerr << "pmapi-probe: " << difference << '\n';
+    }
     if (subcommands.call->parsed()) return call(target, printing);
     if (subcommands.run->parsed()) return run(target, printing);
     std::cout << listing(target.object, verbose || !target.object.empty());
