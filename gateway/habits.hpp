@@ -7,6 +7,8 @@ struct Habits {
   /// Takes all 32 bytes of an instance path, so that no shorter text may be given for one: those
   /// behind its end are to be zero.
   bool copiesWholePaths = false;
+  /// Writes a path of 32 characters without an end, where others have no such path.
+  bool endsNoPaths = false;
   /// Leaves something else in the header of a view that was read.
   bool spoilsHeaders = false;
   /// Fills the reply of a manager module to 2048 bytes.

@@ -32,11 +32,11 @@ std::string pathFrom(const char *path) {
 }
 
 void writePath(const std::string &path, char out[PLATFORM_INSTANCE_SIZE]) {
-  if (path.size() >= PLATFORM_INSTANCE_SIZE) {
+  if (path.size() >= PLATFORM_INSTANCE_SIZE + (habits().endsNoPaths ? 1 : 0)) {
     throw Refusal(kPathTooLong, "the path " + path + " does not fit a list");
   }
   std::memset(out, 0, PLATFORM_INSTANCE_SIZE);
-  std::memcpy(out, path.c_str(), path.size() + 1);
+  std::memcpy(out, path.data(), path.size());
 }
 
 uint32_t writePaths(const std::vector<std::string> &paths, uint32_t capacity,

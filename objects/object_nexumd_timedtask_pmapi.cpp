@@ -135,7 +135,7 @@ void si_deal_num_conv_weekday(uint32_t weekMask, WeekdayList *out) {
   out->nCnt = 0;
   for (uint32_t day = 1; day <= kSunday; ++day) {
     const uint32_t bit = day == kSunday ? 0 : day;
-    if ((weekMask >> bit & 1) == 0 || out->nCnt >= kWeekdays) continue;
+    if ((weekMask >> bit & 1) == 0) continue;
     out->Weekday[out->nCnt] = day;
     PM_LOG(kInfo, "weekday_out->Weekday[%d]=%d\n", out->nCnt, day);
     ++out->nCnt;

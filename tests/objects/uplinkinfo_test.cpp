@@ -175,6 +175,15 @@ TEST_F(UplinkInfoTest, PortSpeeds) {
                           "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_PORTLINKSTAT_TYPE error!\n", 3}));
 }
 
+TEST_F(UplinkInfoTest, PortIsAskedForByAPathThatEnds) {
+  const Habit endsNoPaths(&Habits::endsNoPaths);
+  const std::string path = "IGD.Switch1.Port" + std::string(16, 'p');
+  ports().byNumber(wan().uplink.port)->instance = path;
+  EXPECT_EQ(get(), 0);
+  EXPECT_THAT(trace("pm_eth_get_port_basic_statstics"),
+              ElementsAre(HasSubstr("(" + path.substr(0, 31) + ")")));
+}
+
 class WifiUplinkTest : public UplinkInfoTest {
  protected:
   WifiUplinkTest() { loadExample("wifi_repeater.json"); }
