@@ -8,6 +8,7 @@
 #include "platform/records/device.hpp"
 #include "platform/records/wlan_band_steering.hpp"
 #include "platform/views/associated_device.hpp"
+#include "pmapi/stainfo.h"
 #include "tests/objects/wlan_object_test.hpp"
 
 namespace {
@@ -422,6 +423,19 @@ TEST_F(RoamingStations, AssociationsThatAreNotFoundOrReadAreNotCounted) {
   fail({.call = "vcorDbGetView", .match = "WLAN1.AD2", .answer = -77, .workDone = true});
   EXPECT_EQ(printedBy([] { EXPECT_THAT(counted(), ElementsAre(2, 1, 4)); }), "");
   EXPECT_THAT(trace("pm_wlan_get_config"), ::testing::SizeIs(5));
+}
+
+TEST_F(RoamingStations, SsidIsAskedForByAPathThatEnds) {
+  const platform::Field field = platform::AssociatedDeviceView::ssidInstance;
+  memset(association(kTabletPath).data() + field.offset, 's', field.width);
+  const std::string asked = "pm_wlan_get_config(" + std::string(31, 's') + ")";
+  printedBy([] {
+    EXPECT_THAT(counted(), ElementsAre(2, 2, 4));
+    StaConfigResult result = {};
+    EXPECT_NE(ubus_get_sta_config(0, &result), 0);
+  });
+  EXPECT_THAT(trace("pm_wlan_get_config"),
+              ::testing::Contains(::testing::HasSubstr(asked)).Times(2));
 }
 
 TEST_F(RoamingStations, WholeDeviceCountsWhateverTheReplyCallsItsStatus) {
