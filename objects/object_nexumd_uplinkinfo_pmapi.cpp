@@ -110,9 +110,9 @@ int32_t ubus_getPPPOEUserPwd(char *user, char *password) {
   if (user == nullptr || password == nullptr) return kFailure;
   ViewBuffer<NetworkingDeviceView> networking;
   readNetworking(PM_ORIGIN, networking);
-  const InstancePath instance(networking.text(networking.wanInstance));
   ViewBuffer<WanPppConnectionView> ppp;
-  if (reportedRead(PM_ORIGIN, ppp.read(instance)) != kOk) return kFailure;
+  const int32_t status = ppp.readAt(networking.text(networking.wanInstance));
+  if (reportedRead(PM_ORIGIN, status) != kOk) return kFailure;
   char delivered[kTextSize];
   copyText(delivered, ppp.text(ppp.userName));
   copyExact(user, delivered, sizeof delivered);

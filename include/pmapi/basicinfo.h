@@ -113,7 +113,7 @@ PMAPI_EXPORT int32_t ubus_getDeviceMac(char destination[13]);
 /**
  * Kind of uplink: "WLAN", "Ethernet", or @p text untouched for any other.
  * @param text zero-filled
- * @param length most characters written; @p text with length + 1 bytes is always terminated
+ * @param length most characters written; a word that is shorter is terminated
  * @retval 0 the uplink mode was read
  * @retval PM_STATUS_FAILED @p text is NULL
  * @return else the platform status

@@ -37,7 +37,8 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_iptv_set(UbusIptv record);
 PMAPI_EXPORT int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record);
 
 /**
- * Removes up to 32 bindings; a binding that cannot be read is passed over.
+ * Removes up to 32 bindings. For a binding that cannot be read the platform is called with what its
+ * zeroed record holds.
  * @return 0 or the platform status of the listing
  */
 PMAPI_EXPORT int32_t pm_iptv_del(void);

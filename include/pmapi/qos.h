@@ -55,8 +55,8 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_qos_set(const UbusQos *record);
 PMAPI_EXPORT int32_t pm_ubus_nexumd_qos_get(UbusQos *record);
 
 /**
- * Removes up to 30 rules; a rule that cannot be read is passed over. Prints each name to standard
- * output.
+ * Removes up to 30 rules. For a rule that cannot be read the platform is called with what its
+ * zeroed record holds. Prints each name to standard output.
  * @return 0 or the platform status of the listing
  */
 PMAPI_EXPORT int32_t pm_qc_clear_all(void);

@@ -59,7 +59,7 @@ PMAPI_EXPORT int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer records[135], 
 /**
  * Turns a weekday mask into a list of days, Monday first and Sunday last.
  * @param weekMask as in UbusWifiTimer
- * @param out zero-filled, not NULL; days are appended
+ * @param out not NULL; the days are written from the first on
  */
 PMAPI_EXPORT void si_deal_num_conv_weekday(uint32_t weekMask, WeekdayList *out);
 

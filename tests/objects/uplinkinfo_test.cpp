@@ -543,7 +543,8 @@ TEST_F(UplinkInfoTest, AccountIsCopiedAsFarAsItsFieldsGo) {
   const std::string longPath(40, 'p');
   store().row<NetworkingDeviceView>("IGD").setText(NetworkingDeviceView::wanInstance, longPath);
   EXPECT_EQ(ubus_getPPPOEUserPwd(text, text), -1);
-  EXPECT_THAT(trace().back(), HasSubstr("DBVIEW_WAN_PPP_CONN " + longPath.substr(0, 31) + ")"));
+  EXPECT_THAT(trace().back(), HasSubstr("DBVIEW_WAN_PPP_CONN " + longPath + ")"));
+  EXPECT_THAT(gateway().takeComplaints(), ElementsAre(HasSubstr("longer than 32")));
 }
 
 TEST_F(UplinkInfoTest, ViewsAreWholeOrZeroAndFoundByKeysOfThirtyTwoCharacters) {
