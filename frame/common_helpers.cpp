@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "frame/attached_device.hpp"
+#include "frame/file.hpp"
 #include "frame/instance.hpp"
 #include "frame/json_items.hpp"
 #include "frame/record_buffer.hpp"
@@ -92,7 +93,7 @@ int32_t IsJsonObjOrArray(const char *item) {
 }
 
 int32_t file_size(const char *path) {
-  FILE *file = fopen(path, "r");
+  FILE *file = pm::openForReading(path);
   if (file == nullptr) return PM_STATUS_FAILED;
   fseek(file, 0, SEEK_END);
   const auto size = static_cast<int32_t>(ftell(file));

@@ -103,7 +103,8 @@ int closeCookie(void *opaque) {
 int openFlags(std::string_view mode) {
   const bool both = mode.find('+') != std::string_view::npos;
   if (mode.starts_with('r')) return both ? O_RDWR : O_RDONLY;
-  const int how = O_CREAT | (mode.starts_with('a') ? O_APPEND : O_TRUNC);
+  const int exclusive = mode.find('x') != std::string_view::npos ? O_EXCL : 0;
+  const int how = O_CREAT | exclusive | (mode.starts_with('a') ? O_APPEND : O_TRUNC);
   return how | (both ? O_RDWR : O_WRONLY);
 }
 
@@ -198,16 +199,32 @@ std::vector<std::string> Files::list() {
 void Files::reset() {
   // Streams that an earlier gateway's caller left open stay open, but are no longer counted.
   streams_.clear();
+  duplicates_.clear();
   if (temporary_) removeRoot();
 }
 
 FILE *Files::open(const char *path, const char *mode) {
   const int descriptor = ::open(map(path).c_str(), openFlags(mode) | O_CLOEXEC, kNewFileMode);
   if (descriptor < 0) return nullptr;
+  FILE *stream = streamOn(descriptor, path, mode);
+  if (stream == nullptr) ::close(descriptor);
+  return stream;
+}
+
+int Files::duplicate(int descriptor, int lowest) {
+  const int copy = ::fcntl(descriptor, F_DUPFD_CLOEXEC, lowest);
+  if (copy >= 0) duplicates_[copy] = pathOfDescriptor(descriptor);
+  return copy;
+}
+
+FILE *Files::openDuplicate(int descriptor, const char *mode) {
+  return streamOn(descriptor, pathOfDescriptor(descriptor), mode);
+}
+
+FILE *Files::streamOn(int descriptor, const std::string &path, const char *mode) {
   Cookie *const cookie = keep(std::make_unique<Cookie>(Cookie{descriptor, path}));
   FILE *stream = ::fopencookie(cookie, mode, {readCookie, writeCookie, seekCookie, closeCookie});
   if (stream == nullptr) {
-    ::close(descriptor);
     cookies().erase(cookie);
     return nullptr;
   }
@@ -224,6 +241,9 @@ int Files::descriptorOf(FILE *stream) const {
 std::string Files::pathOfDescriptor(int descriptor) const {
   for (const auto &[stream, opened] : streams_) {
     if (opened.descriptor == descriptor) return opened.path;
+  }
+  if (const auto copy = duplicates_.find(descriptor); copy != duplicates_.end()) {
+    return copy->second;
   }
   return "descriptor " + std::to_string(descriptor);
 }

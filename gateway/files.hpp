@@ -41,6 +41,8 @@ class Files {
 
   // What stands behind the library's own calls of libc.
   FILE *open(const char *path, const char *mode);
+  int duplicate(int descriptor, int lowest);
+  FILE *openDuplicate(int descriptor, const char *mode);
   int descriptorOf(FILE *stream) const;
   std::string pathOfDescriptor(int descriptor) const;
   void closed(FILE *stream) { streams_.erase(stream); }
@@ -51,6 +53,7 @@ class Files {
     int descriptor;
   };
 
+  FILE *streamOn(int descriptor, const std::string &path, const char *mode);
   std::filesystem::path mapOwn(const std::string &path);
   void makeRoot();
   void removeRoot();
@@ -58,6 +61,7 @@ class Files {
   std::filesystem::path root_;
   bool temporary_ = false;
   std::map<FILE *, Stream> streams_;
+  std::map<int, std::string> duplicates_; /**< paths of descriptors without a stream */
 };
 
 }  // namespace gateway

@@ -3,8 +3,10 @@
 // nobody else in the process notices.
 #include "gateway/library_calls.hpp"
 
+#include <fcntl.h>
 #include <link.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/sysinfo.h>
 #include <unistd.h>
 
@@ -32,6 +34,32 @@ FILE *openForLibrary(const char *path, const char *mode) {
 int descriptorForLibrary(FILE *stream) {
   const int own = Gateway::current().files().descriptorOf(stream);
   return own >= 0 ? own : ::fileno(stream);
+}
+
+/// Of what fcntl can do, the library asks for one thing only.
+int duplicateForLibrary(int descriptor, int command, int lowest) {
+  const std::string path = Gateway::current().files().pathOfDescriptor(descriptor);
+  errno = EMFILE;
+  return boundary::status("fcntl", path, [&](Gateway &gateway) {
+    if (command != F_DUPFD) throw Refusal(kBadRequest, "only F_DUPFD");
+    return gateway.files().duplicate(descriptor, lowest);
+  });
+}
+
+FILE *openDuplicateForLibrary(int descriptor, const char *mode) {
+  const std::string key = std::to_string(descriptor) + " " + boundary::text(mode);
+  errno = ENOMEM;
+  return boundary::pointer<FILE *>("fdopen", key, [&](Gateway &gateway) {
+    return gateway.files().openDuplicate(descriptor, mode);
+  });
+}
+
+int statForLibrary(const char *path, struct stat *found) {
+  errno = EIO;
+  return boundary::status("lstat", boundary::text(path), [&](Gateway &gateway) {
+    if (path == nullptr) throw Refusal(kNullArgument, "no path");
+    return ::lstat(gateway.files().map(path).c_str(), found);
+  });
 }
 
 int syncForLibrary(int descriptor) {
@@ -94,10 +122,12 @@ Replacement replacement(std::string_view symbol, Function function) {
 }
 
 const Replacement kReplacements[] = {
-    replacement("fopen", openForLibrary),    replacement("fileno", descriptorForLibrary),
-    replacement("fsync", syncForLibrary),    replacement("rename", renameForLibrary),
-    replacement("unlink", unlinkForLibrary), replacement("calloc", allocateForLibrary),
-    replacement("sleep", sleepForLibrary),   replacement("sysinfo", sysinfoForLibrary),
+    replacement("fopen", openForLibrary),      replacement("fileno", descriptorForLibrary),
+    replacement("fsync", syncForLibrary),      replacement("rename", renameForLibrary),
+    replacement("unlink", unlinkForLibrary),   replacement("calloc", allocateForLibrary),
+    replacement("fcntl", duplicateForLibrary), replacement("fdopen", openDuplicateForLibrary),
+    replacement("lstat", statForLibrary),      replacement("sleep", sleepForLibrary),
+    replacement("sysinfo", sysinfoForLibrary),
 };
 
 /// The tables of one loaded library that say which of its slots holds which import.

@@ -1,9 +1,11 @@
 #include <cjson/cJSON.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstring>
 
+#include "frame/file.hpp"
 #include "frame/json_items.hpp"
 #include "frame/log.hpp"
 #include "frame/status.hpp"
@@ -54,6 +56,14 @@ const char *printable(const char *text) {
   return text != nullptr ? text : "(null)";
 }
 
+/// A name without letters would match every line, a line feed would make lines of its own.
+bool isRefused(const LogOrigin &origin, const char *item, const char *value) {
+  if (*item != '\0' && strchr(item, '\n') == nullptr && strchr(value, '\n') == nullptr)
+    return false;
+  PM_LOG_FOR(origin, kError, 0, "[%s] item %s is refused\n", origin.function, item);
+  return true;
+}
+
 void cutAtLineFeed(char *text) {
   if (char *lineFeed = strchr(text, '\n'); lineFeed != nullptr) *lineFeed = '\0';
 }
@@ -65,7 +75,7 @@ const char *valueAfter(const char *nameEnd) {
 
 /// Finds the first line with the item and returns its value within `line`, or nullptr.
 const char *findValue(const char *item, const char *path, char (&line)[kLineSize]) {
-  FILE *store = fopen(path, "r");
+  FILE *store = openForReading(path);
   if (store == nullptr) return nullptr;
   char *match = nullptr;
   // Nobody else has this stream: doing without its lock pays for looking the item up by name.
@@ -100,11 +110,11 @@ class StoreRewrite {
   StoreRewrite(const StoreRewrite &) = delete;
   StoreRewrite &operator=(const StoreRewrite &) = delete;
 
-  bool openStore() { return (store_ = fopen(path_, "r")) != nullptr; }
+  bool openStore() { return (store_ = openForReading(path_)) != nullptr; }
 
   /// Gives the store back when there can be no copy.
   bool openCopy() {
-    copy_ = fopen(temporaryPath_, "w");
+    if (removeLeftover()) copy_ = createFile(temporaryPath_);
     if (copy_ == nullptr) fclose(store_);
     return copy_ != nullptr;
   }
@@ -138,6 +148,7 @@ class StoreRewrite {
 
  private:
   bool isRead() const { return !lost_ && !ferror(store_); }
+  bool removeLeftover();
   bool finishCopy();
 
   const char *const path_;
@@ -162,6 +173,17 @@ bool StoreRewrite::nextLine() {
   }
   read_ += static_cast<long>(length_);
   return true;
+}
+
+/// Makes way for the copy. False when what lies in its place is not the copy of an earlier rewrite:
+/// the store under another name, or no file at all.
+bool StoreRewrite::removeLeftover() {
+  struct stat leftover, store;
+  // What cannot be looked at is either not there or in the way of a new file.
+  if (lstat(temporaryPath_, &leftover) != 0) return true;
+  if (!S_ISREG(leftover.st_mode) || fstat(fileno(store_), &store) != 0) return false;
+  const bool same = leftover.st_dev == store.st_dev && leftover.st_ino == store.st_ino;
+  return !same && unlink(temporaryPath_) == 0;
 }
 
 /// Closes both files. True when the copy has everything and the disk has the copy.
@@ -198,6 +220,7 @@ int32_t pm_ubus_config_additem(const UbusAddItem *record, const char *path,
     PM_FAIL(0, "pm_ubus_config_additem para is null");
     return kNullRecord;
   }
+  if (isRefused(PM_ORIGIN, record->item, record->value)) return kFailure;
   printf("line:%d, item:%s, value:%s\n", kAddAccepted, record->item, record->value);
 
   StoreRewrite rewrite(path, temporaryPath);
@@ -270,6 +293,7 @@ int32_t pm_ubus_config_deleteitem(const char *item, const char *path, const char
     PM_LOG(kInfo, "%s  %d delete error\r\n", __func__, __LINE__);
     return kFailure;
   }
+  if (isRefused(PM_ORIGIN, item, "")) return kFailure;
 
   StoreRewrite rewrite(path, temporaryPath);
   if (!rewrite.openStore()) {

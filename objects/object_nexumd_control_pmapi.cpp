@@ -1,5 +1,6 @@
 #include <cstdio>
 
+#include "frame/file.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/parse.hpp"
@@ -122,7 +123,7 @@ constexpr uint32_t kProcTextSize = 8;
 /// Reads the first seven characters of a file's first line. A file that can be opened but not read
 /// leaves the text as it is and still counts as read.
 int32_t GetStrFromFile(const char *path, char (&text)[kProcTextSize]) {
-  FILE *file = fopen(path, "r");
+  FILE *file = openForReading(path);
   if (file == nullptr) {
     PM_FAIL(0, "Open %s fail\n", path);
     return kFailure;

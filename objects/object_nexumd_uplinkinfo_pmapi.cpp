@@ -1,6 +1,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "frame/file.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/proxy.hpp"
@@ -191,7 +192,7 @@ bool readArpEntry(FILE *table, ArpEntry &entry) {
 int32_t ubus_getGatewayMac(char *mac) {
   PM_ENTER();
   if (mac == nullptr) return kFailure;
-  FILE *table = fopen("/proc/net/arp", "r");
+  FILE *table = openForReading("/proc/net/arp");
   if (table == nullptr) {
     PM_LOG(kTrace, "/proc/net/arp can not open!");
     return kFailure;

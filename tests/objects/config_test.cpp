@@ -2,6 +2,8 @@
 
 #include <cjson/cJSON.h>
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,7 +11,9 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
+#include "tests/support/closed_streams.hpp"
 #include "tests/support/gateway_test.hpp"
 
 namespace {
@@ -29,6 +33,7 @@ cJSON_bool cJSON_AddItemToObject(cJSON *object, const char *name, cJSON *item) {
 
 namespace {
 
+using gateway::testing::ClosedStandardStreams;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StrEq;
@@ -312,6 +317,77 @@ TEST_F(PmUbusConfigAdditem, RefusesANullRecordAndAMissingStore) {
   EXPECT_THAT(files().list(), IsEmpty());
 }
 
+TEST_F(ItemStoreRewrite, RefusesNamesAndValuesThatMakeNoLineOfTheirOwn) {
+  const std::string before = "a=1\ninterface=br0\n";
+  fill(before);
+  const auto refused = [&](const std::string &function, const std::string &item) {
+    EXPECT_EQ(content(), before);
+    EXPECT_THAT(logs(),
+                HasLogLine({4, function, "[" + function + "] item " + item + " is refused\n"}));
+    EXPECT_THAT(trace("unlink"), IsEmpty());
+    forgetCalls();
+  };
+  for (const auto &[item, value] :
+       {std::pair("", "1"), {"a\nb", "1"}, {"a", "1\nif3_gwToken=2"}, {"a", "\n"}}) {
+    EXPECT_EQ(add(item, value), -1);
+    refused("pm_ubus_config_additem", item);
+  }
+  for (const char *item : {"", "a\n", "1\ninterface"}) {
+    EXPECT_EQ(remove(item), -1);
+    refused("pm_ubus_config_deleteitem", item);
+  }
+}
+
+TEST_F(ItemStoreRewrite, TouchesNoTemporaryPathThatIsNoFileOfItsOwn) {
+  namespace fs = std::filesystem;
+  const fs::path store = files().map(kPath), temporary = files().map(kTemporary);
+  const fs::path other = files().map("/userconfig/other");
+  const struct {
+    const char *about;
+    std::function<void()> make;
+  } cases[] = {
+      {"a hard link to the store", [&] { fs::create_hard_link(store, temporary); }},
+      {"a symbolic link to the store", [&] { fs::create_symlink(store, temporary); }},
+      {"a symbolic link to a file", [&] { fs::create_symlink(other, temporary); }},
+      {"a symbolic link to nothing", [&] { fs::create_symlink(other / "x", temporary); }},
+      {"a directory", [&] { fs::create_directory(temporary); }},
+      {"a FIFO", [&] { ASSERT_EQ(mkfifo(temporary.c_str(), 0600), 0); }},
+  };
+  for (const auto &c : cases) {
+    SCOPED_TRACE(c.about);
+    fill("a=1\n");
+    files().write("/userconfig/other", "kept");
+    c.make();
+    const fs::file_status before = fs::symlink_status(temporary);
+    // A FIFO is opened for writing without waiting as long as somebody reads it.
+    const int reader = open(temporary.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
+    EXPECT_EQ(add("x", "1"), -1);
+    EXPECT_EQ(remove("a"), -1);
+    close(reader);
+    EXPECT_EQ(content(), "a=1\n");
+    EXPECT_EQ(files().read("/userconfig/other"), "kept");
+    EXPECT_EQ(fs::symlink_status(temporary).type(), before.type());
+    fs::remove_all(temporary);
+  }
+  EXPECT_EQ(pm_ubus_config_deleteitem("a", kPath, kPath), -1);
+  EXPECT_EQ(content(), "a=1\n");
+}
+
+TEST_F(ItemStoreRewrite, TheRestOfAnEarlierRewriteMakesWay) {
+  fill("a=1\n");
+  files().write(kTemporary, "a rest that is longer than the store");
+  const std::filesystem::path elsewhere = files().map("/userconfig/elsewhere");
+  std::filesystem::create_hard_link(files().map(kTemporary), elsewhere);
+  EXPECT_EQ(add("x", "1"), 0);
+  EXPECT_EQ(content(), "a=1\nx=1\n");
+  EXPECT_FALSE(temporaryExists());
+  EXPECT_EQ(files().read("/userconfig/elsewhere"), "a rest that is longer than the store");
+  fail("unlink", kTemporary, -1, 1, 1);
+  files().write(kTemporary, "rest");
+  EXPECT_EQ(add("x", "2"), -1);
+  EXPECT_EQ(content(), "a=1\nx=1\n");
+}
+
 TEST_F(PmUbusConfigGetitem, RefusesSilently) {
   char destination[4] = "abc";
   fill("interface=br0\n");
@@ -348,10 +424,11 @@ TEST_F(ItemStoreRewrite, GivesUpTheOldFileOnlyForOneThatIsOnTheDisk) {
     if (call.name != "read") calls.push_back(call.name + " " + call.key);
   }
   const std::string path = kPath, temporary = kTemporary;
-  EXPECT_THAT(calls, ElementsAre("fopen " + path + " r", "fopen " + temporary + " w",
-                                 "write " + temporary, "fsync " + temporary, "fclose " + path,
-                                 "fclose " + temporary, "unlink " + path,
-                                 "rename " + temporary + " " + path, "unlink " + temporary));
+  EXPECT_THAT(
+      calls, ElementsAre("fopen " + path + " r", "lstat " + temporary, "fopen " + temporary + " wx",
+                         "write " + temporary, "fsync " + temporary, "fclose " + path,
+                         "fclose " + temporary, "unlink " + path,
+                         "rename " + temporary + " " + path, "unlink " + temporary));
 }
 
 /// A change of a store that takes several reads and writes.
@@ -461,7 +538,7 @@ constexpr int kSurvived = 2;
 enum class Moment { kAfterCall, kWithinWrite };
 
 /// False when the change needs fewer calls than that.
-bool killed(Moment moment, uint32_t number, const Change &change) {
+bool killed(Moment moment, uint32_t number, const Change &change, bool withoutStreams) {
   // Not fork(): what libc does besides in its child crashes under the ARM emulator.
   const pid_t child = _Fork();
   if (child == 0) {
@@ -472,6 +549,8 @@ bool killed(Moment moment, uint32_t number, const Change &change) {
           moment == Moment::kWithinWrite ? call.faulted : boundary.calls().size() + 1 == number;
       if (due) _exit(kKilled);
     });
+    std::optional<ClosedStandardStreams> closed;
+    if (withoutStreams) closed.emplace();
     change.make();
     _exit(kSurvived);
   }
@@ -481,24 +560,50 @@ bool killed(Moment moment, uint32_t number, const Change &change) {
   return WEXITSTATUS(status) == kKilled;
 }
 
-TEST_F(ItemStoreRewrite, AKillAtAnyCallLeavesOneWholeStore) {
-  for (const Change &change : largeChanges()) {
-    for (const Moment moment : {Moment::kAfterCall, Moment::kWithinWrite}) {
-      bool dead = true;
-      uint32_t number = 0;
-      while (dead) {
-        ++number;
-        SCOPED_TRACE(std::string(change.about) + ", killed at " + std::to_string(number));
-        fill(change.before);
-        files().remove(kTemporary);
-        dead = killed(moment, number, change);
-        const std::string whole = files().read(kPath).has_value()
-                                      ? content()
-                                      : files().read(kTemporary).value_or("(none)");
-        EXPECT_TRUE(whole == change.after || (dead && whole == change.before));
+class ItemStoreKill : public ConfigTest {
+ protected:
+  /// True when the process died; what it left must then be one of two whole stores.
+  bool killAndRecover(const Change &change, Moment moment, uint32_t number, bool withoutStreams) {
+    fill(change.before);
+    files().remove(kTemporary);
+    const bool dead = killed(moment, number, change, withoutStreams);
+    const std::string whole =
+        files().read(kPath).has_value() ? content() : files().read(kTemporary).value_or("(none)");
+    EXPECT_TRUE(whole == change.after || (dead && whole == change.before));
+    return dead;
+  }
+
+  void killEverywhere(bool withoutStreams) {
+    for (const Change &change : largeChanges()) {
+      for (const Moment moment : {Moment::kAfterCall, Moment::kWithinWrite}) {
+        SCOPED_TRACE(change.about);
+        uint32_t number = 1;
+        while (killAndRecover(change, moment, number, withoutStreams)) ++number;
+        EXPECT_GT(number, moment == Moment::kAfterCall ? 10u : 2u) << "killed too seldom";
       }
-      EXPECT_GT(number, moment == Moment::kAfterCall ? 10u : 2u) << "killed too seldom";
     }
+  }
+};
+
+TEST_F(ItemStoreKill, AnyCallLeavesOneWholeStore) {
+  killEverywhere(false);
+}
+
+TEST_F(ItemStoreKill, AnyCallWithoutStandardStreamsLeavesOneWholeStore) {
+  killEverywhere(true);
+}
+
+TEST_F(ItemStoreRewrite, NoTraceGetsIntoTheStoreOfADaemonWithoutStandardStreams) {
+  for (const Change &change : largeChanges()) {
+    SCOPED_TRACE(change.about);
+    fill(change.before);
+    int32_t status = -1;
+    {
+      const ClosedStandardStreams closed;
+      status = change.make();
+    }
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(content(), change.after);
   }
 }
 
