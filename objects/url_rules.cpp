@@ -12,6 +12,7 @@ namespace pm {
 namespace {
 
 constexpr size_t kCommandSize = 256;
+constexpr size_t kMacLength = sizeof LmtUrlCfg::mac - 1;
 constexpr char kCommandFormat[] =
     "%s %s ubusfilter -m mac --mac-source %.31s -m urlfilter --urlkey \"%.*s\" -j DROP ";
 
@@ -29,6 +30,19 @@ bool isSafeKeyword(std::string_view keyword) {
   return true;
 }
 
+bool isLetterOrDigit(char character) {
+  const char lower = static_cast<char>(character | 0x20);
+  return (lower >= 'a' && lower <= 'z') || (character >= '0' && character <= '9');
+}
+
+/// The MAC stands without quotes.
+bool isSafeMac(std::string_view mac) {
+  for (const char character : mac) {
+    if (!isLetterOrDigit(character) && strchr(":-._", character) == nullptr) return false;
+  }
+  return true;
+}
+
 int32_t runRule(const char *program, const char *operation, const char *mac,
                 std::string_view keyword, char (&command)[kCommandSize]) {
   snprintf(command, kCommandSize, kCommandFormat, program, operation, mac,
@@ -39,6 +53,11 @@ int32_t runRule(const char *program, const char *operation, const char *mac,
 }  // namespace
 
 void runUrlRules(const LogOrigin &origin, const LmtUrlCfg &config, const char *operation) {
+  if (const std::string_view mac(config.mac, strnlen(config.mac, kMacLength)); !isSafeMac(mac)) {
+    PM_LOG_FOR(origin, kError, 0, "[%s] mac %.*s is refused\n", origin.function,
+               static_cast<int>(mac.size()), mac.data());
+    return;
+  }
   char command[kCommandSize];
   const char *rest = config.LimitURL;
   std::string_view keyword;

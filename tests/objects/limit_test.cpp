@@ -659,6 +659,25 @@ TEST_F(SiUbusLmturlCommand, ConsumesTheTextForTheOperationsItKnows) {
   EXPECT_THAT(logs(), HasLogLine({4, "si_ubus_lmturl_command", "tDevLmtCfg is NULL \n"}));
 }
 
+TEST_F(LimitTest, MacThatIsMoreThanOneWordRunsNothing) {
+  LmtUrlCfg config = {};
+  for (const char *mac : {"1;touch pwned;#", "a b", "a\n", "$(reboot)", "`reboot`", "a|b", "\"",
+                          "\\", "*", "\xc3\xa9"}) {
+    forgetCalls();
+    std::strcpy(config.mac, mac);
+    std::strcpy(config.LimitURL, "a.com");
+    si_ubus_lmturl_command(&config, "-A");
+    EXPECT_THAT(commands(), IsEmpty()) << mac;
+    const std::string line = "[si_ubus_lmturl_command] mac " + std::string(mac) + " is refused\n";
+    EXPECT_THAT(logs(), HasLogLine({4, "si_ubus_lmturl_command", line}));
+  }
+  std::strcpy(config.mac, "aZ09:-._");
+  std::strcpy(config.LimitURL, "a.com");
+  si_ubus_lmturl_command(&config, "-A");
+  EXPECT_THAT(commands(), Each(HasSubstr("--mac-source aZ09:-._ ")));
+  EXPECT_THAT(commands(), SizeIs(2));
+}
+
 TEST_F(LimitTest, FailedProgramIsOnlyLogged) {
   fail("PcStartProgram", "iptables", 9);
   EXPECT_EQ(set(limitOf(kTablet, "1", "1", "a.com,b.com")), 0);
