@@ -107,6 +107,7 @@ void cacheIpv4(const LogOrigin &origin, uint32_t ipv4, const InstancePath &conne
 void cacheIpv6(const LogOrigin &origin, const uint8_t *ipv6) {
   char text[64] = {};
   IPv6ToStr(ipv6, text, sizeof text);
+  text[sizeof text - 1] = '\0';
   PM_LOG_FOR(origin, kTrace, 0, "host ipv6 : %s\n", text);
   copyExact(g_wanIPv6Addr, text, sizeof text - 1);
 }

@@ -65,10 +65,17 @@ const char *prefixOriginText(uint32_t prefixOrigin) {
   }
 }
 
+/// Prints an address, and ends its text whatever the platform does.
+void printAddress(const uint8_t *address, char (&text)[kAddressTextSize],
+                  uint32_t room = kAddressTextSize) {
+  IPv6ToStr(address, text, room);
+  text[room - 1] = '\0';
+}
+
 template <uint32_t Size>
 void copyAddress(char (&field)[Size], const uint8_t *address, uint32_t room = kAddressTextSize) {
   char text[kAddressTextSize] = {};
-  IPv6ToStr(address, text, room);
+  printAddress(address, text, room);
   copyText(field, text);
 }
 
@@ -80,7 +87,7 @@ void fillDnsServers(const LogOrigin &origin, const ViewBuffer<DssInfoView> &dss,
   uint32_t length = 0;
   for (const uint8_t *server : servers) {
     char text[kAddressTextSize] = {};
-    IPv6ToStr(server, text, sizeof text);
+    printAddress(server, text);
     if (ChkIPv6(server) == -1) continue;
     if (length > 0) list[length++] = ',';
     copyText(list + length, sizeof list - length, text);

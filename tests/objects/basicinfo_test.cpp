@@ -421,6 +421,13 @@ TEST_F(WanSearchTest, DualStackIsReportedAsIpv6WithBothCachesFilled) {
   EXPECT_THAT(logs(), HasLog(7, "host ipv6 : 2001::9\n"));
 }
 
+TEST_F(WanSearchTest, AddressThatThePlatformDoesNotEndEndsWithItsRoom) {
+  addConnection({3, 0xC0A80101});
+  fail(gateway::Fault{.call = "IPv6ToStr", .count = 1000});
+  EXPECT_EQ(search(), 0);
+  EXPECT_THAT(logs(), HasLog(7, "host ipv6 : " + std::string(63, 'f') + "\n"));
+}
+
 TEST_F(WanSearchTest, Ipv6AloneEndsTheSearchAndKeepsTheTailOfALongerAddress) {
   std::strcpy(g_wanIPv4Addr, "10.1.1.1");
   std::strcpy(g_wanIPv6Addr, "2001:db8:ffff::1");

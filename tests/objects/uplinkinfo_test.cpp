@@ -296,6 +296,18 @@ TEST_F(UplinkInfoTest, NameServersAreThoseThatAreReachable) {
                              "2001:db8::2\n"));
 }
 
+TEST_F(UplinkInfoTest, AddressesThatThePlatformDoesNotEndEndWithTheirRoom) {
+  const Row dss = store().row<DssInfoView>("IGD.Dss1");
+  dss.setBytes(DssInfoView::dnsServer1, std::vector<uint8_t>(16, 0x20));
+  dss.setBytes(DssInfoView::dnsServer2, std::vector<uint8_t>(16, 0x20));
+  dss.setBytes(DssInfoView::dnsServer3, std::vector<uint8_t>(16, 0));
+  fail(gateway::Fault{.call = "IPv6ToStr", .count = 1000});
+  EXPECT_EQ(get(), 0);
+  const std::string server(127, 'f');
+  EXPECT_THAT(logs(), HasLog(5, "dhsv6_servers=" + server + "," + server + "\n"));
+  EXPECT_STREQ(record.v6Prefix, std::string(31, 'f').c_str());
+}
+
 TEST_F(UplinkInfoTest, LongAddressesAreCutAndALongPrefixDoesNotFit) {
   const Ipv6Address longest = address("2001:db8:aaaa:bbbb:cccc:dddd:eeee:ffff");
   const std::vector<uint8_t> bytes(longest.begin(), longest.end());
