@@ -37,3 +37,12 @@ function(pmapi_check_no_pie_daemon)
     ENVIRONMENT LD_LIBRARY_PATH=${CMAKE_CURRENT_BINARY_DIR}/symbolic
     PASS_REGULAR_EXPRESSION "the library does not see the daemon's limit list")
 endfunction()
+
+# A daemon with functions of its own that bear the names of the library's helpers.
+function(pmapi_check_namesakes)
+  add_executable(namesake_daemon link/namesake_daemon.c)
+  target_link_libraries(namesake_daemon PRIVATE pmapi_headers pmapi mapd_interface_client cjson)
+  target_link_options(namesake_daemon PRIVATE -Wl,--no-as-needed -Wl,--allow-shlib-undefined)
+  set_target_properties(namesake_daemon PROPERTIES ENABLE_EXPORTS ON)
+  add_test(NAME link_contract.namesakes COMMAND namesake_daemon)
+endfunction()

@@ -25,7 +25,7 @@ bool parseMacDigits(const char *digits, uint8_t mac[6]) {
 }
 
 int32_t numberIn(const char *text) {
-  int32_t number;
+  int32_t number = 0;
   StrToInt(text, &number);
   return number;
 }

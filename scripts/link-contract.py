@@ -62,6 +62,11 @@ class Library:
         rows = re.findall(r"R_\w+_(?:GLOB_DAT|ABS32|32)\s+[0-9a-f]+\s+([^\s@]+)", self._read("--relocs"))
         return set(rows)
 
+    def replaceable_names(self):
+        """Names that the loader may find elsewhere in the process, those of lazily bound calls included."""
+        rows = re.findall(r"R_\w+_JUMP_SLOT?\s+[0-9a-f]+\s+([^\s@]+)", self._read("--relocs"))
+        return self.relocated_names() | set(rows)
+
     def strings(self):
         dump = self._read("--string-dump=.rodata")
         return set(re.findall(r"^\s*\[\s*[0-9a-f]+\]\s+(.*)$", dump, re.M))
@@ -119,6 +124,13 @@ def check_data(library):
             yield f"binds {symbol.name} to its own copy: a daemon's copy would not be seen"
     if library.tags("SYMBOLIC") or any("SYMBOLIC" in flags for flags in library.tags("FLAGS")):
         yield "is linked with -Bsymbolic"
+
+
+def check_own_functions(library):
+    replaceable = library.replaceable_names()
+    for symbol in library.exported:
+        if symbol.type == "FUNC" and symbol.name in replaceable:
+            yield f"looks for its own {symbol.name} in the process: a daemon's function of that name would replace it"
 
 
 def check_imports(library, platform, cjson):
@@ -207,6 +219,7 @@ def check(options):
         *check_machine(library),
         *check_exports(library, declared),
         *check_data(library),
+        *check_own_functions(library),
         *check_imports(library, platform, names_in(options.cjson)),
         *check_lazy_binding(library),
         *check_needed(library),

@@ -40,7 +40,7 @@ PLATFORM_CPP = 'static constexpr Text<32> fieldName{"fieldName", 100};'
 COMPILE = ["-std=c++20", "-Os", "-fPIC", "-fvisibility=hidden", "-fno-exceptions", "-fno-rtti",
            "-fno-threadsafe-statics", "-fstack-protector-strong", "-D_FORTIFY_SOURCE=2"]
 LINK = ["-shared", "-static-libgcc", "-nodefaultlibs", "-Wl,-soname,libpmapi.so", "-Wl,--as-needed",
-        "-Wl,-z,relro,-z,noexecstack,-z,lazy"]
+        "-Wl,-Bsymbolic-functions", "-Wl,-z,relro,-z,noexecstack,-z,lazy"]
 # Behind the objects: what must come after what uses it.
 LIBRARIES = ["-lmapd_interface_client", "-lc", "-lgcc"]
 
@@ -86,6 +86,13 @@ BREAKS = {
                             source='extern "C" __attribute__((visibility("protected"))) int guarded;\n'
                                    "int guarded = 1;\nEXPORT int another() { return guarded; }",
                             exports="sampleFormat sampleCount another guarded"),
+    "replaceable call": Break("looks for its own sampleFormat in the process",
+                              source='EXPORT int another() { return sampleFormat("x"); }',
+                              link=["-Wl,-Bno-symbolic"], exports="sampleFormat sampleCount another"),
+    "replaceable address": Break("looks for its own sampleFormat in the process",
+                                 source="using Format = int (*)(const char *);\n"
+                                        "EXPORT Format another() { return sampleFormat; }",
+                                 link=["-Wl,-Bno-symbolic"], exports="sampleFormat sampleCount another"),
     "symbolic binding": Break("is linked with -Bsymbolic", link=["-Wl,-Bsymbolic"]),
     "hidden alias of data": Break("binds aliased to its own copy",
                                   source="EXPORT int aliased; int aliased = 1;\n"
