@@ -28,6 +28,11 @@ if(TARGET pmapi_command)
     install(TARGETS mapd_interface_client
       LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/pmapi COMPONENT command)
   endif()
+  # One path for the build tree and for what is installed: one that is to be replaced gets empty entries as room
+  # for the other, and these name whatever directory the command is started in.
+  set(command_libraries
+    $ORIGIN/../lib $ORIGIN/../${CMAKE_INSTALL_LIBDIR} $ORIGIN/../${CMAKE_INSTALL_LIBDIR}/pmapi)
+  list(REMOVE_DUPLICATES command_libraries)
   set_target_properties(pmapi_command PROPERTIES
-    INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN/../${CMAKE_INSTALL_LIBDIR}/pmapi")
+    BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "${command_libraries}")
 endif()

@@ -46,3 +46,14 @@ function(pmapi_check_namesakes)
   set_target_properties(namesake_daemon PROPERTIES ENABLE_EXPORTS ON)
   add_test(NAME link_contract.namesakes COMMAND namesake_daemon)
 endfunction()
+
+# Of everything that is built.
+function(pmapi_check_search_paths)
+  add_test(NAME link_contract.search_paths
+    COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/scripts/search-paths.py ${PROJECT_BINARY_DIR}
+      --readelf ${CMAKE_READELF})
+  separate_arguments(flags UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
+  add_test(NAME link_contract.search_paths_checker
+    COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tests/link/search_paths_test.py
+      ${PROJECT_SOURCE_DIR}/scripts/search-paths.py ${CMAKE_READELF} ${CMAKE_CXX_COMPILER} ${flags})
+endfunction()
