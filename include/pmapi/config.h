@@ -60,8 +60,9 @@ PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const cha
  * @param item name
  * @param destination with @p length not 0 a text of that many bytes, which is zeroed first; with
  *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name
- *   (a value that does not parse as cJSON gives it; parsing takes up to 96 KiB of stack, as for
- *   pm_get_dumpbuf_info()); untouched on PM_STATUS_FAILED
+ *   (a value that does not parse as cJSON gives it; 1000 levels deep it takes cJSON up
+ *   to 96 KiB of stack to parse, and up to 120 KiB to print in the trace of another item);
+ * untouched on PM_STATUS_FAILED
  * @param length size of the text; a value of @p length characters or more is cut
  *   there and leaves no terminating zero
  * @param path the store, not NULL

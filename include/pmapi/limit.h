@@ -109,10 +109,10 @@ PMAPI_EXPORT int32_t si_ubus_devLimit_register_timepolicy(uint32_t lmtMode, uint
  * Commands are cut at 255 characters and run all the same. With a MAC of 17 characters a keyword
  * arrives whole and with its target up to 162 characters; one of 163 to 169 leaves "-j DROP" cut,
  * one of 170 no target at all, a rule that only counts; longer ones lose the quote behind the
- * keyword. For ip6tables each of these comes one character earlier. Keywords that hold a double quote, backslash, dollar sign, backquote or control
- * character are logged and passed over. Results of the programs are only logged.
- * Nothing is run, and a line logged, for a MAC that holds anything but letters, digits, ":", "-", "."
- * and "_".
+ * keyword. For ip6tables each of these comes one character earlier. Keywords that hold a double
+ * quote, backslash, dollar sign, backquote or control character are logged and passed over. Results
+ * of the programs are only logged. Nothing is run, and a line logged, for a MAC that holds anything
+ * but letters, digits, ":", "-", "." and "_".
  * @param config MAC and keywords, each with a zero inside its field; LimitURL is consumed: split in
  *   place at ",". NULL is logged
  * @param operation "-I", "-A" or "-D"; any other text does nothing

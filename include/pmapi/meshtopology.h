@@ -79,7 +79,8 @@ PMAPI_EXPORT int32_t MeshGetTopology(char *buffer, int32_t *length);
 
 /**
  * Fills the slots from a topology text; stations are not totalled.
- * @param text NUL-terminated JSON
+ * @param text NUL-terminated JSON. The walk's stack does not grow with its depth, that of cJSON's
+ *   parser does: it stops at 1000 levels, for which it takes up to 96 KiB
  * @param scratch not used
  * @param record as for pm_ubus_get_meshtopology(); every count is clamped to its array
  * @retval 0 filled
