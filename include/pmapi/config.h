@@ -43,7 +43,7 @@ typedef struct UbusAddItem {
  * @param path the store; never created here
  * @param temporaryPath on the same file system as @p path. A regular file there is the rest of an
  *   earlier rewrite and removed; a symbolic link, any other kind of file, and the store itself
- * under whatever name are refused and stay
+ *   under whatever name are refused and stay
  * @retval 0 rewritten
  * @retval PM_STATUS_NULL_RECORD @p record is NULL
  * @retval PM_STATUS_FAILED the item, the value or the temporary path is refused, the store cannot
@@ -62,7 +62,7 @@ PMAPI_EXPORT int32_t pm_ubus_config_additem(const UbusAddItem *record, const cha
  *   @p length 0 a cJSON object, to which the parsed value is added under the item's listed name
  *   (a value that does not parse as cJSON gives it; 1000 levels deep it takes cJSON up
  *   to 96 KiB of stack to parse, and up to 120 KiB to print in the trace of another item);
- * untouched on PM_STATUS_FAILED
+ *   untouched on PM_STATUS_FAILED
  * @param length size of the text; a value of @p length characters or more is cut
  *   there and leaves no terminating zero
  * @param path the store, not NULL
@@ -80,7 +80,7 @@ PMAPI_EXPORT int32_t pm_ubus_config_getitem(const char *item, void *destination,
  * @param temporaryPath as for pm_ubus_config_additem()
  * @retval 0 rewritten
  * @retval PM_STATUS_FAILED @p item is NULL or refused, or a file failed or was refused as in
- * pm_ubus_config_additem()
+ *   pm_ubus_config_additem()
  */
 PMAPI_EXPORT int32_t pm_ubus_config_deleteitem(const char *item, const char *path,
                                                const char *temporaryPath);

@@ -3,6 +3,7 @@
 #include <cjson/cJSON.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -222,6 +223,31 @@ TEST_F(PmUbusConfigGetitem, AddsJsonUnderTheListedName) {
       "pm_ubus_config_getitem 107  item:interface bufsize:0\n"
       "pm_ubus_config_getitem 208 interface: {\"if5_token\":{\"a\":1},\"ifa_ap_config\":[1,2],"
       "\"ifa_service_config\":\"t\",\"if6_ap_config\":true,\"if6_service_config\":2}\n");
+}
+
+/// Runs on the stack that a daemon owes the library; one that is too small ends the process.
+void onOwedStack(void *(*run)(void *), void *argument) {
+  constexpr size_t kOwedStack = 160 * 1024;
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  ASSERT_EQ(pthread_attr_setstacksize(&attributes, kOwedStack), 0);
+  pthread_t thread;
+  ASSERT_EQ(pthread_create(&thread, &attributes, run, argument), 0);
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+}
+
+TEST_F(PmUbusConfigGetitem, ReadsAndPrintsTheDeepestJsonOnTheOwedStack) {
+  const std::string deepest = std::string(1000, '[') + std::string(1000, ']');
+  const std::unique_ptr<cJSON, void (*)(cJSON *)> object(cJSON_CreateObject(), cJSON_Delete);
+  fill("if5_token=" + deepest + "\ninterface=br0\n");
+  const auto get = [](void *tree) -> void * {
+    pm_ubus_config_getitem("if5_token", tree, 0, kPath);
+    pm_ubus_config_getitem("interface", tree, 0, kPath);
+    return nullptr;
+  };
+  EXPECT_THAT(printedBy([&] { onOwedStack(get, object.get()); }),
+              ::testing::EndsWith(" interface: {\"if5_token\":" + deepest + "}\n"));
 }
 
 uint32_t allocationsLeft;
