@@ -1,6 +1,7 @@
 // The gateway's time: it stands still until somebody sleeps or moves it.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -10,6 +11,8 @@ namespace gateway {
 
 class Clock {
  public:
+  /// Far beyond what the library can tell apart, and far enough from what an integer holds.
+  static constexpr int64_t kLatest = int64_t{1} << 53;
   static constexpr int64_t kDefaultUptime = 3600;
   static constexpr int64_t kDefaultTime = 1700000000;
 
@@ -24,8 +27,8 @@ class Clock {
     time_ = time;
   }
   void advance(int64_t seconds) {
-    uptime_ += seconds;
-    time_ += seconds;
+    uptime_ = std::min(uptime_ + seconds, kLatest);
+    time_ = std::min(time_ + seconds, kLatest);
   }
   /// A sleep of the library: it moves the clock, and takes its time only when that is asked for.
   /// Returns how many seconds were left when it was interrupted.

@@ -2,9 +2,11 @@
 // stations and rules.
 #pragma once
 
+#include <functional>
 #include <nlohmann/json_fwd.hpp>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace gateway {
 
@@ -16,5 +18,23 @@ class ProfileError : public std::runtime_error {
   ProfileError(const std::string &place, const std::string &reason)
       : std::runtime_error(place.empty() ? reason : place + ": " + reason) {}
 };
+
+/// Who walks a document calls itself for each level: what comes from outside has no more of them.
+constexpr int kDeepestJson = 100;
+
+/// `text` as JSON. Throws ProfileError with `place` for a text that is none, nests more than
+/// `deepest` levels, names a member twice or holds a zero byte.
+Json parseJson(std::string_view text, const std::string &place, int deepest = kDeepestJson);
+
+/// The same document with each text and each name of a member changed.
+Json withTexts(const Json &value, const std::function<std::string(std::string_view)> &change);
+
+/// Length of the UTF-8 sequence at the start of `bytes`, 0 when there is none.
+size_t utf8Length(std::string_view bytes);
+
+/// Any bytes as UTF-8, and back. A byte 0xNN that belongs to no UTF-8 becomes the private code
+/// point U+F7NN; where a text holds such a code point itself, its bytes are taken one by one.
+std::string bytesToUtf8(std::string_view bytes);
+std::string bytesFromUtf8(std::string_view text);
 
 }  // namespace gateway

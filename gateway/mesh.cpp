@@ -13,6 +13,8 @@ namespace gateway {
 namespace {
 
 const std::vector<std::string_view> kStates = {"up", "down", "failing", "timing out"};
+/// Levels of a profile around the dump.
+constexpr int kOwnDepth = 2;
 constexpr std::string_view kControlPath = "/tmp/mapd_ctrl";
 
 [[maybe_unused]] const Mesh &registered = mesh();
@@ -57,15 +59,24 @@ void Mesh::load(const Json &value, const std::string &place) {
   members.choice("state", kStates, &chosen);
   state = static_cast<MapdState>(chosen);
   if (const Json *dump = members.take("topology")) {
-    topology = dump->is_string() ? dump->get<std::string>() : dump->dump();
+    topology = dump->is_string() ? dump->get<std::string>()
+                                 : bytesFromUtf8(withTexts(*dump, bytesToUtf8).dump());
+    if (topology.find('\0') != std::string::npos) {
+      throw ProfileError(members.placeOf("topology"), "the text holds a zero");
+    }
   }
   members.finish();
 }
 
 Json Mesh::save() const {
-  Json dump = Json::parse(topology, nullptr, false);
-  // A dump that is no JSON, or is one text, is kept as the daemon wrote it.
-  if (dump.is_discarded() || dump.is_string() || dump.dump() != topology) dump = topology;
+  Json dump = topology;
+  try {
+    Json parsed = parseJson(topology, "", kDeepestJson - kOwnDepth);
+    // A dump that is one text, or is written in another way, is kept as the daemon wrote it.
+    if (!parsed.is_string() && parsed.dump() == topology) dump = std::move(parsed);
+  } catch (const ProfileError &) {
+    // So is one that is no JSON, or is nested too deep for a profile.
+  }
   return {{"state", kStates[static_cast<size_t>(state)]}, {"topology", std::move(dump)}};
 }
 

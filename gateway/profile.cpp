@@ -1,11 +1,11 @@
 #include "gateway/profile.hpp"
 
-#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "gateway/gateway.hpp"
 #include "gateway/record_json.hpp"
 #include "gateway/section.hpp"
+#include "gateway/text_file.hpp"
 
 namespace gateway {
 
@@ -75,26 +75,35 @@ Json saveFiles(Gateway &gateway) {
   return files;
 }
 
+void readTime(Members &members, const char *member, int64_t *out) {
+  members.number(member, out);
+  if (*out < 0 || *out > Clock::kLatest) {
+    throw ProfileError(members.placeOf(member), "number out of range");
+  }
+}
+
 void loadClock(Gateway &gateway, const Json &value, const std::string &place) {
   Members members(value, place);
   int64_t uptime = gateway.clock().uptime();
   int64_t time = gateway.clock().time();
-  members.number("uptime", &uptime);
-  members.number("time", &time);
+  readTime(members, "uptime", &uptime);
+  readTime(members, "time", &time);
   members.finish();
   gateway.clock().set(uptime, time);
 }
 
 }  // namespace
 
+Json parseProfile(std::string_view text, const std::string &place) {
+  return withTexts(parseJson(text, place), bytesFromUtf8);
+}
+
 Json readProfile(const std::string &fileName) {
-  std::ifstream file(fileName);
-  if (!file) throw ProfileError(fileName, "cannot be opened");
-  try {
-    return Json::parse(file);
-  } catch (const Json::parse_error &error) {
-    throw ProfileError(fileName, "not JSON at byte " + std::to_string(error.byte));
-  }
+  return parseProfile(readTextFile(fileName), fileName);
+}
+
+std::string profileText(Gateway &gateway) {
+  return withTexts(saveProfile(gateway), bytesToUtf8).dump(2) + '\n';
 }
 
 void loadProfile(Gateway &gateway, const Json &profile) {

@@ -9,10 +9,14 @@ namespace gateway {
 
 class Gateway;
 
-/// Both throw ProfileError.
+// These throw ProfileError.
+Json parseProfile(std::string_view text, const std::string &place);
 Json readProfile(const std::string &fileName);
 void loadProfile(Gateway &gateway, const Json &profile);
 
+/// Texts hold their bytes, whatever these are; as a file's content they are UTF-8, so that
+/// parseProfile() gives the same bytes back.
 Json saveProfile(Gateway &gateway);
+std::string profileText(Gateway &gateway);
 
 }  // namespace gateway

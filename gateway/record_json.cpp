@@ -30,7 +30,9 @@ int64_t numberIn(const Json &value, int64_t least, uint64_t most) {
 
 std::string textIn(const Json &value) {
   if (!value.is_string()) throw std::invalid_argument("must be a text");
-  return value.get<std::string>();
+  std::string text = value.get<std::string>();
+  if (text.find('\0') != std::string::npos) throw std::invalid_argument("the text holds a zero");
+  return text;
 }
 
 /// A number, or a dotted address for the words that hold one.

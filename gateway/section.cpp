@@ -15,6 +15,14 @@ std::vector<Section *> &registry() {
 
 }  // namespace
 
+std::string textIn(const Json &value, const std::string &place) {
+  if (!value.is_string()) throw ProfileError(place, "must be a text");
+  std::string text = value.get<std::string>();
+  // The platform's texts end at their first zero: what is behind it would be lost.
+  if (text.find('\0') != std::string::npos) throw ProfileError(place, "the text holds a zero");
+  return text;
+}
+
 Section::Section(std::string_view name) : name_(name) {
   registry().push_back(this);
 }
@@ -69,8 +77,7 @@ void Members::flag(std::string_view member, bool *out) {
 void Members::text(std::string_view member, std::string *out) {
   const Json *value = take(member);
   if (value == nullptr) return;
-  if (!value->is_string()) throw ProfileError(placeOf(member), "must be a text");
-  *out = value->get<std::string>();
+  *out = textIn(*value, placeOf(member));
 }
 
 void Members::each(std::string_view member,

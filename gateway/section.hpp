@@ -11,6 +11,9 @@
 
 namespace gateway {
 
+/// A text without zeros; throws ProfileError.
+std::string textIn(const Json &value, const std::string &place);
+
 /// One object of the profile while it is read. Every member must be taken; the others are refused.
 class Members {
  public:

@@ -85,8 +85,7 @@ Station readStation(const Json &value, const std::string &place, int64_t uptime)
   members.text("mac", &mac);
   members.text("ipv4", &ipv4);
   members.each("ipv6", [&](const Json &element, const std::string &elementPlace) {
-    if (!element.is_string()) throw ProfileError(elementPlace, "must be a text");
-    station.ipv6.push_back(element.get<std::string>());
+    station.ipv6.push_back(textIn(element, elementPlace));
     parsed(parseIpv6(station.ipv6.back()), elementPlace);
   });
   members.text("hostName", &station.hostName);

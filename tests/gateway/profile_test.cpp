@@ -80,6 +80,11 @@ TEST_F(ProfileTest, WrongProfileIsRefusedWithPlaceAndReason) {
       {R"({"files": {"/etc/passwd": ""}})", "files./etc/passwd: not a path of the gateway"},
       {R"({"files": {"/tmp/a": [1]}})", "files./tmp/a: a line must be a text"},
       {R"({"clock": {"uptime": "1"}})", "clock.uptime: must be a whole number"},
+      {R"({"clock": {"uptime": 9223372036854775807}})", "clock.uptime: number out of range"},
+      {R"({"clock": {"time": -1}})", "clock.time: number out of range"},
+      {identity + R"({"captureEth": "eth4\u0000x"}}}})",
+       "views.DBVIEW_GATEWAY_IDENTITY.IGD.captureEth: the text holds a zero"},
+      {R"({"mesh": {"topology": "{}\u0000x"}})", "mesh.topology: the text holds a zero"},
       {R"({"host": {"memory": {"totl": 1}}})", "host.memory.totl: no such member"},
       {R"({"host": {"cpuType": -1}})", "host.cpuType: number out of range"},
       {R"({"wan": {"connections": [{}]}})",
@@ -99,6 +104,51 @@ TEST_F(ProfileTest, FileThatIsNoProfileIsNamed) {
     FAIL() << "accepted";
   } catch (const ProfileError &error) {
     EXPECT_EQ(error.what(), name + ": not JSON at byte 11");
+  }
+}
+
+TEST_F(ProfileTest, TextThatIsNoProfileIsRefusedWithItsReason) {
+  const std::string deep(500000, '[');
+  const struct {
+    std::string text;
+    const char *refusal;
+  } cases[] = {
+      {deep, "p: nested deeper than 100 levels"},
+      {R"({"mesh":{"topology":)" + deep, "p: nested deeper than 100 levels"},
+      {R"({"files":{}, "files":{}})", "p: the member \"files\" stands twice"},
+      {R"({"files":{"/tmp/a\u0000b":""}})", "p: a member's name holds a zero"},
+      {std::string("{}\0{", 4), "p: not JSON at byte 3, a zero"},
+      {R"({"clock":{"uptime":1e999}})", "p: a number is too large"},
+  };
+  for (const auto &[text, expected] : cases) {
+    try {
+      parseProfile(text, "p");
+      ADD_FAILURE() << "accepted: " << expected;
+    } catch (const ProfileError &error) {
+      EXPECT_STREQ(error.what(), expected);
+    }
+  }
+}
+
+TEST_F(ProfileTest, BytesOfAnyKindComeBackFromTheSavedText) {
+  // Half a character, a byte of none, and the code point that stands for a byte.
+  const std::string bytes = "caf\xc3 \xff \xef\x9f\xbf \xe4\xb8\xad";
+  files().write("/userconfig/item", bytes);
+  files().write("/userconfig/" + bytes, "x");
+  store().create<GatewayIdentityView>("IGD").setText(GatewayIdentityView::captureEth, bytes);
+  const Json saved = gateway().save();
+  gateway().load(parseProfile(profileText(gateway()), ""));
+  EXPECT_EQ(gateway().save(), saved);
+  EXPECT_EQ(files().read("/userconfig/item"), bytes);
+  EXPECT_EQ(store().row<GatewayIdentityView>("IGD").text(GatewayIdentityView::captureEth), bytes);
+}
+
+TEST_F(ProfileTest, TopologyThatIsNestedTooDeepIsKeptAsText) {
+  for (const size_t depth : {98u, 99u, 40000u}) {
+    const std::string topology = std::string(depth, '[') + std::string(depth, ']');
+    gateway().load({{"mesh", {{"state", "up"}, {"topology", topology}}}});
+    gateway().load(parseProfile(profileText(gateway()), ""));
+    EXPECT_TRUE(gateway().save()["mesh"]["topology"].is_string() == (depth > 98)) << depth;
   }
 }
 
