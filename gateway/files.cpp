@@ -10,12 +10,13 @@
 #include <fstream>
 #include <map>
 #include <memory>
-#include <sstream>
 #include <stdexcept>
 #include <string_view>
 
 #include "gateway/boundary.hpp"
 #include "gateway/gateway.hpp"
+#include "gateway/temporary_root.hpp"
+#include "gateway/text_file.hpp"
 
 namespace gateway {
 
@@ -100,6 +101,22 @@ int closeCookie(void *opaque) {
   return result == 0 ? 0 : EOF;
 }
 
+void makeDirectories(const fs::path &path) {
+  std::error_code failed;
+  fs::create_directories(path, failed);
+  if (failed) throw ProfileError(path, "cannot be made: " + failed.message());
+}
+
+/// False when there is nothing of that name. To open a FIFO or a device could take for ever.
+bool refuseOtherThanFile(const fs::path &path) {
+  std::error_code failed;
+  const fs::file_status status = fs::status(path, failed);
+  if (status.type() == fs::file_type::not_found) return false;
+  if (!fs::status_known(status)) throw ProfileError(path, "cannot be read: " + failed.message());
+  if (!fs::is_regular_file(status)) throw ProfileError(path, "no regular file");
+  return true;
+}
+
 int openFlags(std::string_view mode) {
   const bool both = mode.find('+') != std::string_view::npos;
   if (mode.starts_with('r')) return both ? O_RDWR : O_RDONLY;
@@ -118,19 +135,19 @@ void Files::makeRoot() {
   if (root_.empty()) {
     std::string name = (fs::temp_directory_path() / "pmapi-gateway-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) {
-      throw std::runtime_error("cannot make a directory for the gateway's files: " + name);
+      throw ProfileError(name, std::string("cannot be made: ") + std::strerror(errno));
     }
     root_ = name;
     temporary_ = true;
+    rememberTemporaryRoot(name);
   }
-  for (const std::string_view directory : kMapped) {
-    fs::create_directories(root_ / directory.substr(1));
-  }
+  for (const std::string_view directory : kMapped) makeDirectories(root_ / directory.substr(1));
 }
 
 void Files::removeRoot() {
   std::error_code ignored;
   if (temporary_) fs::remove_all(root_, ignored);
+  if (temporary_) rememberTemporaryRoot("");
   root_.clear();
   temporary_ = false;
 }
@@ -150,47 +167,50 @@ const fs::path &Files::root() {
   return root_;
 }
 
-std::string Files::map(const char *path) {
-  const std::string_view given = path;
+std::string Files::map(const std::string &path) {
   const bool mapped =
       std::any_of(std::begin(kMapped), std::end(kMapped),
-                  [&](std::string_view directory) { return given.starts_with(directory); });
-  if (!mapped) return path;
-  if (given.find("/../") != std::string_view::npos) {
-    throw std::invalid_argument("path leaves the gateway: " + std::string(given));
+                  [&](std::string_view directory) { return path.starts_with(directory); });
+  if (!mapped) throw std::invalid_argument("not a path of the gateway");
+  for (const fs::path &part : fs::path(path)) {
+    if (part == "..") throw std::invalid_argument("path leaves the gateway: " + path);
   }
-  return (root() / given.substr(1)).string();
-}
-
-fs::path Files::mapOwn(const std::string &path) {
-  const std::string real = map(path.c_str());
-  if (real == path) throw std::invalid_argument("not a path of the gateway");
-  return real;
+  return (root() / path.substr(1)).string();
 }
 
 void Files::write(const std::string &path, const std::string &content) {
-  const fs::path real = mapOwn(path);
-  fs::create_directories(real.parent_path());
-  std::ofstream(real, std::ios::binary) << content;
+  const fs::path real = map(path);
+  makeDirectories(real.parent_path());
+  refuseOtherThanFile(real);
+  std::ofstream file(real, std::ios::binary);
+  file << content;
+  if (!file.flush())
+    throw ProfileError(real, std::string("cannot be written: ") + std::strerror(errno));
 }
 
 std::optional<std::string> Files::read(const std::string &path) {
-  std::ifstream file(mapOwn(path), std::ios::binary);
-  if (!file) return std::nullopt;
-  std::ostringstream content;
-  content << file.rdbuf();
-  return content.str();
+  const fs::path real = map(path);
+  if (!refuseOtherThanFile(real)) return std::nullopt;
+  return readTextFile(real);
 }
 
 void Files::remove(const std::string &path) {
-  fs::remove(mapOwn(path));
+  fs::remove(map(path));
 }
 
 std::vector<std::string> Files::list() {
   std::vector<std::string> paths;
-  for (const fs::directory_entry &entry : fs::recursive_directory_iterator(root())) {
-    if (!entry.is_regular_file()) continue;
-    paths.push_back("/" + entry.path().lexically_relative(root()).string());
+  // What else lies in a directory of the user's is none of the gateway's.
+  for (const std::string_view directory : kMapped) {
+    const fs::path top = root() / directory.substr(1);
+    std::error_code failed;
+    fs::recursive_directory_iterator entry(top, failed);
+    for (; !failed && entry != fs::recursive_directory_iterator(); entry.increment(failed)) {
+      std::error_code gone;
+      if (!entry->is_regular_file(gone)) continue;
+      paths.push_back("/" + entry->path().lexically_relative(root()).string());
+    }
+    if (failed) throw ProfileError(top, "cannot be listed: " + failed.message());
   }
   std::sort(paths.begin(), paths.end());
   return paths;
@@ -204,7 +224,9 @@ void Files::reset() {
 }
 
 FILE *Files::open(const char *path, const char *mode) {
-  const int descriptor = ::open(map(path).c_str(), openFlags(mode) | O_CLOEXEC, kNewFileMode);
+  // A FIFO has nobody at its other end to wait for.
+  const int flags = openFlags(mode) | O_CLOEXEC | O_NONBLOCK;
+  const int descriptor = ::open(map(path).c_str(), flags, kNewFileMode);
   if (descriptor < 0) return nullptr;
   FILE *stream = streamOn(descriptor, path, mode);
   if (stream == nullptr) ::close(descriptor);

@@ -24,11 +24,12 @@ class Files {
   void useTemporaryRoot();
   const std::filesystem::path &root();
 
-  /// Where a path of the gateway lies on this machine; paths of no interest are themselves.
-  std::string map(const char *path);
+  /// Where a path of the gateway lies on this machine; std::invalid_argument for one anywhere else.
+  std::string map(const std::string &path);
 
-  // The gateway's own files: std::invalid_argument for a path anywhere else.
+  // The gateway's own files. ProfileError for what cannot be written or read.
   void write(const std::string &path, const std::string &content);
+  /// Nothing when there is no such file.
   std::optional<std::string> read(const std::string &path);
   void remove(const std::string &path);
   /// Every file below the root, by its path on the gateway.
@@ -54,7 +55,6 @@ class Files {
   };
 
   FILE *streamOn(int descriptor, const std::string &path, const char *mode);
-  std::filesystem::path mapOwn(const std::string &path);
   void makeRoot();
   void removeRoot();
 

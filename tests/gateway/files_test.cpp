@@ -88,7 +88,9 @@ TEST_F(FilesTest, TemporaryRootGoesAndTheUsersStays) {
 TEST_F(FilesTest, PathsCannotLeaveTheGateway) {
   EXPECT_THROW(files().write("/tmp/../../etc/item", "x"), std::invalid_argument);
   EXPECT_THROW(files().write("/etc/item", "x"), std::invalid_argument);
-  EXPECT_EQ(files().map("/etc/item"), "/etc/item");
+  EXPECT_THROW(files().write("/tmp/..", "x"), std::invalid_argument);
+  EXPECT_EQ(file_size("/etc/passwd"), -1) << "the library cannot leave it either";
+  EXPECT_THAT(complaints(), ElementsAre("fopen(/etc/passwd r): not a path of the gateway"));
 }
 
 }  // namespace
