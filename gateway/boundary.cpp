@@ -34,7 +34,7 @@ std::vector<Fault> Boundary::unfiredFaults() const {
 
 const Fault *Boundary::enter(std::string_view name, std::string_view key) {
   ++fallible_;
-  const Fault *applies = nullptr;
+  Fault *applies = nullptr;
   for (Fault &fault : faults_) {
     if (fault.call != "*" && fault.call != name) continue;
     if (key.find(fault.match) == std::string_view::npos) continue;
@@ -42,16 +42,18 @@ const Fault *Boundary::enter(std::string_view name, std::string_view key) {
     const bool due = fault.seen >= fault.from &&
                      (fault.times == Fault::kUnlimited || fault.seen - fault.from < fault.times);
     if (!due || applies != nullptr) continue;
-    ++fault.fired;
+    // A count that is told to be wrong fires where it is told.
+    if (!fault.count) ++fault.fired;
     applies = &fault;
   }
   current_ = applies;
   return applies;
 }
 
-uint32_t Boundary::countToReport(size_t real) const {
-  const bool falsified = current_ != nullptr && current_->count;
-  return falsified ? static_cast<uint32_t>(*current_->count) : static_cast<uint32_t>(real);
+uint32_t Boundary::countToReport(size_t real) {
+  if (current_ == nullptr || !current_->count) return static_cast<uint32_t>(real);
+  ++current_->fired;
+  return static_cast<uint32_t>(*current_->count);
 }
 
 void Boundary::leave(Call call) {

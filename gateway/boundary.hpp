@@ -93,7 +93,7 @@ class Boundary {
   void leave(Call call);
 
   /// What the call on its way reports as the number of what it lists.
-  uint32_t countToReport(size_t real) const;
+  uint32_t countToReport(size_t real);
 
   void clearCalls();
   void reset();
@@ -102,7 +102,7 @@ class Boundary {
   std::deque<Fault> faults_;
   std::vector<Call> calls_;
   uint32_t fallible_ = 0;
-  const Fault *current_ = nullptr;
+  Fault *current_ = nullptr;
   std::function<void(const Call &)> sink_;
 };
 

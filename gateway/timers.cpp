@@ -139,7 +139,7 @@ void checkBuffers(const void *request, const void *control) {
   }
 }
 
-int32_t list(const Gateway &gateway, const std::vector<TimerTask> &tasks, void *control) {
+int32_t list(Gateway &gateway, const std::vector<TimerTask> &tasks, void *control) {
   const Row record = fieldsOf<TimerControlRecord>(control);
   record.setWord(TimerControlRecord::entryCount, gateway.boundary().countToReport(tasks.size()));
   for (size_t i = 0; i < tasks.size(); ++i) {

@@ -113,6 +113,13 @@ TEST_F(BoundaryTest, ListsMayCountMoreOrLessThanTheyHold) {
   EXPECT_EQ(list.dwCount, 1u);
 }
 
+TEST_F(BoundaryTest, CountThatNobodyIsToldNeverFires) {
+  Gateway::current().boundary().addFault({.call = "pm_dev_restart", .count = 2});
+  EXPECT_EQ(pm_dev_restart(1), 0);
+  EXPECT_EQ(Gateway::current().boundary().unfiredFaults().size(), 1u);
+  Gateway::current().boundary().reset();
+}
+
 TEST_F(BoundaryTest, CallMayHaveDoneItsWorkWhenItFails) {
   int32_t done = 0;
   for (const bool workDone : {false, true}) {
