@@ -3,9 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <string>
+
+#include "tools/catalogue/answer.hpp"
+#include "tools/command/listing.hpp"
 
 namespace command {
 namespace {
@@ -39,6 +44,22 @@ TEST(Catalogue, NamesOnlyExportsAndEachMethodOnce) {
     for (const Method &method : object.methods) {
       EXPECT_TRUE(exported.contains(method.function)) << method.function;
       EXPECT_TRUE(names.insert(method.name).second) << object.name << ' ' << method.name;
+    }
+  }
+}
+
+TEST(Catalogue, WhatIsNotOptionalIsRequired) {
+  Secrets secrets;
+  for (const Json &object : listingAsJson("")) {
+    for (const Json &method : object["methods"]) {
+      const bool isNeeding = std::ranges::any_of(
+          method["arguments"], [](const Json &argument) { return !argument.contains("optional"); });
+      if (!isNeeding) continue;
+      const Object &called = findObject(object["name"].get<std::string>());
+      EXPECT_THROW(invoke(called, findMethod(called, method["name"].get<std::string>()),
+                          Json::object(), secrets),
+                   UsageError)
+          << called.name << ' ' << method["name"];
     }
   }
 }

@@ -24,9 +24,11 @@ struct Tree {
   Leaf leaves[];
 };
 
-PM_RECORD(Leaf, PM_FIELD(name), PM_FIELD(key).secret(), PM_FIELD(level));
-PM_RECORD(Tree, PM_FIELD(text), PM_FIELD(number), PM_FIELD(count), PM_FIELD(total), PM_FIELD(ports),
-          PM_FIELD(names), PM_COUNTED(leaves, count).capacity(2));
+PM_RECORD(Leaf, PM_FIELD(name).optional(), PM_FIELD(key).optional().secret(),
+          PM_FIELD(level).optional());
+PM_RECORD(Tree, PM_FIELD(text).optional(), PM_FIELD(number).optional(), PM_FIELD(count),
+          PM_FIELD(total).optional(), PM_FIELD(ports).optional(), PM_FIELD(names).optional(),
+          PM_COUNTED(leaves, count).capacity(2).optional());
 
 namespace {
 

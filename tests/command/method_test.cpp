@@ -13,7 +13,7 @@ struct Rule {
   char answer[8];
 };
 
-PM_RECORD(Rule, PM_FIELD(id).input(), PM_FIELD(label), PM_FIELD(answer));
+PM_RECORD(Rule, PM_FIELD(id).input(), PM_FIELD(label).optional(), PM_FIELD(answer).optional());
 
 namespace {
 
@@ -101,7 +101,7 @@ TEST(Method, PassesArgumentsAndPutsWhatTheFunctionWrote) {
       {"get", "{}",
        R"({"status":0,"rules":[{"id":0,"label":"","answer":""},{"id":5,"label":"","answer":""}]})"},
       {"value", R"({"id":3})", R"({"status":0})"},
-      {"value", "{}", R"({"status":-257})"},
+      {"value", R"({"id":4})", R"({"status":-257})"},
       {"ask", R"({"id":7})", R"({"status":0,"id":7,"label":"","answer":"7"})"},
       {"nested", R"({"id":7})", R"({"code":0,"rule":{"id":7,"label":"","answer":"7"}})"},
       {"words", "{}", R"({"status":0,"out":8,"total":1099511627776,"bytes":"ab00"})"},
@@ -126,9 +126,13 @@ TEST(Method, RefusesArgumentsWithPlaceAndReason) {
       {"place", R"({"text":"x"})", "test place: text: no such argument"},
       {"place", "[]", "test place: the arguments must be a JSON object"},
       {"set", R"({"rules":[{},{},{}]})", "test set: rules: 3 rows do not fit 2"},
-      {"set", R"({"rules":[{},{"id":"1"}]})",
+      {"set", R"({"rules":[{"id":0},{"id":"1"}]})",
        "test set: rules[1].id: expected a whole number, got a text"},
-      {"value", R"({"label":"12345678"})", "test value: label: a text of 8 bytes does not fit 7"},
+      {"value", R"({"label":"x"})", "test value: id: missing argument"},
+      {"ask", "{}", "test ask: id: missing argument"},
+      {"set", R"({"rules":[{}]})", "test set: rules[0].id: missing argument"},
+      {"value", R"({"id":1,"label":"12345678"})",
+       "test value: label: a text of 8 bytes does not fit 7"},
       {"ask", R"({"label":"x"})", "test ask: label: no such argument"},
       {"shut", "{}", "test shut: no such method (pmapi list -v test names them)"},
   };
@@ -138,9 +142,9 @@ TEST(Method, RefusesArgumentsWithPlaceAndReason) {
 }
 
 TEST(Method, OnlyAStatusOtherThanZeroIsAFailure) {
-  EXPECT_TRUE(callMethod("value", "{}").failed);
+  EXPECT_TRUE(callMethod("value", R"({"id":4})").failed);
   EXPECT_FALSE(callMethod("value", R"({"id":3})").failed);
-  EXPECT_FALSE(callMethod("nested", "{}").failed);
+  EXPECT_FALSE(callMethod("nested", R"({"id":4})").failed);
 }
 
 TEST(Catalogue, IsSortedAndComplete) {

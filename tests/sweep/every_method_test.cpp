@@ -70,12 +70,24 @@ const std::map<std::string, const char *> kArguments = {
 /// No call of the library fails by itself with this: where it comes back, it was handed on.
 constexpr int32_t kHandedOn = -77;
 
+void addRequired(const command::Shape &shape, Json &record) {
+  for (const command::Field &field : shape.fields) {
+    if (field.isOptional || shape.isCounter(field)) continue;
+    record[field.name] = field.isArray                        ? Json::array()
+                         : field.kind == command::Kind::kText ? Json("")
+                                                              : Json(0);
+  }
+}
+
 Json simplest(const Parameter &parameter) {
   if (parameter.type.starts_with("text")) return "IGD.LD1.WLAN1";
   if (parameter.type == "MAC") return "a1:b2:c3:d4:e5:f6";
   if (parameter.type == "character") return "x";
   if (parameter.isRows) return Json::array();
-  return parameter.type.find("int") != std::string::npos ? Json(1) : Json::object();
+  if (parameter.type.find("int") != std::string::npos) return 1;
+  Json record = Json::object();
+  if (parameter.shape != nullptr) addRequired(*parameter.shape, record);
+  return record;
 }
 
 Json argumentsOf(const Method &method) {
@@ -83,9 +95,12 @@ Json argumentsOf(const Method &method) {
   if (known != kArguments.end()) return Json::parse(known->second);
   Json arguments = Json::object();
   for (const Parameter &parameter : method.parameters) {
-    const bool given =
-        parameter.direction == Direction::kOut || parameter.isOptional || parameter.name.empty();
-    if (!given) arguments[parameter.name] = simplest(parameter);
+    if (parameter.direction == Direction::kOut || parameter.isOptional) continue;
+    if (parameter.name.empty()) {
+      addRequired(*parameter.shape, arguments);
+    } else {
+      arguments[parameter.name] = simplest(parameter);
+    }
   }
   return arguments;
 }

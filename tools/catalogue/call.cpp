@@ -68,7 +68,7 @@ void Call::inputs(const Shape &shape, void *out) {
   for (const Field &field : shape.fields) {
     if (field.isInput && has(field.name)) members[field.name] = arguments_[field.name];
   }
-  recordFromJson(members, where_ + ": ", shape, out, secrets_);
+  recordFromJson(members, where_ + ": ", shape, out, secrets_, Needed::kInputs);
 }
 
 uint32_t Call::rowCount(const char *name, uint32_t capacity) const {

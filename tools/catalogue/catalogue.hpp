@@ -13,10 +13,11 @@
 //   }  // namespace command
 //
 // Records: list every member that a user may see or give; .secret() masks, .input() marks what an
-// answering record is asked by, .capacity(n) sizes an open tail, PM_COUNTED(rows, count) ties an
-// array to its count. Parameters: parameters.hpp, one description per parameter of the prototype,
-// under the prototype's name. A function that returns a value instead of a status ends with
-// .returning("value"). Name only exports that the library has: the command links to each.
+// answering record is asked by, .optional() what may be left out of an argument, .capacity(n) sizes
+// an open tail, PM_COUNTED(rows, count) ties an array to its count. Parameters: parameters.hpp, one
+// description per parameter of the prototype, under the prototype's name. A function that returns a
+// value instead of a status ends with .returning("value"). Name only exports that the library has:
+// the command links to each.
 #pragma once
 
 #include <string_view>

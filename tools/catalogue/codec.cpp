@@ -4,25 +4,10 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
+#include "gateway/json.hpp"
+
 namespace command {
 namespace {
-
-// Length of the UTF-8 sequence at the start of `bytes`, 0 when there is none.
-size_t utf8Length(std::string_view bytes) {
-  const auto byte = [&](size_t i) { return static_cast<uint8_t>(bytes[i]); };
-  const uint8_t lead = byte(0);
-  if (lead < 0x80) return 1;
-  const size_t length = lead >= 0xf0 ? 4 : lead >= 0xe0 ? 3 : 2;
-  if (lead < 0xc2 || lead > 0xf4 || bytes.size() < length) return 0;
-  for (size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xc0) != 0x80) return 0;
-  }
-  // Overlong forms, surrogates and what lies beyond the last code point differ in the second byte.
-  const uint8_t second = byte(1);
-  const bool outside = (lead == 0xe0 && second < 0xa0) || (lead == 0xed && second > 0x9f) ||
-                       (lead == 0xf0 && second < 0x90) || (lead == 0xf4 && second > 0x8f);
-  return outside ? 0 : length;
-}
 
 const char *typeName(const Json &value) {
   switch (value.type()) {
@@ -154,7 +139,7 @@ std::string printable(std::string_view bytes) {
   static constexpr char kDigits[] = "0123456789abcdef";
   std::string text;
   while (!bytes.empty()) {
-    const size_t length = utf8Length(bytes);
+    const size_t length = gateway::utf8Length(bytes);
     if (length == 0) {
       const auto byte = static_cast<uint8_t>(bytes[0]);
       text += {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 15]};
@@ -200,7 +185,7 @@ std::string textFromJson(const Json &value, const std::string &where, size_t lon
 }
 
 void recordFromJson(const Json &value, const std::string &where, const Shape &shape, void *record,
-                    Secrets &secrets) {
+                    Secrets &secrets, Needed needed) {
   if (!value.is_object()) refuseType(value, where, "an object");
   for (const auto &entry : value.items()) {
     const std::string &name = entry.key();
@@ -212,7 +197,11 @@ void recordFromJson(const Json &value, const std::string &where, const Shape &sh
   auto *bytes = static_cast<uint8_t *>(record);
   for (const Field &field : shape.fields) {
     const auto found = value.find(field.name);
-    if (found == value.end()) continue;
+    if (found == value.end()) {
+      const bool isNeeded = needed == Needed::kAll || field.isInput;
+      if (!isNeeded || field.isOptional || shape.isCounter(field)) continue;
+      throw UsageError(member(where, field.name), "missing argument");
+    }
     if (field.isArray) {
       arrayFromJson(*found, member(where, field.name), field, bytes, secrets);
     } else {

@@ -29,10 +29,12 @@ uint64_t unsignedFromJson(const Json &value, const std::string &where, uint64_t 
 /// A text of at most `longest` bytes, without zeros in it.
 std::string textFromJson(const Json &value, const std::string &where, size_t longest);
 
-/// Fills a zeroed record; members that `value` lacks stay zero. Secrets found are added to
-/// `secrets`.
+enum class Needed : uint8_t { kAll, kInputs };
+
+/// Fills a zeroed record; optional members that `value` lacks stay zero, as do those that are no
+/// inputs where only these are needed. Secrets found are added to `secrets`.
 void recordFromJson(const Json &value, const std::string &where, const Shape &shape, void *record,
-                    Secrets &secrets);
+                    Secrets &secrets, Needed needed = Needed::kAll);
 
 /// Appends the record's members to the object `out`.
 void recordToJson(const Shape &shape, const void *record, bool showSecrets, Json &out);

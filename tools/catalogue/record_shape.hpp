@@ -31,6 +31,7 @@ struct Field {
   uint32_t counter = kUncounted;  ///< place of the 32-bit word that counts the filled elements
   bool isSecret = false;
   bool isInput = false;
+  bool isOptional = false;
 
   /// Masked in what the command prints, unless the user asks for it.
   constexpr Field secret() const {
@@ -43,6 +44,13 @@ struct Field {
   constexpr Field input() const {
     Field field = *this;
     field.isInput = true;
+    return field;
+  }
+
+  /// May be left out of an argument; it is zero then.
+  constexpr Field optional() const {
+    Field field = *this;
+    field.isOptional = true;
     return field;
   }
 
@@ -66,6 +74,14 @@ struct Shape {
   const char *name;
   uint32_t size;  ///< of the struct without its open tail
   std::span<const Field> fields;
+
+  /// Whether `field` counts the elements of another one: left out, it follows from these.
+  constexpr bool isCounter(const Field &field) const {
+    for (const Field &counted : fields) {
+      if (counted.counter == field.offset) return true;
+    }
+    return false;
+  }
 
   constexpr uint32_t allocation() const {
     uint32_t end = size;

@@ -25,13 +25,17 @@ std::string fieldType(const Field &field) {
   return field.isArray ? std::to_string(field.elements) + " x " + type : type;
 }
 
-Json fieldsAsJson(const Shape &shape, bool inputsOnly) {
+enum class Side : uint8_t { kArgument, kAsked, kAnswer };
+
+Json fieldsAsJson(const Shape &shape, Side side) {
   Json fields = Json::array();
   for (const Field &field : shape.fields) {
-    if (inputsOnly && !field.isInput) continue;
+    if (side == Side::kAsked && !field.isInput) continue;
     Json entry{{"name", field.name}, {"type", fieldType(field)}};
+    const bool isOptional = field.isOptional || shape.isCounter(field);
+    if (isOptional && side != Side::kAnswer) entry["optional"] = true;
     if (field.isSecret) entry["secret"] = true;
-    if (field.shape != nullptr) entry["fields"] = fieldsAsJson(*field.shape, false);
+    if (field.shape != nullptr) entry["fields"] = fieldsAsJson(*field.shape, side);
     fields.push_back(entry);
   }
   return fields;
@@ -40,19 +44,21 @@ Json fieldsAsJson(const Shape &shape, bool inputsOnly) {
 // Members that one direction of a method has; a nameless record stands for its fields.
 Json membersAsJson(const Method &method, bool isAnswer) {
   Json members = Json::array();
+  const Side side = isAnswer ? Side::kAnswer : Side::kArgument;
   for (const Parameter &parameter : method.parameters) {
     const bool isAsked = !isAnswer && parameter.direction == Direction::kOut;
     if (isAsked && parameter.shape == nullptr) continue;
     if (isAnswer && parameter.direction == Direction::kIn) continue;
     if (parameter.name.empty() || isAsked) {
-      for (const Json &field : fieldsAsJson(*parameter.shape, isAsked)) members.push_back(field);
+      for (const Json &field : fieldsAsJson(*parameter.shape, isAsked ? Side::kAsked : side))
+        members.push_back(field);
       continue;
     }
     Json entry{{"name", parameter.name}, {"type", parameter.type}};
     if (parameter.isRows) entry["rows"] = true;
     if (parameter.isOptional && !isAnswer) entry["optional"] = true;
     if (parameter.isSecret) entry["secret"] = true;
-    if (parameter.shape != nullptr) entry["fields"] = fieldsAsJson(*parameter.shape, false);
+    if (parameter.shape != nullptr) entry["fields"] = fieldsAsJson(*parameter.shape, side);
     members.push_back(entry);
   }
   return members;

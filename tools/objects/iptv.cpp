@@ -4,7 +4,8 @@
 
 namespace command {
 
-PM_RECORD(UbusIptv, PM_FIELD(enable), PM_FIELD(vlanId), PM_FIELD(ethPorts), PM_FIELD(wlanPorts));
+PM_RECORD(UbusIptv, PM_FIELD(enable), PM_FIELD(vlanId), PM_FIELD(ethPorts).optional(),
+          PM_FIELD(wlanPorts).optional());
 
 namespace {
 

@@ -5,8 +5,9 @@
 namespace command {
 
 PM_RECORD(UbusDeviceLimit, PM_FIELD(deviceMac), PM_FIELD(TxRate), PM_FIELD(RxRate),
-          PM_FIELD(LimitUrl), PM_FIELD(LmtMode), PM_FIELD(LimitWeek), PM_FIELD(LimitStartTime),
-          PM_FIELD(LimitEndTime));
+          PM_FIELD(LimitUrl).optional(), PM_FIELD(LmtMode).optional(),
+          PM_FIELD(LimitWeek).optional(), PM_FIELD(LimitStartTime).optional(),
+          PM_FIELD(LimitEndTime).optional());
 PM_RECORD(LmtUrlCfg, PM_FIELD(mac), PM_FIELD(LimitURL));
 
 namespace {

@@ -4,9 +4,11 @@
 
 namespace command {
 
-PM_RECORD(UbusQosRule, PM_FIELD(param1), PM_FIELD(param2), PM_FIELD(param3), PM_FIELD(param4),
-          PM_FIELD(param5), PM_FIELD(ip1), PM_FIELD(port1), PM_FIELD(ip2), PM_FIELD(port2),
-          PM_FIELD(label), PM_FIELD(mac1), PM_FIELD(mac2));
+PM_RECORD(UbusQosRule, PM_FIELD(param1).optional(), PM_FIELD(param2).optional(),
+          PM_FIELD(param3).optional(), PM_FIELD(param4).optional(), PM_FIELD(param5).optional(),
+          PM_FIELD(ip1).optional(), PM_FIELD(port1).optional(), PM_FIELD(ip2).optional(),
+          PM_FIELD(port2).optional(), PM_FIELD(label), PM_FIELD(mac1).optional(),
+          PM_FIELD(mac2).optional());
 PM_RECORD(UbusQos, PM_FIELD(qosCommon), PM_COUNTED(rules, count).capacity(30));
 
 namespace {

@@ -5,8 +5,9 @@
 namespace command {
 
 PM_RECORD(RoamingRecord, PM_FIELD(roamingSwitch), PM_FIELD(lowRSSI24G), PM_FIELD(lowRSSI5G),
-          PM_FIELD(packetLoss), PM_FIELD(retryRatio), PM_FIELD(xIndex), PM_FIELD(detectPeriod),
-          PM_FIELD(rssiCheckDelta), PM_FIELD(dismissTime));
+          PM_FIELD(packetLoss).optional(), PM_FIELD(retryRatio).optional(),
+          PM_FIELD(xIndex).optional(), PM_FIELD(detectPeriod).optional(),
+          PM_FIELD(rssiCheckDelta).optional(), PM_FIELD(dismissTime).optional());
 PM_RECORD(BandSteeringRecord, PM_FIELD(bandSteeringStatus), PM_FIELD(rssiThreshold),
           PM_FIELD(rssiThreshold5G));
 PM_RECORD(StaRssiRecord, PM_FIELD(macAddress).input(), PM_FIELD(radio), PM_FIELD(rssi),

@@ -5,7 +5,7 @@
 namespace command {
 
 PM_RECORD(UbusWifiTimer, PM_FIELD(taskId), PM_FIELD(enable), PM_FIELD(weekMask), PM_FIELD(Action),
-          PM_FIELD(timeOffset), PM_FIELD(timeOffset2), PM_FIELD(index));
+          PM_FIELD(timeOffset), PM_FIELD(timeOffset2).optional(), PM_FIELD(index).optional());
 PM_RECORD(WeekdayList, PM_COUNTED(Weekday, nCnt));
 
 namespace {

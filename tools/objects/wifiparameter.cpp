@@ -4,9 +4,10 @@
 
 namespace command {
 
-PM_RECORD(WifiParameterRecord, PM_FIELD(radio), PM_FIELD(index), PM_FIELD(enable), PM_FIELD(ssid),
-          PM_FIELD(securityMode), PM_FIELD(encrypt), PM_FIELD(pwd).secret(),
-          PM_FIELD(maxAssociateNum), PM_FIELD(ssidAdvertisementEnabled));
+PM_RECORD(WifiParameterRecord, PM_FIELD(radio), PM_FIELD(index), PM_FIELD(enable).optional(),
+          PM_FIELD(ssid).optional(), PM_FIELD(securityMode), PM_FIELD(encrypt).optional(),
+          PM_FIELD(pwd).optional().secret(), PM_FIELD(maxAssociateNum).optional(),
+          PM_FIELD(ssidAdvertisementEnabled).optional());
 
 namespace {
 
