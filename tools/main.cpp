@@ -1,5 +1,6 @@
 // pmapi: stands in for the daemon. Calls the library's handlers on a virtual gateway, JSON in and
 // JSON out.
+#include "gateway/temporary_root.hpp"
 #include "tools/command/layout_listing.hpp"
 #include "tools/command/listing.hpp"
 #include "tools/command/output.hpp"
@@ -32,7 +33,7 @@ int list(const Request &request) {
 
 int call(const Request &request) {
   const Target &target = request.target;
-  const Json arguments = parseArguments(target.arguments);
+  const Json arguments = gateway::parseJson(target.arguments, "JSON");
   const Object &object = findObject(target.object);
   checkArguments(object, findMethod(object, target.method), arguments);
   Session session(request.options);
@@ -76,6 +77,7 @@ void addOptions(CLI::App &app, Options &options) {
 
 int main(int argc, char **argv) {
   using namespace command;
+  gateway::removeTemporaryRootOnSignals();
   Request request;
   CLI::App app("Calls the handlers of libpmapi.so on a virtual gateway.", "pmapi");
   const Subcommands subcommands = addSubcommands(app, request.target);

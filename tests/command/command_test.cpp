@@ -1,5 +1,6 @@
 // The command as its users meet it: a process with arguments, two streams and an exit status.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -51,6 +52,13 @@ class Command : public testing::Test {
     const int status = std::system(line.c_str());
     return {WEXITSTATUS(status), read("out"), read("err")};
   }
+  // `%` in a script stands for the command on the test's profile.
+  int runScript(std::string script) const {
+    const std::string command = PMAPI_COMMAND " --gateway '" + path("profile.json") + "'";
+    for (size_t at; (at = script.find('%')) != std::string::npos;) script.replace(at, 1, command);
+    const std::string line = "cd '" + directory_.string() + "'; exec 2>err; " + script;
+    return WEXITSTATUS(std::system(line.c_str()));
+  }
   Outcome runOnProfile(const std::string &arguments) const {
     return run("--gateway '" + path("profile.json") + "' " + arguments);
   }
@@ -61,6 +69,8 @@ class Command : public testing::Test {
 TEST_F(Command, UsageErrorsAreOneLineAndStatusTwo) {
   const std::string notJson = write("broken.json", "{\"files\":");
   const std::string noPlace = write("place.json", "{\"views\":{\"DBVIEW_NONE\":{}}}");
+  const std::string late = write("late.json", "{\"clock\":{\"uptime\":9223372036854775807}}");
+  const std::string here = "'" + directory_.string() + "'";
   const struct {
     std::string arguments;
     std::string error;
@@ -70,7 +80,7 @@ TEST_F(Command, UsageErrorsAreOneLineAndStatusTwo) {
       {"call config", "METHOD"},
       {"call confg get", "pmapi: confg: no such object"},
       {"call config fetch", "pmapi: config fetch: no such method"},
-      {"call config get '{\"item\":'", "pmapi: JSON: at byte"},
+      {"call config get '{\"item\":'", "pmapi: JSON: not JSON at byte 9"},
       {"call config get '[]'", "pmapi: config get: the arguments must be a JSON object"},
       {"call config get '{\"name\":\"x\"}'", "pmapi: config get: name: no such argument"},
       {"call config add '{\"item\":5}'", "pmapi: config add: item: expected a text, got a number"},
@@ -82,6 +92,24 @@ TEST_F(Command, UsageErrorsAreOneLineAndStatusTwo) {
       {"--gateway '" + notJson + "' call helpers GetUpTime", "broken.json: not JSON at byte"},
       {"--gateway '" + noPlace + "' call helpers GetUpTime", "DBVIEW_NONE: no such view"},
       {"--gateway /none.json call helpers GetUpTime", "/none.json"},
+      {"--gateway '" + late + "' call helpers GetUpTime", "clock.uptime: number out of range"},
+      {"--gateway " + here + " call helpers GetUpTime", "cannot be read: Is a directory"},
+      {"--state " + here + " call helpers GetUpTime", "no regular file"},
+      {"--state /dev/full call helpers GetUpTime", "/dev/full: no regular file"},
+      {"--root '" + notJson + "' call helpers GetUpTime",
+       "broken.json/userconfig/: cannot be made"},
+      {"run " + here, "cannot be read"},
+      {"call config get \"$(printf '[%.0s' $(seq 300))\"",
+       "pmapi: JSON: nested deeper than 100 levels"},
+      {R"(call config get '{"item":"a","item":"b"}')",
+       "pmapi: JSON: the member \"item\" stands twice"},
+      {R"(call config get '{"item":1e999}')", "pmapi: JSON: a number is too large"},
+      {R"(call config add '{"item":"a"}')", "pmapi: config add: value: missing argument"},
+      {R"(call limit set '{"records":[{"deviceMac":"A1B2C3D4E5F6","TxRate":"1"}]}')",
+       "pmapi: limit set: records[0].RxRate: missing argument"},
+      {"--fail fopen@0 call helpers GetUpTime", "calls are counted from 1"},
+      {"--fail pm_wlan_set_esaymesh call helpers GetUpTime", "is no call of the library"},
+      {"--fail fopen=count:1 call helpers GetUpTime", "lists nothing"},
   };
   for (const auto &test : kCases) {
     const bool named = test.arguments.starts_with("--gateway");
@@ -156,6 +184,94 @@ TEST_F(Command, StateIsReadBackInsteadOfTheProfile) {
   EXPECT_EQ(outcome.output, "{\"status\":0,\"value\":\"30\"}\n");
 }
 
+TEST_F(Command, StateKeepsBytesThatAreNoText) {
+  fs::create_directories(directory_ / "root/userconfig");
+  write("root/userconfig/nexumd_cfgfile", "name=caf\xc3\nsampleInterval=\xfe\n");
+  const std::string read = "call config get '{\"item\":\"sampleInterval\"}'";
+  for (const char *options : {"--root root --state state.json ", "--state state.json "}) {
+    ASSERT_EQ(runScript("% " + (options + read) + " >out"), 0) << this->read("err");
+    EXPECT_EQ(this->read("out"), "{\"status\":0,\"value\":\"\\\\xfe\"}\n");
+  }
+  write("steps.jsonl",
+        R"({"read":"/userconfig/nexumd_cfgfile","expect":["name=caf\\xc3","sampleInterval=\\xfe"]}
+{"state":"/files/~1userconfig~1nexumd_cfgfile","expect":"name=caf\\xc3\nsampleInterval=\\xfe\n"})");
+  EXPECT_EQ(runScript("% --state state.json run steps.jsonl >out"), 0) << this->read("err");
+}
+
+TEST_F(Command, StateOutlivesAWriteThatFails) {
+  ASSERT_EQ(runScript("% --state state.json call config add '{\"item\":\"a\",\"value\":\"1\"}'"),
+            0);
+  const std::string before = read("state.json");
+  // Each file fits the limit, the state does not.
+  const std::string lines = "\",\"lines\":[\"" + std::string(2000, 'x') + "\"]}\n";
+  write("big.jsonl", "{\"write\":\"/tmp/a" + lines + "{\"write\":\"/tmp/b" + lines);
+  EXPECT_EQ(runScript("ulimit -f 5; % --state state.json run big.jsonl >/dev/null"), 2);
+  EXPECT_EQ(read("state.json"), before);
+  EXPECT_NE(read("err").find("state.json: cannot be written"), std::string::npos) << read("err");
+  EXPECT_FALSE(fs::exists(path("state.json.new")) || fs::exists(path("state.json.lock")));
+}
+
+TEST_F(Command, CommandsThatShareAStateTakeTurns) {
+  EXPECT_EQ(runScript(R"(for i in 1 2 3 4 5 6 7 8; do
+    % --state state.json call config add '{"item":"item'$i'","value":"1"}' & done; wait)"),
+            0);
+  const std::string state = read("state.json");
+  for (int i = 1; i <= 8; ++i) {
+    EXPECT_NE(state.find("item" + std::to_string(i) + "=1"), std::string::npos) << i;
+  }
+}
+
+TEST_F(Command, OutputThatCannotBeWrittenIsAnError) {
+  write("steps.jsonl", "{\"call\":\"helpers GetUpTime\"}\n");
+  for (const std::string work : {"list", "list --json", "--help", "call helpers GetUpTime",
+                                 "run steps.jsonl", "run --record steps.jsonl"}) {
+    // Nobody reads what goes to descriptor 4.
+    for (const std::string output : {">/dev/full", ">&-", ">&4"}) {
+      const std::string script =
+          "rm -f pipe; mkfifo pipe; exec 3<>pipe 4>pipe 3<&-; % " + work + output;
+      EXPECT_EQ(runScript(script), 2) << work << output;
+      EXPECT_NE(read("err").find("standard output: cannot be written\n"), std::string::npos)
+          << work << output << ": " << read("err");
+    }
+  }
+}
+
+TEST_F(Command, RootMayHoldFilesOfOthers) {
+  fs::create_directories(directory_ / "root/other");
+  fs::create_directories(directory_ / "root/userconfig");
+  write("root/other/file", "x");
+  write("root/\xff", "x");
+  ASSERT_EQ(::mkfifo(path("root/userconfig/pipe").c_str(), 0600), 0);
+  EXPECT_EQ(runScript("% --root root --state state.json call helpers GetUpTime"), 0) << read("err");
+  EXPECT_EQ(read("state.json").find("other"), std::string::npos);
+
+  fs::remove(path("root/userconfig/nexumd_cfgfile"));
+  ASSERT_EQ(::mkfifo(path("root/userconfig/nexumd_cfgfile").c_str(), 0600), 0);
+  EXPECT_EQ(runScript("timeout 20 % --root root call config get '{\"item\":\"a\"}'"), 2);
+  EXPECT_NE(read("err").find("nexumd_cfgfile: no regular file"), std::string::npos) << read("err");
+}
+
+TEST_F(Command, PathOutsideTheGatewayIsRefused) {
+  write("own", "a=1\n");
+  EXPECT_EQ(runScript(R"(% call config add '{"item":"a","value":"2","path":"own"}' >out)"), 1);
+  EXPECT_NE(read("err").find("not a path of the gateway"), std::string::npos) << read("err");
+  EXPECT_EQ(read("own"), "a=1\n");
+}
+
+TEST_F(Command, SignalsLeaveNoTemporaryDirectory) {
+  ASSERT_EQ(::mkfifo(path("steps").c_str(), 0600), 0);
+  fs::create_directories(directory_ / "tmp");
+  for (const std::string name : {"TERM", "HUP", "ABRT", "SEGV"}) {
+    // The command waits for steps, with its files in place.
+    runScript(
+        "export TMPDIR=\"$PWD/tmp\"; % run steps & "
+        "while [ -z \"$(ls tmp/*/userconfig 2>/dev/null)\" ]; do sleep 0.05; done; "
+        "kill -" +
+        name + " $!; wait $!");
+    EXPECT_TRUE(fs::is_empty(path("tmp"))) << name << ": " << read("err");
+  }
+}
+
 TEST_F(Command, RootHoldsTheGatewaysFiles) {
   const std::string root = "--root '" + path("root") + "' ";
   fs::create_directories(directory_ / "root/userconfig");
@@ -214,6 +330,16 @@ TEST_F(Command, RunRefusesStepsThatMakeNoSense) {
     const char *error;
   } kCases[] = {
       {"nonsense", ":1: not JSON"},
+      {R"({"advance":1,"expect":1})", R"(:1: expect: not with "advance")"},
+      {R"({"call":"helpers GetUpTime","expect":1})", ":1: expect: an answer is an object"},
+      {R"({"call":"helpers GetUpTime","read":"/tmp/a"})", R"(:1: read: a step beside "call")"},
+      {R"({"read":"/tmp/a","trail":["x"]})", R"(:1: trail: not with "read")"},
+      {R"({"advance":1,"advance":2})", R"(:1: the member "advance" stands twice)"},
+      {R"({"read":"/tmp/a\u0000b"})", ":1: read: the text holds a zero"},
+      {R"({"read":"/etc/passwd"})", ":1: /etc/passwd: not a path of the gateway"},
+      {R"({"write":"/userconfig/","lines":[]})", "/userconfig/: no regular file"},
+      {R"({"state":"/a~"})", R"(:1: "/a~" is no place in a profile)"},
+      {R"({"fail":"fopen@1x0"})", ":1: --fail fopen@1x0: calls are counted from 1"},
       {"[]", ":1: expected a JSON object"},
       {R"({"advance":"soon"})", ":1: advance: expected a whole number, got a text"},
       {R"({"advance":-1})", ":1: advance: -1 is outside 0 to"},
@@ -223,6 +349,14 @@ TEST_F(Command, RunRefusesStepsThatMakeNoSense) {
       {R"({"call":"config"})", ":1: expected \"OBJECT METHOD\""},
       {R"({"call":"config get","with":{"item":5}})", ":1: config get: item: expected a text"},
   };
+  const std::string deep = "{\"advance\":" + std::string(500000, '[');
+  for (const auto &[line, error] :
+       {std::pair(deep, ":1: nested deeper than 100 levels"),
+        std::pair(std::string("{\"advance\":1}\0x", 15), ":1: not JSON")}) {
+    const Outcome outcome = runOnProfile("run '" + write("steps.jsonl", line) + "'");
+    EXPECT_EQ(outcome.status, 2) << outcome.errors;
+    EXPECT_NE(outcome.errors.find(error), std::string::npos) << outcome.errors;
+  }
   for (const auto &test : kCases) {
     const std::string steps = write("steps.jsonl", std::string(test.line) + "\n");
     const Outcome outcome = runOnProfile("run '" + steps + "'");

@@ -28,8 +28,10 @@ TEST(ParseFault, ReadsEveryPart) {
 }
 
 TEST(ParseFault, RefusesWhatIsNoRule) {
-  for (const char *rule : {"", "=1", "call=", "call=x", "call=1.5", "call=2147483648", "call@=1",
-                           "call@1x=1", "call@0x=1", "call=length:65536", "call=reply:"}) {
+  for (const char *rule :
+       {"", "=1", "fopen=", "fopen=x", "fopen=1.5", "fopen=2147483648", "fopen@=1", "fopen@1x=1",
+        "fopen@0x=1", "fopen=length:65536", "fopen=reply:", "fopen@0", "fopen@1x0",
+        "pm_wlan_set_esaymesh", "printf", "fopen=count:1", "*=count:1"}) {
     EXPECT_THROW(parseFault(rule), UsageError) << rule;
   }
 }

@@ -1,5 +1,9 @@
 #include "tools/command/fault.hpp"
 
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <limits>
 #include <string_view>
@@ -18,6 +22,40 @@ Integer number(const std::string &rule, std::string_view digits) {
     throw UsageError("--fail " + rule, "\"" + std::string(digits) + "\" is no number that fits");
   }
   return value;
+}
+
+uint32_t count(const std::string &rule, std::string_view digits) {
+  const auto value = number<uint32_t>(rule, digits);
+  if (value == 0) throw UsageError("--fail " + rule, "calls are counted from 1");
+  return value;
+}
+
+/// A call of the platform is a function that the library finds in this process; the others replace
+/// what it would find in libc.
+bool isCall(const std::string &name) {
+  static constexpr std::array kLibc = {"*",    "calloc", "fclose", "fopen",   "fsync",
+                                       "read", "rename", "unlink", "sysinfo", "write"};
+  if (std::ranges::find(kLibc, name) != kLibc.end()) return true;
+  const void *const function = dlsym(RTLD_DEFAULT, name.c_str());
+  Dl_info own;
+  Dl_info found;
+  if (function == nullptr || dladdr(function, &found) == 0) return false;
+  dladdr(reinterpret_cast<const void *>(&parseFault), &own);
+  return found.dli_fbase == own.dli_fbase || name.starts_with("mapd_interface_");
+}
+
+/// The calls that answer with a number of entries.
+bool isList(const std::string &name) {
+  static constexpr std::array kLists = {"ctSgw_wlanGetHostInfo",
+                                        "plib_adev_list_view",
+                                        "pm_app_wake_up_control_get",
+                                        "pm_e8_wanc_list_all_wanc_by_wand",
+                                        "pm_mac_filterlist",
+                                        "pm_wlan_list_ad",
+                                        "pm_wlan_list_csi_mac",
+                                        "vcorDbLstView",
+                                        "vcorDbQryView"};
+  return std::ranges::find(kLists, name) != kLists.end();
 }
 
 // Cuts what follows the last `mark` off `text`; empty when there is none.
@@ -53,14 +91,20 @@ gateway::Fault parseFault(const std::string &rule) {
   if (rest.find('@') != std::string_view::npos) {
     std::string_view when = cutAfter(rest, '@');
     if (when.find('x') != std::string_view::npos) {
-      fault.times = number<uint32_t>(rule, cutAfter(when, 'x'));
+      fault.times = count(rule, cutAfter(when, 'x'));
     }
-    fault.from = number<uint32_t>(rule, when);
+    fault.from = count(rule, when);
   }
   const size_t slash = rest.find('/');
   fault.call = rest.substr(0, slash);
   if (slash != std::string_view::npos) fault.match = rest.substr(slash + 1);
   if (fault.call.empty()) throw UsageError("--fail " + rule, "no call is named");
+  if (!isCall(fault.call)) {
+    throw UsageError("--fail " + rule, "\"" + fault.call + "\" is no call of the library");
+  }
+  if (fault.count && !isList(fault.call)) {
+    throw UsageError("--fail " + rule, "\"" + fault.call + "\" lists nothing");
+  }
   return fault;
 }
 

@@ -1,9 +1,18 @@
 #include "tools/command/output.hpp"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <system_error>
 #include <vector>
+
+#include "gateway/json.hpp"
 
 namespace command {
 namespace {
@@ -95,6 +104,35 @@ void printAnswer(const Json &answer, bool asTable) {
     std::cout << cell(answer) << '\n';
   }
   std::cout.flush();
+}
+
+void keepStandardDescriptors() {
+  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+    // Opened the wrong way round: whoever uses it is told.
+    const int flags = descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+    if (fcntl(descriptor, F_GETFD) < 0) open("/dev/null", flags);
+  }
+  for (const int endsTheProcess : {SIGPIPE, SIGXFSZ}) std::signal(endsTheProcess, SIG_IGN);
+}
+
+bool isOutputWritten() {
+  std::cout.flush();
+  return std::cout.good() && std::fflush(stdout) == 0;
+}
+
+std::string reasonOf(const std::exception &error) {
+  if (const auto *files = dynamic_cast<const std::filesystem::filesystem_error *>(&error)) {
+    return files->path1().string() + ": " + files->code().message();
+  }
+  if (dynamic_cast<const UsageError *>(&error) ||
+      dynamic_cast<const gateway::ProfileError *>(&error)) {
+    return error.what();
+  }
+  if (const auto *system = dynamic_cast<const std::system_error *>(&error)) {
+    return system->code().message();
+  }
+  if (dynamic_cast<const std::bad_alloc *>(&error)) return "out of memory";
+  return "an error of the command itself";
 }
 
 }  // namespace command

@@ -6,12 +6,12 @@
 #include <array>
 #include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <sstream>
 
 #include "gateway/gateway.hpp"
 #include "gateway/library_calls.hpp"
+#include "gateway/profile.hpp"
 #include "tools/command/fault.hpp"
 
 namespace command {
@@ -49,6 +49,10 @@ std::vector<std::string> linesOf(const std::string &content) {
   return lines;
 }
 
+void tellOfWaiting(const std::string &fileName) {
+  std::cerr << "pmapi: " << fileName << ": waiting for another command that uses it\n";
+}
+
 void printTrail(const std::string &line) {
   std::cerr << line << '\n';
 }
@@ -68,6 +72,7 @@ void collectSecrets(const Json &value, Secrets &secrets) {
 
 Session::Session(const Options &options)
     : options_(options), trail_(options.logLevel, options.showSecrets, printTrail) {
+  if (!options_.state.empty()) state_.emplace(options_.state, tellOfWaiting);
   start();
   load(fs::exists(options_.state) ? options_.state
        : options_.gateway.empty() ? defaultProfile()
@@ -154,7 +159,8 @@ Answer Session::call(const std::string &objectName, const std::string &methodNam
 
 Json Session::shown(const Json &value) const {
   if (options_.showSecrets) return value;
-  if (value.is_string()) return masked(value.get<std::string>(), trail_.secrets());
+  // A secret may be the half of a character.
+  if (value.is_string()) return printable(masked(value.get<std::string>(), trail_.secrets()));
   Json copy = value;
   if (value.is_structured()) {
     for (Json &element : copy) element = shown(element);
@@ -175,16 +181,20 @@ void Session::writeFile(const std::string &path, const std::vector<std::string> 
   for (const std::string &line : lines) content += line + "\n";
   try {
     gateway::Gateway::current().files().write(path, content);
-  } catch (const std::exception &error) {
+  } catch (const std::invalid_argument &error) {
     throw UsageError(path, error.what());
   }
   collectSecrets();
 }
 
 std::optional<std::vector<std::string>> Session::readFile(const std::string &path) {
-  const std::optional<std::string> content = gateway::Gateway::current().files().read(path);
-  if (!content) return std::nullopt;
-  return linesOf(*content);
+  try {
+    const std::optional<std::string> content = gateway::Gateway::current().files().read(path);
+    if (!content) return std::nullopt;
+    return linesOf(*content);
+  } catch (const std::invalid_argument &error) {
+    throw UsageError(path, error.what());
+  }
 }
 
 Json Session::gatewayState() {
@@ -200,11 +210,7 @@ void Session::reportUnfired() {
 
 bool Session::close() {
   reportUnfired();
-  if (!options_.state.empty()) {
-    std::ofstream file(options_.state);
-    file << gatewayState().dump(2) << '\n';
-    if (!file.flush()) throw UsageError(options_.state, "cannot be written");
-  }
+  if (state_) state_->replace(gateway::profileText(gateway::Gateway::current()));
   return everyFaultFired_;
 }
 

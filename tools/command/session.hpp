@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "gateway/text_file.hpp"
 #include "tools/command/stage.hpp"
 
 namespace command {
@@ -50,6 +51,7 @@ class Session : public Stage {
   void drain();
 
   Options options_;
+  std::optional<gateway::OwnedFile> state_;
   Trail trail_;
   OutputCapture *capture_ = nullptr;
   bool everyFaultFired_ = true;

@@ -5,6 +5,8 @@
 #include <iostream>
 #include <string>
 
+#include "gateway/json.hpp"
+#include "tools/command/output.hpp"
 #include "tools/command/stage.hpp"
 
 namespace command {
@@ -46,30 +48,24 @@ inline void addPrinting(CLI::App &app, Printing &printing) {
   app.add_flag("--show-secrets", printing.showSecrets, "Do not mask passwords and keys");
 }
 
-/// The arguments of a call; throws UsageError.
-inline Json parseArguments(const std::string &text) {
-  try {
-    return Json::parse(text);
-  } catch (const Json::parse_error &error) {
-    throw UsageError("JSON",
-                     "at byte " + std::to_string(error.byte) + " of the arguments: not valid");
-  }
-}
-
 /// Parses the command line, does `work` and tells on standard error what kept it from being done.
 template <class Work>
 int runProgram(CLI::App &app, int argc, char **argv, Work work) {
+  keepStandardDescriptors();
   const std::string prefix = app.get_name() + ": ";
+  int status = kExitUsage;
   try {
     app.parse(argc, argv);
-    return work();
+    status = work();
   } catch (const CLI::Success &help) {
-    return app.exit(help);
+    status = app.exit(help);
   } catch (const CLI::ParseError &error) {
     std::cerr << prefix << error.what() << " (" << app.get_name() << " --help)\n";
   } catch (const std::exception &error) {
-    std::cerr << prefix << error.what() << '\n';
+    std::cerr << prefix << reasonOf(error) << '\n';
   }
+  if (isOutputWritten()) return status;
+  std::cerr << prefix << "standard output: cannot be written\n";
   return kExitUsage;
 }
 

@@ -1,9 +1,13 @@
 #include "tools/command/transcript.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <map>
+#include <set>
 
+#include "gateway/json.hpp"
 #include "tools/command/output.hpp"
 
 namespace command {
@@ -20,6 +24,14 @@ struct Step {
     } catch (const Json::exception &) {
       throw UsageError(where + ": " + name, "missing or of the wrong type");
     }
+  }
+  /// A text that the platform gets to see whole.
+  std::string text(const char *name) const {
+    const auto value = get<std::string>(name);
+    if (value.find('\0') != std::string::npos) {
+      throw UsageError(where + ": " + name, "the text holds a zero");
+    }
+    return value;
   }
   bool has(const char *name) const { return json.contains(name); }
   Json expected() const { return json.value("expect", Json()); }
@@ -43,9 +55,12 @@ std::string missingFromTrail(const Step &step, const Trail &trail) {
 }
 
 Outcome playCall(const Step &step, Stage &stage) {
-  const auto target = step.get<std::string>("call");
+  const std::string target = step.text("call");
   const size_t blank = target.find(' ');
   if (blank == std::string::npos) throw UsageError(step.where, "expected \"OBJECT METHOD\"");
+  if (step.has("expect") && !step.expected().is_object()) {
+    throw UsageError(step.where + ": expect", "an answer is an object");
+  }
   const std::string object = target.substr(0, blank);
   const std::string method = target.substr(blank + 1);
   const Answer answer = stage.call(object, method, step.json.value("with", Json::object()));
@@ -58,23 +73,24 @@ Outcome playCall(const Step &step, Stage &stage) {
   return outcome;
 }
 
+Outcome found(const Json &value, const Stage &stage) {
+  return {gateway::withTexts(value, printable), gateway::withTexts(stage.shown(value), printable)};
+}
+
 Outcome playRead(const Step &step, Stage &stage) {
-  const auto lines = stage.readFile(step.get<std::string>("read"));
-  const Json content = lines ? Json(*lines) : Json();
-  return {content, stage.shown(content)};
+  const auto lines = stage.readFile(step.text("read"));
+  return found(lines ? Json(*lines) : Json(), stage);
 }
 
 Outcome playState(const Step &step, Stage &stage) {
-  const auto place = step.get<std::string>("state");
+  const std::string place = step.text("state");
   const Json state = stage.gatewayState();
-  Json::json_pointer pointer;
   try {
-    pointer = Json::json_pointer(place);
+    const Json::json_pointer pointer(place);
+    return found(state.contains(pointer) ? state.at(pointer) : Json(), stage);
   } catch (const Json::exception &) {
     throw UsageError(step.where, "\"" + place + "\" is no place in a profile");
   }
-  const Json found = state.contains(pointer) ? state.at(pointer) : Json();
-  return {found, stage.shown(found)};
 }
 
 Outcome playStep(const Step &step, const std::string &fileName, Stage &stage) {
@@ -83,11 +99,11 @@ Outcome playStep(const Step &step, const std::string &fileName, Stage &stage) {
   if (step.has("state")) return playState(step, stage);
   if (step.has("gateway")) {
     const std::filesystem::path directory = std::filesystem::path(fileName).parent_path();
-    stage.load((directory / step.get<std::string>("gateway")).string());
+    stage.load((directory / step.text("gateway")).string());
   } else if (step.has("write")) {
-    stage.writeFile(step.get<std::string>("write"), step.get<std::vector<std::string>>("lines"));
+    stage.writeFile(step.text("write"), step.get<std::vector<std::string>>("lines"));
   } else if (step.has("fail")) {
-    stage.planFault(step.get<std::string>("fail"));
+    stage.planFault(step.text("fail"));
   } else if (step.has("advance")) {
     stage.advance(integerFromJson(step.json["advance"], step.where + ": advance", 0, UINT32_MAX));
   } else {
@@ -96,18 +112,45 @@ Outcome playStep(const Step &step, const std::string &fileName, Stage &stage) {
   return {};
 }
 
+/// The member that says what a step does, and those that it may have besides.
+const std::map<std::string, std::set<std::string>> kSteps = {
+    {"call", {"with", "expect", "trail"}},
+    {"read", {"expect"}},
+    {"state", {"expect"}},
+    {"gateway", {}},
+    {"write", {"lines"}},
+    {"fail", {}},
+    {"advance", {}},
+};
+
+bool isKnown(const std::string &name) {
+  return std::ranges::any_of(
+      kSteps, [&](const auto &step) { return step.first == name || step.second.contains(name); });
+}
+
 void checkMembers(const Step &step) {
-  static const Secrets kMembers = {"call",    "with",  "expect", "trail",   "read", "state",
-                                   "gateway", "write", "lines",  "advance", "fail"};
   if (!step.json.is_object()) throw UsageError(step.where, "expected a JSON object");
+  std::string kind;
   for (const auto &[name, value] : step.json.items()) {
-    if (!kMembers.contains(name)) throw UsageError(step.where + ": " + name, "no such member");
+    if (!isKnown(name)) throw UsageError(step.where + ": " + name, "no such member");
+    if (!kSteps.contains(name)) continue;
+    if (!kind.empty()) throw UsageError(step.where + ": " + name, "a step beside \"" + kind + "\"");
+    kind = name;
+  }
+  if (kind.empty()) throw UsageError(step.where, "no such step");
+  for (const auto &[name, value] : step.json.items()) {
+    if (name == kind || kSteps.at(kind).contains(name)) continue;
+    throw UsageError(step.where + ": " + name, "not with \"" + kind + "\"");
   }
 }
 
+[[noreturn]] void refuseAt(const Step &step, const std::exception &error) {
+  const std::string text = error.what();
+  throw UsageError(text.starts_with(step.where) ? text : step.where + ": " + text);
+}
+
 Step parseStep(const std::string &where, const std::string &line) {
-  Step step{where, Json::parse(line, nullptr, false)};
-  if (step.json.is_discarded()) throw UsageError(where, "not JSON");
+  Step step{where, gateway::parseJson(line, where)};
   checkMembers(step);
   return step;
 }
@@ -155,8 +198,9 @@ bool playTranscript(std::istream &lines, const std::string &name, Playing playin
     try {
       outcome = playStep(step, name, stage);
     } catch (const UsageError &error) {
-      const std::string text = error.what();
-      throw UsageError(text.starts_with(step.where) ? text : step.where + ": " + text);
+      refuseAt(step, error);
+    } catch (const gateway::ProfileError &error) {
+      refuseAt(step, error);
     }
     if (isRecording) {
       if (outcome.full) step.json["expect"] = *outcome.full;
@@ -172,6 +216,7 @@ bool playTranscript(std::istream &lines, const std::string &name, Playing playin
       asExpected = false;
     }
   }
+  if (lines.bad()) throw UsageError(name, "cannot be read");
   return asExpected;
 }
 
