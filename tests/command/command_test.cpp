@@ -56,7 +56,7 @@ class Command : public testing::Test {
   int runScript(std::string script) const {
     const std::string command = PMAPI_COMMAND " --gateway '" + path("profile.json") + "'";
     for (size_t at; (at = script.find('%')) != std::string::npos;) script.replace(at, 1, command);
-    const std::string line = "cd '" + directory_.string() + "'; exec 2>err; " + script;
+    const std::string line = "cd '" + directory_.string() + "'; exec 2>err >out; " + script;
     return WEXITSTATUS(std::system(line.c_str()));
   }
   Outcome runOnProfile(const std::string &arguments) const {
