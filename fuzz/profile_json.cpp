@@ -1,11 +1,12 @@
-// Profiles of any content: each is refused with a place and a reason, or becomes a gateway that
-// saves to a profile of the same gateway.
+// Profiles and states of any content: each is refused with a place and a reason, or becomes a
+// gateway that saves to a profile of the same gateway.
 #include <cstdio>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "gateway/gateway.hpp"
+#include "gateway/profile.hpp"
 
 using gateway::Gateway;
 using gateway::Json;
@@ -19,9 +20,9 @@ void require(bool held, const char *what) {
   std::abort();
 }
 
-bool isLoaded(const Json &profile) {
+bool isLoaded(std::string_view text) {
   try {
-    Gateway::current().load(profile);
+    Gateway::current().load(gateway::parseProfile(text, ""));
   } catch (const ProfileError &error) {
     require(*error.what() != '\0', "a refusal says why");
     return false;
@@ -32,11 +33,10 @@ bool isLoaded(const Json &profile) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-  const std::string_view text(reinterpret_cast<const char *>(data), size);
-  const Json profile = Json::parse(text, nullptr, false);
-  if (profile.is_discarded() || !isLoaded(profile)) return 0;
-  const Json saved = Gateway::current().save();
-  require(isLoaded(saved), "what was saved is a profile");
-  require(Gateway::current().save() == saved, "a saved gateway is the same gateway");
+  if (!isLoaded({reinterpret_cast<const char *>(data), size})) return 0;
+  Gateway &platform = Gateway::current();
+  const Json saved = platform.save();
+  require(isLoaded(gateway::profileText(platform)), "what was saved is a profile");
+  require(platform.save() == saved, "a saved gateway is the same gateway");
   return 0;
 }

@@ -23,6 +23,7 @@ ROOT = Path(__file__).resolve().parent.parent
 COMMAND = ROOT / "build/host/bin/pmapi"
 SCHEMA = ROOT / "docs/profile.schema.json"
 IPV6_WIDTH = 16
+LATEST = 2**53
 NO_SUCH_MEMBER = "noSuchMember"
 
 
@@ -63,8 +64,8 @@ def generate():
                 "type": "object",
                 "additionalProperties": False,
                 "properties": {
-                    "uptime": {"$ref": "#/$defs/number", "description": "Seconds since the gateway started"},
-                    "time": {"$ref": "#/$defs/number", "description": "Seconds since 1970"},
+                    "uptime": {"$ref": "#/$defs/time", "description": "Seconds since the gateway started"},
+                    "time": {"$ref": "#/$defs/time", "description": "Seconds since 1970"},
                 },
             },
             "views": tables_schema(listed["views"]),
@@ -79,6 +80,7 @@ def generate():
         },
         "$defs": {
             **written["$defs"],
+            "time": {"type": "integer", "minimum": 0, "maximum": LATEST},
             "field.word": {"anyOf": [number, {"type": "boolean"}, {"$ref": "#/$defs/ipv4"}]},
             "field.byte": {"type": "integer", "minimum": 0, "maximum": 255},
             "field.mac": {"$ref": "#/$defs/mac"},
