@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string_view>
+
+#include "frame/text.hpp"
 
 namespace pm {
 
@@ -25,6 +28,22 @@ struct BoundedRequest {
 
   Request request;
   char end;
+};
+
+/// The same for a request that ends in an open text, for which the daemon allocates `Tail` bytes.
+/// Nothing is read behind the end of that text.
+template <class Request, uint32_t Tail>
+class BoundedTailRequest {
+ public:
+  explicit BoundedTailRequest(const Request &given) {
+    memcpy(bytes_, &given, sizeof given);
+    copyText(bytes_ + sizeof given, Tail + 1, reinterpret_cast<const char *>(&given + 1));
+  }
+
+  const Request &request() const { return *reinterpret_cast<const Request *>(bytes_); }
+
+ private:
+  alignas(Request) char bytes_[sizeof(Request) + Tail + 1];
 };
 
 }  // namespace pm

@@ -67,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   gateway.clearLogs();
 
   const auto *text = reinterpret_cast<const char *>(data + 1);
-  const std::string list(text, strnlen(text, size - 1));
+  const std::string list(text, strnlen(text, std::min(size - 1, kListRoom - 1)));
   Request request(list.size() + 1);
   request.get()->operation = data[0] % 4;
   std::memcpy(request.get()->macList, list.c_str(), list.size() + 1);

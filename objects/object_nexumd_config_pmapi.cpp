@@ -8,6 +8,7 @@
 #include "frame/file.hpp"
 #include "frame/json_items.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/status.hpp"
 #include "frame/text.hpp"
 #include "pmapi/config.h"
@@ -20,6 +21,8 @@ namespace {
 
 /// A line is read in pieces of one character less.
 constexpr uint32_t kLineSize = 4096;
+/// What the daemon allocates for a value.
+constexpr uint32_t kValueRoom = 4096;
 
 /// Readers of the console know the trace by these numbers, wherever the code stands.
 enum TraceNumber {
@@ -209,17 +212,18 @@ int32_t StoreRewrite::commit() {
 
 }  // namespace
 
-int32_t pm_ubus_config_additem(const UbusAddItem *record, const char *path,
+int32_t pm_ubus_config_additem(const UbusAddItem *given, const char *path,
                                const char *temporaryPath) {
-  if (record != nullptr) {
-    printf("line:%d, ubusadditem->item:%s, ubusadditem->value:%s\n", kAddCalled, record->item,
-           record->value);
-  }
-  PM_LOG(kInfo, "now in function %s\n", __func__);
-  if (record == nullptr) {
+  if (given == nullptr) {
+    PM_LOG(kInfo, "now in function %s\n", __func__);
     PM_FAIL(0, "pm_ubus_config_additem para is null");
     return kNullRecord;
   }
+  const BoundedTailRequest<UbusAddItem, kValueRoom> bounded(*given);
+  const UbusAddItem *record = &bounded.request();
+  printf("line:%d, ubusadditem->item:%s, ubusadditem->value:%s\n", kAddCalled, record->item,
+         record->value);
+  PM_LOG(kInfo, "now in function %s\n", __func__);
   if (isRefused(PM_ORIGIN, record->item, record->value)) return kFailure;
   printf("line:%d, item:%s, value:%s\n", kAddAccepted, record->item, record->value);
 

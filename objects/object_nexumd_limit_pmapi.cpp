@@ -328,9 +328,11 @@ void si_ubus_lmturl_command(LmtUrlCfg *config, const char *operation) {
     PM_LOG(kError, "tDevLmtCfg is NULL \n");
     return;
   }
-  runRules(*config, operation);
-  for (char *text = config->LimitURL; *text != '\0'; ++text) {
-    if (*text == ',') *text = '\0';
+  const BoundedRequest<LmtUrlCfg> bounded(*config);
+  runRules(bounded.request, operation);
+  const size_t length = strnlen(config->LimitURL, sizeof config->LimitURL);
+  for (size_t i = 0; i < length; ++i) {
+    if (config->LimitURL[i] == ',') config->LimitURL[i] = '\0';
   }
 }
 

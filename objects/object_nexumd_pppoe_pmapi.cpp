@@ -1,4 +1,5 @@
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/records/pppoe_account.hpp"
@@ -9,19 +10,24 @@ using namespace pm;
 
 static constexpr char kSourceTag[] = "object_nexumd_pppoe_pmapi.c";
 
+/// What the daemon allocates for the password.
+static constexpr uint32_t kPasswordRoom = 68;
+
 int32_t pm_ubus_pppoe_set(const UbusPppoe *record) {
   PM_LOG(kInfo, "now in function %s\n", __func__);
   if (record == nullptr) {
     PM_FAIL(0, "pm_ubus_pppoe_set para is null");
     return kNullRecord;
   }
-  PM_LOG(kInfo, "ubuspppoe->pppoeUser:%s, ubuspppoe->pppoePwd:%s\n", record->pppoeUser,
-         record->pppoePwd);
-  RecordBuffer<platform::PppoeAccountRecord> account;
+  const BoundedTailRequest<UbusPppoe, kPasswordRoom> bounded(*record);
+  const UbusPppoe &account = bounded.request();
+  PM_LOG(kInfo, "ubuspppoe->pppoeUser:%s, ubuspppoe->pppoePwd:%s\n", account.pppoeUser,
+         account.pppoePwd);
+  RecordBuffer<platform::PppoeAccountRecord> settings;
   // A name without an end runs on into the password; it is then too long and sent as invalid.
-  account.set(account.userName, reinterpret_cast<const char *>(record));
-  account.set(account.password, record->pppoePwd);
-  const int32_t status = pm_wanc_set_ppp_username_passwd(account.bytes);
+  settings.set(settings.userName, reinterpret_cast<const char *>(&account));
+  settings.set(settings.password, account.pppoePwd);
+  const int32_t status = pm_wanc_set_ppp_username_passwd(settings.bytes);
   if (status != kOk) PM_FAIL(status, "call pm_wanc_set_ppp_username_passwd faild,ret=%d\n", status);
   return status;
 }

@@ -88,7 +88,8 @@ int32_t pm_ubus_nexumd_qos_set(const UbusQos *record) {
   RuleBuffer rule;
   const uint32_t count = clampCount(record->count, kCapacity);
   for (uint32_t i = 0; i < count; ++i) {
-    fillRule(rule, record->qosCommon, record->rules[i]);
+    const BoundedRequest<UbusQosRule> asked(record->rules[i]);
+    fillRule(rule, record->qosCommon, asked.request);
     PM_LOG(kInfo, " paraseOK before pm_ubus_nexumd ");
     char identity[PLATFORM_INSTANCE_SIZE] = {};
     pm_qos_qc_set_config(identity, rule.bytes);

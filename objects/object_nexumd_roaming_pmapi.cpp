@@ -3,6 +3,7 @@
 #include "frame/attached_device.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -318,7 +319,8 @@ int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
     return kFailure;
   }
   uint8_t mac[6] = {};
-  if (!parseMac(PM_ORIGIN, record->macAddress, mac)) return kFailure;
+  const BoundedRequest<StaRssiRecord> bounded(*record);
+  if (!parseMac(PM_ORIGIN, bounded.request.macAddress, mac)) return kFailure;
   AssociatedHost host = {};
   if (!findHost(mac, host)) return kFailure;
   const uint32_t radioType = host.ssidNumber > kLast24GSsid ? 1 : 0;

@@ -1,4 +1,5 @@
 #include "frame/log.hpp"
+#include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/views/uplink_rate_config.hpp"
@@ -14,15 +15,17 @@ int32_t pm_ubus_uplinkrate_config_set(const UplinkRateConfigRecord *record) {
     PM_FAIL(0, "pm_ubus_uplinkrate_config_set para is null");
     return kNullRecord;
   }
+  const BoundedRequest<UplinkRateConfigRecord> bounded(*record);
+  const UplinkRateConfigRecord &request = bounded.request;
   PM_LOG(kInfo,
          "ubusuplinkrate_config->interface:%s, ubusuplinkrate_config->reportInterval:%s, "
          "ubusuplinkrate_config->sampleInterval:%s\n",
-         record->interface, record->reportInterval, record->sampleInterval);
+         request.interface, request.reportInterval, request.sampleInterval);
   ViewBuffer<platform::UplinkRateConfigView> config;
-  config.set(config.interfaceName, record->interface);
-  config.set(config.reportInterval, record->reportInterval);
-  config.set(config.sampleInterval, record->sampleInterval);
-  if (const int32_t status = config.writeAt(record->interface); status != kOk) {
+  config.set(config.interfaceName, request.interface);
+  config.set(config.reportInterval, request.reportInterval);
+  config.set(config.sampleInterval, request.sampleInterval);
+  if (const int32_t status = config.writeAt(request.interface); status != kOk) {
     PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
     return kFailure;
   }

@@ -19,6 +19,8 @@ constexpr InstancePath kCsi5G = InstancePath::constant("IGD.CsiInfo2");
 
 enum StationOperation { kAddStation = 1, kDeleteStation = 2 };
 
+/// What the daemon allocates for a list.
+constexpr uint32_t kListRoom = 416;
 constexpr uint32_t kMacDigits = 12;
 constexpr uint32_t kMacStep = kMacDigits + 1;
 
@@ -90,7 +92,7 @@ int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record) {
     PM_FAIL(0, "pm_ubus_set_csi_mac  fail=%d\n", 0);
     return kFailure;
   }
-  const size_t length = strlen(record->macList);
+  const size_t length = strnlen(record->macList, kListRoom);
   for (size_t position = 0; position < length; position += kMacStep) {
     char mac[kMacStep];
     copyText(mac, record->macList + position);

@@ -18,6 +18,7 @@
 #include "pmapi/limit.h"
 #include "pmapi/uplinkinfo.h"
 #include "tests/support/gateway_test.hpp"
+#include "tests/sweep/arguments.hpp"
 #include "tests/sweep/contract.hpp"
 #include "tools/catalogue/answer.hpp"
 #include "tools/catalogue/catalogue.hpp"
@@ -25,85 +26,12 @@
 namespace gateway {
 namespace {
 
-using command::Direction;
 using command::Json;
 using command::Method;
 using command::Object;
-using command::Parameter;
-
-/// What a method is asked for where the simplest arguments would lead nowhere.
-const std::map<std::string, const char *> kArguments = {
-    {"pm_ubus_config_additem", R"({"item": "reportInterval", "value": "30"})"},
-    {"pm_ubus_config_getitem", R"({"item": "reportInterval"})"},
-    {"pm_ubus_config_deleteitem", R"({"item": "reportInterval"})"},
-    {"pm_ubus_get_portinfo", R"({"portIndex": 0, "instance": "IGD.LD1.ETH1"})"},
-    {"ubus_get_ifname_from_ifid", R"({"ifId": "IGD.WD1.WCD1.WCPPP1"})"},
-    {"pm_ubus_macfilter_set",
-     R"({"macFilterEnable": 1, "macFilterPolicy": 1, "entries": "A1B2C3D4E5F6/phone"})"},
-    {"pm_ubus_nexumd_limit_set",
-     R"({"records": [{"deviceMac": "A1B2C3D4E5F6", "TxRate": "100", "RxRate": "200",
-         "LimitUrl": "a.example,b.example", "LmtMode": 1, "LimitWeek": 127,
-         "LimitStartTime": 3600, "LimitEndTime": 7200}]})"},
-    {"device_limit_cfg_data", R"({"deviceMac": "A1B2C3D4E5F7", "TxRate": "10", "RxRate": "20"})"},
-    {"si_ubus_lmturl_command",
-     R"({"mac": "a1:b2:c3:d4:e5:f6", "LimitURL": "a", "operation": "-A"})"},
-    {"pm_ubus_nexumd_iptv_set",
-     R"({"enable": 1, "vlanId": 85, "ethPorts": [1], "wlanPorts": [2]})"},
-    {"pm_ubus_nexumd_qos_set", R"({"qosCommon": 1, "rules": [{"label": "one"}]})"},
-    {"pm_ubus_nexumd_wifi_timer_add",
-     R"({"taskId": 1, "enable": 1, "weekMask": 62, "Action": 2, "timeOffset": 60})"},
-    {"pm_ubus_wifiParameter_set",
-     R"({"radio": "2.4G", "index": 1, "enable": 1, "ssid": "home", "securityMode": "WPA2-Personal",
-         "encrypt": 1, "pwd": "quiet-harbour"})"},
-    {"pm_ubus_radio_set",
-     R"({"radio": "5G", "transmitPower": "80", "channel": "44", "bandwidth": 1})"},
-    {"pm_ubus_wifi_switch_set", R"({"radio": "5G", "enable": 1})"},
-    {"pm_ubus_wifi_wps_set", R"({"radio": "all"})"},
-    {"pm_ubus_set_csi_enable", R"({"radio": "All", "enable": 1})"},
-    {"pm_ubus_set_csi_mac", R"({"operation": 1, "macList": "A1B2C3D4E5F6,A1B2C3D4E5F7"})"},
-    {"pm_ubus_roaming_sta_disconnect", R"({"mac": "f40f24108801"})"},
-    {"pm_ubus_roaming_starssi_get", R"({"macAddress": "f40f24108801"})"},
-    {"pm_ubus_control_set", R"({"type": 2})"},
-    {"pm_ubus_set_devlogstats", R"({"logEnable": 1, "logLevel": 2, "logParam": 3})"},
-};
 
 /// No call of the library fails by itself with this: where it comes back, it was handed on.
 constexpr int32_t kHandedOn = -77;
-
-void addRequired(const command::Shape &shape, Json &record) {
-  for (const command::Field &field : shape.fields) {
-    if (field.isOptional || shape.isCounter(field)) continue;
-    record[field.name] = field.isArray                        ? Json::array()
-                         : field.kind == command::Kind::kText ? Json("")
-                                                              : Json(0);
-  }
-}
-
-Json simplest(const Parameter &parameter) {
-  if (parameter.type.starts_with("text")) return "IGD.LD1.WLAN1";
-  if (parameter.type == "MAC") return "a1:b2:c3:d4:e5:f6";
-  if (parameter.type == "character") return "x";
-  if (parameter.isRows) return Json::array();
-  if (parameter.type.find("int") != std::string::npos) return 1;
-  Json record = Json::object();
-  if (parameter.shape != nullptr) addRequired(*parameter.shape, record);
-  return record;
-}
-
-Json argumentsOf(const Method &method) {
-  const auto known = kArguments.find(method.function);
-  if (known != kArguments.end()) return Json::parse(known->second);
-  Json arguments = Json::object();
-  for (const Parameter &parameter : method.parameters) {
-    if (parameter.direction == Direction::kOut || parameter.isOptional) continue;
-    if (parameter.name.empty()) {
-      addRequired(*parameter.shape, arguments);
-    } else {
-      arguments[parameter.name] = simplest(parameter);
-    }
-  }
-  return arguments;
-}
 
 /// Refusals of the virtual gateway are a platform's statuses, too.
 bool isHandedOn(int32_t status) {
@@ -188,7 +116,7 @@ class EveryMethodTest : public GatewayTest {
   }
 
   uint32_t sweep(const Object &object, const Method &method) {
-    const Json arguments = argumentsOf(method);
+    const Json arguments = testing::argumentsOf(method);
     return sweepFaults([&] { return call(object, method, arguments); },
                        [&](const testing::SweepRun &run) {
                          if (method.returnsStatus()) expectNamed(method, run.status);

@@ -53,6 +53,7 @@ void Call::mac(const char *name, uint8_t out[6]) const {
 void Call::record(const char *name, const Shape &shape, void *out) {
   if (name != nullptr) {
     recordFromJson(require(name), at(name), shape, out, secrets_);
+    handOver(shape, out);
     return;
   }
   // The record's members stand beside other arguments, of which the codec need not know.
@@ -61,14 +62,19 @@ void Call::record(const char *name, const Shape &shape, void *out) {
     if (has(field.name)) members[field.name] = arguments_[field.name];
   }
   recordFromJson(members, where_ + ": ", shape, out, secrets_);
+  handOver(shape, out);
 }
 
 void Call::inputs(const Shape &shape, void *out) {
   Json members = Json::object();
+  bool asks = false;
   for (const Field &field : shape.fields) {
+    asks |= field.isInput;
     if (field.isInput && has(field.name)) members[field.name] = arguments_[field.name];
   }
+  if (!asks) return;
   recordFromJson(members, where_ + ": ", shape, out, secrets_, Needed::kInputs);
+  handOver(shape, out);
 }
 
 uint32_t Call::rowCount(const char *name, uint32_t capacity) const {
@@ -83,6 +89,7 @@ uint32_t Call::rowCount(const char *name, uint32_t capacity) const {
 void Call::row(const char *name, uint32_t index, const Shape &shape, void *out) {
   recordFromJson(arguments_[name][index], at(name) + "[" + std::to_string(index) + "]", shape, out,
                  secrets_);
+  handOver(shape, out);
 }
 
 void Call::put(const char *name, const Json &value) {

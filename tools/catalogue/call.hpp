@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <string>
@@ -49,6 +50,13 @@ class Call {
   /// Under `name`, or without one among the members of the answer itself.
   void putRecord(const char *name, const Shape &shape, const void *record);
   void putRows(const char *name, const Shape &shape, const void *records, uint32_t count);
+
+  /// Sees each record that the library is to read, when it is complete.
+  std::function<void(const Shape &, void *)> onRecord;
+  /// For those who fill a record by themselves.
+  void handOver(const Shape &shape, void *record) const {
+    if (onRecord) onRecord(shape, record);
+  }
 
   /// The count of the rows that travel beside it as another parameter.
   int32_t rows = 0;

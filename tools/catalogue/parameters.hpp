@@ -5,8 +5,10 @@
 //          In{"portIndex"}, TextIn{"instance", 31}, RecordOut{})
 #pragma once
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -20,19 +22,20 @@
 
 namespace command {
 
-// The bytes that a handler writes; 8-aligned like the daemon's records.
+// The bytes that a handler reads or writes, and not one more. They lie where the default memory
+// resource puts them, aligned like the daemon's records as all memory for general use is.
 class Buffer {
  public:
-  explicit Buffer(size_t size) : words_(size / sizeof(uint64_t) + 1), size_(size) {}
+  explicit Buffer(size_t size) : bytes_(std::max<size_t>(size, 1)), size_(size) {}
   template <class Pointer>
   Pointer as() {
-    return reinterpret_cast<Pointer>(words_.data());
+    return reinterpret_cast<Pointer>(bytes_.data());
   }
-  void *data() { return words_.data(); }
+  void *data() { return bytes_.data(); }
   size_t size() const { return size_; }
 
  private:
-  std::vector<uint64_t> words_;
+  std::pmr::vector<uint8_t> bytes_;
   size_t size_;
 };
 

@@ -27,7 +27,9 @@ int64_t addItem(Call &call) {
   Buffer record(kShape<UbusAddItem>.allocation());
   call.record(nullptr, kShape<UbusAddItem>, record.data());
   const auto *item = record.as<const UbusAddItem *>();
-  if (holdsSecret(item->item)) call.hide(item->value);
+  const std::string name(boundedText(item->item, sizeof item->item));
+  if (holdsSecret(name))
+    call.hide(std::string(boundedText(item->value, record.size() - sizeof *item)));
   return pm_ubus_config_additem(item, call.text("path", kLongestPath, kStore).c_str(),
                                 call.text("temporaryPath", kLongestPath, kTemporary).c_str());
 }

@@ -6,11 +6,13 @@
 
 namespace command {
 
+PM_RECORD(HttpSpeedRequest, PM_FIELD(text), PM_FIELD(parameter),
+          PM_FIELD(textContinued).capacity(224));
 PM_RECORD(HttpSpeedResult, PM_FIELD(speed), PM_FIELD(status));
 
 namespace {
 
-constexpr size_t kRequestSize = 260;
+constexpr size_t kRequestSize = kShape<HttpSpeedRequest>.allocation();
 constexpr size_t kLongestRequest = kRequestSize - 1;
 
 /// The word lies inside the text's room, so a longer text is what the word holds.
@@ -22,6 +24,7 @@ int64_t startTest(Call &call) {
   if (text.size() < sizeof HttpSpeedRequest::text) {
     request.as<HttpSpeedRequest *>()->parameter = parameter;
   }
+  call.handOver(kShape<HttpSpeedRequest>, request.data());
   return ubus_set_httpspeed_diagnostics(request.as<const HttpSpeedRequest *>());
 }
 
