@@ -13,27 +13,31 @@ namespace gateway {
 
 namespace {
 
-struct EventName {
+/// An event's name and the room that its callers offer for the reply; another one is a slip of the
+/// library, even where the reply would fit.
+struct EventForm {
   uint32_t event;
   const char *name;
+  uint16_t capacity;
+  uint16_t otherCapacity = 0;
 };
 
-constexpr EventName kNames[] = {
-    {CTSGW_EVENT_SET_HTTPDOWNLOAD_DIAGNOSTICS, "CTSGW_EVENT_SET_HTTPDOWNLOAD_DIAGNOSTICS"},
+constexpr EventForm kEvents[] = {
+    {CTSGW_EVENT_SET_HTTPDOWNLOAD_DIAGNOSTICS, "CTSGW_EVENT_SET_HTTPDOWNLOAD_DIAGNOSTICS", 20480},
     {CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT,
-     "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT"},
-    {CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE, "CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE"},
-    {CTSGW_EVENT_GET_PORTLINKSTAT_TYPE, "CTSGW_EVENT_GET_PORTLINKSTAT_TYPE"},
-    {CTSGW_EVENT_QUERY_ADEV_PARAM, "CTSGW_EVENT_QUERY_ADEV_PARAM"},
-    {CTSGW_EVENT_GET_WLANRADIOINFO, "CTSGW_EVENT_GET_WLANRADIOINFO"},
-    {CTSGW_EVENT_GET_BW_STATS, "CTSGW_EVENT_GET_BW_STATS"},
-    {CTSGW_EVENT_GET_HARD_STATS, "CTSGW_EVENT_GET_HARD_STATS"},
-    {CTSGW_EVENT_DEL_BW, "CTSGW_EVENT_DEL_BW"},
-    {CTSGW_EVENT_SET_BW, "CTSGW_EVENT_SET_BW"},
-    {CTSGW_EVENT_SET_LOCK, "CTSGW_EVENT_SET_LOCK"},
-    {CTSGW_EVENT_GET_BANDWIDTH, "CTSGW_EVENT_GET_BANDWIDTH"},
-    {CTSGW_EVENT_CLEAN_HWNAT, "CTSGW_EVENT_CLEAN_HWNAT"},
-    {CTSGW_EVENT_SET_KERNELCOUNT, "CTSGW_EVENT_SET_KERNELCOUNT"},
+     "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT", 20480},
+    {CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE, "CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE", 2048},
+    {CTSGW_EVENT_GET_PORTLINKSTAT_TYPE, "CTSGW_EVENT_GET_PORTLINKSTAT_TYPE", 2048},
+    {CTSGW_EVENT_QUERY_ADEV_PARAM, "CTSGW_EVENT_QUERY_ADEV_PARAM", 4096, 20480},
+    {CTSGW_EVENT_GET_WLANRADIOINFO, "CTSGW_EVENT_GET_WLANRADIOINFO", 20480},
+    {CTSGW_EVENT_GET_BW_STATS, "CTSGW_EVENT_GET_BW_STATS", 4096},
+    {CTSGW_EVENT_GET_HARD_STATS, "CTSGW_EVENT_GET_HARD_STATS", 4096},
+    {CTSGW_EVENT_DEL_BW, "CTSGW_EVENT_DEL_BW", 2048},
+    {CTSGW_EVENT_SET_BW, "CTSGW_EVENT_SET_BW", 2048},
+    {CTSGW_EVENT_SET_LOCK, "CTSGW_EVENT_SET_LOCK", 2048},
+    {CTSGW_EVENT_GET_BANDWIDTH, "CTSGW_EVENT_GET_BANDWIDTH", 2048},
+    {CTSGW_EVENT_CLEAN_HWNAT, "CTSGW_EVENT_CLEAN_HWNAT", 2048},
+    {CTSGW_EVENT_SET_KERNELCOUNT, "CTSGW_EVENT_SET_KERNELCOUNT", 2048},
 };
 
 std::map<uint32_t, ProxyEvent::Answer> &answers() {
@@ -41,11 +45,16 @@ std::map<uint32_t, ProxyEvent::Answer> &answers() {
   return registered;
 }
 
-std::string eventName(uint32_t event) {
-  for (const EventName &known : kNames) {
-    if (known.event == event) return known.name;
+const EventForm *formOf(uint32_t event) {
+  for (const EventForm &known : kEvents) {
+    if (known.event == event) return &known;
   }
-  return "event " + std::to_string(event);
+  return nullptr;
+}
+
+void checkCapacity(boundary::Passage &passage, const EventForm &form, const uint16_t *length) {
+  if (length == nullptr || *length == form.capacity || *length == form.otherCapacity) return;
+  passage.complain(std::to_string(*length) + " bytes are offered for the reply");
 }
 
 Bytes answer(Gateway &gateway, uint32_t event, std::span<const uint8_t> request) {
@@ -78,11 +87,13 @@ int32_t ctSgw_ssend_to_proxy(uint32_t event, const void *request, uint32_t reque
                              void *reply, uint16_t *replyLength) {
   const std::span given(static_cast<const uint8_t *>(request),
                         request == nullptr ? 0 : requestLength);
-  std::string key = eventName(event);
+  const EventForm *form = formOf(event);
+  std::string key = form != nullptr ? form->name : "event " + std::to_string(event);
   // Requests that begin with a text name what they are about.
   if (given.size() >= 32 && given[0] >= ' ') key += " " + std::string(textOf(given));
 
   boundary::Passage passage("ctSgw_ssend_to_proxy", key);
+  if (form != nullptr) checkCapacity(passage, *form, replyLength);
   int32_t result = kOk;
   if (const Fault *fault = passage.fault()) {
     const bool replies = fault->replyStatus || fault->replyLength;

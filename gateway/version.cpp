@@ -9,6 +9,8 @@ namespace gateway {
 
 namespace {
 
+constexpr int32_t kLeftBehind = 0x5a5a5a5a;
+
 class Version : public Section {
  public:
   Version() : Section("version") {}
@@ -33,9 +35,12 @@ Version version;
 using namespace gateway;
 
 int32_t pm_get_version_config_type_int(int32_t *code) {
-  return boundary::status("pm_get_version_config_type_int", "", [&](Gateway &) {
+  const int32_t status = boundary::status("pm_get_version_config_type_int", "", [&](Gateway &) {
     if (code == nullptr) throw Refusal(kNullArgument, "nowhere to write");
     *code = static_cast<int32_t>(version.configType);
     return kOk;
   });
+  // A call that fails promises nothing about the room it was given.
+  if (status != kOk && code != nullptr) *code = kLeftBehind;
+  return status;
 }

@@ -459,6 +459,7 @@ TEST_F(WanSearchTest, FailsWithCachesUntouched) {
 TEST_F(WanSearchTest, ThirtyTwoConnectionsAreTheLimit) {
   for (int i = 0; i < 32; ++i) addConnection({1, 0, false});
   EXPECT_EQ(search(), -1);
+  EXPECT_THAT(trace("plib_ifs_get_routeif_info"), SizeIs(32));
   addConnection({1, 0x0A000002});
   forgetCalls();
   EXPECT_EQ(search(), -12);

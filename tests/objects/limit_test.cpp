@@ -525,6 +525,10 @@ TEST_F(UrlKeyword, RulesFollowTheListOfTheDevice) {
     std::ranges::copy(both(operation, keyword), std::back_inserter(expected));
   }
   EXPECT_EQ(commands(), expected);
+  EXPECT_THAT(logs(), HasLogLine({5, "si_ubus_deal_limiturl_data",
+                                  "the url ptLmtUrlCfgtmp->LimitURL is a.com,,b.com,\n"}));
+  EXPECT_THAT(logs(), HasLogLine({5, "si_ubus_deal_limiturl_data",
+                                  "the url ptLmtUrlCfg->LimitURL is b.com,c.com\n"}));
   const std::vector<FilterRule> left = {{kTabletPairs, "b.com", "DROP"},
                                         {kTabletPairs, "c.com", "DROP"}};
   EXPECT_EQ(filterRules().ipv4, left);

@@ -75,6 +75,7 @@ TEST_F(PmUbusRadioSet, WritesPowerThenChannelAndWidthOfTheRadio) {
 
 TEST_F(PmUbusRadioSet, MapsPowerToLevelsAndWidthsToCodes) {
   for (const auto &[power, level] : {std::pair{"99", 1u},
+                                     {"100", 1u},
                                      {"81", 1u},
                                      {"80", 2u},
                                      {"61", 2u},

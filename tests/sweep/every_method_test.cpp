@@ -1,7 +1,8 @@
 // Every method of the command's catalogue with every call failing that it makes - of the platform,
 // for memory, of files - once and from then on. What each handler makes of a failure is its own
 // test's business; here nothing may crash or leak, every block that stays must be in one of the
-// library's lists, and what is answered must stand in the function's contract.
+// library's lists, what is answered must stand in the function's contract, and every line that is
+// logged must have the tag, level and code that befit it.
 #include <cjson/cJSON.h>
 
 #include <algorithm>
@@ -20,6 +21,7 @@
 #include "tests/support/gateway_test.hpp"
 #include "tests/sweep/arguments.hpp"
 #include "tests/sweep/contract.hpp"
+#include "tests/sweep/line_check.hpp"
 #include "tools/catalogue/answer.hpp"
 #include "tools/catalogue/catalogue.hpp"
 
@@ -80,11 +82,17 @@ class EveryMethodTest : public GatewayTest {
     loadExample("home_router.json");
     beforeEachRun(emptyLists);
     sweepWith(kHandedOn);
+    gateway().boundary().onCall([this](const Call &call) { lines_.called(call); });
+    gateway().onLog([this](const LogLine &line) { lines_.logged(line); });
     cJSON_Hooks fallible = {giveToCjson, std::free};
     cJSON_InitHooks(&fallible);
   }
 
-  ~EveryMethodTest() override { cJSON_InitHooks(nullptr); }
+  ~EveryMethodTest() override {
+    gateway().boundary().onCall(nullptr);
+    gateway().onLog(nullptr);
+    cJSON_InitHooks(nullptr);
+  }
 
   static int32_t call(const Object &object, const Method &method, const Json &arguments) {
     command::Secrets secrets;
@@ -123,6 +131,11 @@ class EveryMethodTest : public GatewayTest {
                          expectNothingLeft(method);
                        });
   }
+
+  uint32_t linesSeen() const { return lines_.lines(); }
+
+ private:
+  testing::LineCheck lines_{kHandedOn};
 };
 
 TEST_F(EveryMethodTest, SurvivesEveryFault) {
@@ -137,7 +150,8 @@ TEST_F(EveryMethodTest, SurvivesEveryFault) {
     }
   }
   // Every planned fault has fired, or the sweep above has failed.
-  std::printf("[   SWEEP  ] %u methods, %u faults planned and fired\n", methods, 2 * calls);
+  std::printf("[   SWEEP  ] %u methods, %u faults planned and fired, %u lines\n", methods,
+              2 * calls, linesSeen());
   EXPECT_GT(calls, methods);
 }
 
