@@ -48,6 +48,18 @@ const std::map<std::string, const char *> kArguments = {
     {"pm_ubus_set_devlogstats", R"({"logEnable": 1, "logLevel": 2, "logParam": 3})"},
 };
 
+/// The same for methods that branch on what they are asked for.
+const std::map<std::string, const char *> kOtherArguments = {
+    {"pm_ubus_nexumd_iptv_set", R"({"enable": 0})"},
+    {"pm_ubus_nexumd_wifi_timer_add",
+     R"({"taskId": 2, "enable": 1, "weekMask": 62, "Action": 1, "timeOffset": 60})"},
+    {"pm_ubus_radio_set", R"({"radio": "2.4G", "transmitPower": "60", "channel": "6"})"},
+    {"pm_ubus_wifi_wps_set", R"({"radio": "5G"})"},
+    {"pm_ubus_set_csi_mac", R"({"operation": 2, "macList": "A1B2C3D4E5F6"})"},
+    {"pm_ubus_control_set", R"({"type": 1})"},
+    {"pm_ubus_set_devlogstats", R"({"logEnable": 1, "logLevel": 2, "logParam": 0})"},
+};
+
 void addRequired(const command::Shape &shape, Json &record) {
   for (const command::Field &field : shape.fields) {
     if (field.isOptional || shape.isCounter(field)) continue;
@@ -83,6 +95,11 @@ Json argumentsOf(const Method &method) {
     }
   }
   return arguments;
+}
+
+Json otherArgumentsOf(const Method &method) {
+  const auto known = kOtherArguments.find(method.function);
+  return known != kOtherArguments.end() ? Json::parse(known->second) : Json();
 }
 
 }  // namespace gateway::testing

@@ -124,7 +124,12 @@ class EveryMethodTest : public GatewayTest {
   }
 
   uint32_t sweep(const Object &object, const Method &method) {
-    const Json arguments = testing::argumentsOf(method);
+    const Json other = testing::otherArgumentsOf(method);
+    return sweep(object, method, testing::argumentsOf(method)) +
+           (other.is_null() ? 0 : sweep(object, method, other));
+  }
+
+  uint32_t sweep(const Object &object, const Method &method, const Json &arguments) {
     return sweepFaults([&] { return call(object, method, arguments); },
                        [&](const testing::SweepRun &run) {
                          if (method.returnsStatus()) expectNamed(method, run.status);
