@@ -111,17 +111,12 @@ int sysinfoForLibrary(struct sysinfo *info) {
   });
 }
 
-struct Replacement {
-  std::string_view symbol;
-  uintptr_t function;
-};
-
 template <class Function>
-Replacement replacement(std::string_view symbol, Function function) {
+ReplacedCall replacement(std::string_view symbol, Function function) {
   return {symbol, reinterpret_cast<uintptr_t>(function)};
 }
 
-const Replacement kReplacements[] = {
+const ReplacedCall kReplacements[] = {
     replacement("fopen", openForLibrary),      replacement("fileno", descriptorForLibrary),
     replacement("fsync", syncForLibrary),      replacement("rename", renameForLibrary),
     replacement("unlink", unlinkForLibrary),   replacement("calloc", allocateForLibrary),
@@ -181,40 +176,51 @@ void writeSlot(ElfW(Addr) slot, uintptr_t function) {
   std::memcpy(reinterpret_cast<void *>(slot), &function, sizeof function);
 }
 
-void redirect(const Imports &imports) {
+void redirect(const Imports &imports, std::span<const ReplacedCall> calls) {
   if (imports.symbols == nullptr || imports.names == nullptr) return;
   for (int table = 0; table < 2; ++table) {
     for (size_t i = 0; i < imports.counts[table]; ++i) {
       const ElfW(Rel) &relocation = imports.relocations[table][i];
       const ElfW(Sym) &symbol = imports.symbols[ELF32_R_SYM(relocation.r_info)];
       const std::string_view name = imports.names + symbol.st_name;
-      for (const Replacement &replacement : kReplacements) {
-        if (name == replacement.symbol) {
-          writeSlot(imports.base + relocation.r_offset, replacement.function);
-        }
+      for (const ReplacedCall &call : calls) {
+        if (name == call.symbol) writeSlot(imports.base + relocation.r_offset, call.function);
       }
     }
   }
 }
 
-int visitLibrary(dl_phdr_info *library, size_t, void *found) {
+struct Visit {
+  std::span<const ReplacedCall> calls;
+  bool found = false;
+};
+
+int visitLibrary(dl_phdr_info *library, size_t, void *given) {
+  auto &visit = *static_cast<Visit *>(given);
   const std::string_view path = library->dlpi_name;
   if (path.find("/libpmapi.so") == std::string_view::npos) return 0;
   for (int i = 0; i < library->dlpi_phnum; ++i) {
     const ElfW(Phdr) &header = library->dlpi_phdr[i];
     if (header.p_type != PT_DYNAMIC) continue;
     redirect(importsOf(*library,
-                       reinterpret_cast<const ElfW(Dyn) *>(library->dlpi_addr + header.p_vaddr)));
-    *static_cast<bool *>(found) = true;
+                       reinterpret_cast<const ElfW(Dyn) *>(library->dlpi_addr + header.p_vaddr)),
+             visit.calls);
+    visit.found = true;
   }
   return 1;
 }
 
 }  // namespace
 
+bool replaceLibraryCalls(std::span<const ReplacedCall> calls) {
+  Visit visit{calls};
+  ::dl_iterate_phdr(visitLibrary, &visit);
+  return visit.found;
+}
+
 bool takeOverLibraryCalls() {
   static bool taken = false;
-  if (!taken) ::dl_iterate_phdr(visitLibrary, &taken);
+  if (!taken) taken = replaceLibraryCalls(kReplacements);
   return taken;
 }
 
