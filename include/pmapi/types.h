@@ -18,7 +18,8 @@
  * - Records that receive answers are to be zero-filled by the caller. Texts in them have at most
  *   their size minus one characters.
  * - Request texts are read as C strings from the start of their field: a text that is not
- *   terminated inside its field runs on into the next one.
+ *   terminated inside its field runs on into the next one. The record's end ends it: what fills the
+ *   last field is as long as that field.
  *
  * An "unterminated copy" into a caller's text writes the characters alone, without a zero. It ends
  * with the value, with the platform's field, or one short of the stated size of the destination,
