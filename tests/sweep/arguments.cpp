@@ -50,10 +50,11 @@ const std::map<std::string, const char *> kArguments = {
 
 /// The same for methods that branch on what they are asked for.
 const std::map<std::string, const char *> kOtherArguments = {
-    {"pm_ubus_nexumd_iptv_set", R"({"enable": 0})"},
+    {"pm_ubus_nexumd_iptv_set", R"({"enable": 0, "vlanId": 0})"},
     {"pm_ubus_nexumd_wifi_timer_add",
      R"({"taskId": 2, "enable": 1, "weekMask": 62, "Action": 1, "timeOffset": 60})"},
-    {"pm_ubus_radio_set", R"({"radio": "2.4G", "transmitPower": "60", "channel": "6"})"},
+    {"pm_ubus_radio_set",
+     R"({"radio": "2.4G", "transmitPower": "60", "channel": "6", "bandwidth": 1})"},
     {"pm_ubus_wifi_wps_set", R"({"radio": "5G"})"},
     {"pm_ubus_set_csi_mac", R"({"operation": 2, "macList": "A1B2C3D4E5F6"})"},
     {"pm_ubus_control_set", R"({"type": 1})"},

@@ -31,6 +31,7 @@ namespace {
 using command::Json;
 using command::Method;
 using command::Object;
+using command::Parameter;
 
 /// No call of the library fails by itself with this: where it comes back, it was handed on.
 constexpr int32_t kHandedOn = -77;
@@ -174,7 +175,7 @@ TEST_F(EveryMethodTest, HandsPathsOverInWholeZeroedFields) {
       if (takesAPath(method)) continue;
       restart();
       emptyLists();
-      call(object, method, argumentsOf(method));
+      call(object, method, testing::argumentsOf(method));
       for (const std::string &complaint : gateway().takeComplaints()) {
         EXPECT_THAT(complaint, ::testing::Not(::testing::HasSubstr("zeroed bytes")))
             << method.function;
