@@ -20,3 +20,15 @@ function(pmapi_check_headers)
   # Not for C++, which lacks the flexible arrays that open tails are.
   target_compile_options(header_check PRIVATE $<$<COMPILE_LANGUAGE:C>:-pedantic>)
 endfunction()
+
+# What the headers declare, as tables for boundary, catalogue and checks: read once in each build.
+function(pmapi_generate_from_headers)
+  file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/platform/*.h ${PROJECT_SOURCE_DIR}/include/pmapi/*.h)
+  set(stamp ${PROJECT_BINARY_DIR}/generated/headers.stamp)
+  add_custom_command(OUTPUT ${stamp}
+    COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/scripts/headers.py ${PROJECT_BINARY_DIR}/generated
+    COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+    DEPENDS ${headers} ${PROJECT_SOURCE_DIR}/scripts/headers.py
+    COMMENT "Reading the headers")
+  add_custom_target(generated_headers DEPENDS ${stamp})
+endfunction()

@@ -11,7 +11,7 @@ function(pmapi_add_process name)
   add_executable(${name} ${ARGN})
   target_compile_options(${name} PRIVATE ${PMAPI_PROGRAM_FLAGS})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE pmapi_headers gateway_records mapd_interface_client pmapi cjson)
+  target_link_libraries(${name} PRIVATE pmapi_headers records mapd_interface_client pmapi cjson)
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
   target_link_options(${name} PRIVATE
     # What only libpmapi.so uses, cJSON and the multi-AP client, is the process's to load.
@@ -25,14 +25,14 @@ endfunction()
 # The process with the virtual gateway inside.
 function(pmapi_add_program name)
   pmapi_add_process(${name} ${ARGN})
-  target_link_libraries(${name} PRIVATE gateway)
+  target_link_libraries(${name} PRIVATE gateway boundary)
 endfunction()
 
 # The process for a device: the command's calls on the platform that these libraries supply.
 function(pmapi_add_probe)
   pmapi_add_process(pmapi_probe
     ${PROJECT_SOURCE_DIR}/tools/probe/cjson_check.cpp ${PROJECT_SOURCE_DIR}/tools/probe/main.cpp)
-  target_link_libraries(pmapi_probe PRIVATE catalogue ${ARGN})
+  target_link_libraries(pmapi_probe PRIVATE catalogue command ${ARGN})
   set_target_properties(pmapi_probe PROPERTIES OUTPUT_NAME pmapi-probe)
 endfunction()
 
@@ -53,4 +53,15 @@ function(pmapi_library_flags name)
     C_VISIBILITY_PRESET hidden
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
+# A folder with all of its sources, for developers' machines. Objects, not an archive: what announces itself at
+# start-up, and every function of a platform, must be in the process, asked for or not.
+function(pmapi_add_room name)
+  pmapi_sources(sources *.cpp objects/*.cpp)
+  add_library(${name} OBJECT ${sources})
+  target_compile_options(${name} PRIVATE ${PMAPI_PROGRAM_FLAGS})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+  target_link_libraries(${name} PUBLIC pmapi_headers)
+  add_dependencies(${name} generated_headers)
 endfunction()

@@ -3,12 +3,9 @@
 #include <cstdio>
 
 #include "frame/status.hpp"
-#include "platform/views/associated_device.hpp"
+#include "platform/wlan.hpp"
 
 namespace pm {
-
-using platform::StationStatisticsRecord;
-using platform::StationStatisticsRequest;
 
 int32_t queryDevice(const LogOrigin &origin, const InstancePath &path, ProxyExchange &reply,
                     DeviceBuffer &device) {
@@ -66,7 +63,7 @@ bool findLanInterface(const char *interfaceName, LanInfoBuffer &lan) {
 }
 
 int32_t findAssociations(const uint8_t mac[6], AssociationTable &found) {
-  ViewBuffer<platform::AssociatedDeviceView> key;
+  ViewBuffer<AssociatedDeviceView> key;
   key.match(key.mac, mac);
   return key.query(&found.list);
 }

@@ -7,25 +7,25 @@
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "platform/attached_devices.h"
-#include "platform/records/device.hpp"
-#include "platform/records/station_statistics.hpp"
-#include "platform/views/lan_info.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/ports.hpp"
 
 namespace pm {
 
-using DeviceBuffer = RecordBuffer<platform::DeviceRecord>;
-using StationStatisticsBuffer = RecordBuffer<platform::StationStatisticsRecord>;
-using LanInfoBuffer = ViewBuffer<platform::LanInfoView>;
+using namespace platform;
+
+using DeviceBuffer = RecordBuffer<DeviceRecord>;
+using StationStatisticsBuffer = RecordBuffer<StationStatisticsRecord>;
+using LanInfoBuffer = ViewBuffer<LanInfoView>;
 
 /// The interface of a device in a text of its own: the platform may fill the field to its end.
 struct InterfaceName {
-  char text[platform::DeviceRecord::interfaceName.width + 1] = {};
+  char text[DeviceRecord::interfaceName.width + 1] = {};
 
   explicit InterfaceName(const uint8_t *deviceRecord) {
-    copyExact(
-        text,
-        reinterpret_cast<const char *>(deviceRecord) + platform::DeviceRecord::interfaceName.offset,
-        platform::DeviceRecord::interfaceName.width);
+    copyExact(text,
+              reinterpret_cast<const char *>(deviceRecord) + DeviceRecord::interfaceName.offset,
+              DeviceRecord::interfaceName.width);
   }
 };
 

@@ -9,11 +9,10 @@
 #include "frame/instance.hpp"
 #include "frame/json_items.hpp"
 #include "frame/record_buffer.hpp"
-#include "platform/views/associated_device.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/helpers.h"
 
-using platform::AssociatedDeviceView;
-using platform::DeviceRecord;
+using namespace platform;
 
 namespace {
 

@@ -8,6 +8,8 @@
 
 namespace pm {
 
+using namespace platform;
+
 /// A path in the 32 zeroed bytes in which platform calls take it.
 struct InstancePath {
   char text[PLATFORM_INSTANCE_SIZE];

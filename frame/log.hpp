@@ -9,6 +9,8 @@
 
 namespace pm {
 
+using namespace platform;
+
 inline constexpr int32_t kFault = LOG_LEVEL_FAULT;
 inline constexpr int32_t kError = LOG_LEVEL_ERROR;
 inline constexpr int32_t kInfo = LOG_LEVEL_INFO;

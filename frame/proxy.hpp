@@ -9,6 +9,8 @@
 
 namespace pm {
 
+using namespace platform;
+
 /// One event and its answer: a status word, then the payload.
 class ProxyExchange {
  public:

@@ -4,7 +4,7 @@ namespace pm {
 
 void putMark(uint8_t *record, uint32_t offset, Mark mark) {
   const auto value = static_cast<uint16_t>(mark);
-  memcpy(record + offset - platform::kMarkDistance, &value, sizeof value);
+  memcpy(record + offset - kMarkDistance, &value, sizeof value);
 }
 
 void putWord(uint8_t *record, uint32_t offset, uint32_t value, Mark mark) {
@@ -21,7 +21,7 @@ void putText(uint8_t *record, uint32_t offset, uint32_t usable, const char *text
   putMark(record, offset, mark);
   const uint32_t length = static_cast<uint32_t>(strnlen(text, usable + 1));
   if (length > usable) {
-    storePlain<int32_t>(record, offset - platform::kValidityDistance, -1);
+    storePlain<int32_t>(record, offset - kValidityDistance, -1);
     return;
   }
   // Padded as strncpy would: a shorter text must not leave the end of an earlier one behind.

@@ -1,6 +1,6 @@
 // The library's hands on platform records: a buffer of one record or view with typed access.
 //
-//   ViewBuffer<platform::GatewayIdentityView> identity;   // zeroed, header written
+//   ViewBuffer<GatewayIdentityView> identity;   // zeroed, header written
 //   identity.set(identity.captureEth, name);              // stores and marks
 //   const int32_t status = identity.write(kGatewayPath);
 //
@@ -13,11 +13,13 @@
 #include "frame/instance.hpp"
 #include "frame/text.hpp"
 #include "platform/config_database.h"
-#include "platform/record.hpp"
+#include "platform/layout.hpp"
 
 #define PM_INLINE __attribute__((always_inline)) inline
 
 namespace pm {
+
+using namespace platform;
 
 enum class Mark : uint16_t { kWrite = 1, kMatch = 2 };
 
@@ -35,7 +37,7 @@ struct FixedWord {
   int16_t value;
 };
 
-consteval FixedWord fixed(platform::Word field, int16_t value) {
+consteval FixedWord fixed(Word field, int16_t value) {
   return {static_cast<uint16_t>(field.offset), value};
 }
 
@@ -45,7 +47,7 @@ struct CarriedWord {
   uint16_t to;
 };
 
-consteval CarriedWord carried(platform::Word from, platform::Word to) {
+consteval CarriedWord carried(Word from, Word to) {
   return {static_cast<uint16_t>(from.offset), static_cast<uint16_t>(to.offset)};
 }
 
@@ -86,73 +88,72 @@ class alignas(8) RecordBuffer : public Layout {
   void clear() { memset(bytes, 0, Layout::kSize); }
 
   template <bool Marked>
-  PM_INLINE uint32_t get(platform::TypedField<platform::FieldKind::kWord, Marked, 4> field) const {
+  PM_INLINE uint32_t get(TypedField<FieldKind::kWord, Marked, 4> field) const {
     return loadAs<uint32_t>(bytes, field.offset);
   }
 
   template <bool Marked>
-  PM_INLINE int32_t
-  getSigned(platform::TypedField<platform::FieldKind::kWord, Marked, 4> field) const {
+  PM_INLINE int32_t getSigned(TypedField<FieldKind::kWord, Marked, 4> field) const {
     return loadAs<int32_t>(bytes, field.offset);
   }
 
   template <bool Marked>
-  PM_INLINE uint8_t get(platform::TypedField<platform::FieldKind::kByte, Marked, 1> field) const {
+  PM_INLINE uint8_t get(TypedField<FieldKind::kByte, Marked, 1> field) const {
     return bytes[field.offset];
   }
 
   template <bool Marked>
-  PM_INLINE uint64_t
-  get(platform::TypedField<platform::FieldKind::kCounter, Marked, 8> field) const {
+  PM_INLINE uint64_t get(TypedField<FieldKind::kCounter, Marked, 8> field) const {
     return loadAs<uint64_t>(bytes, field.offset);
   }
 
   template <bool Marked>
-  PM_INLINE const uint8_t *get(
-      platform::TypedField<platform::FieldKind::kMac, Marked, 6> field) const {
+  PM_INLINE const uint8_t *get(TypedField<FieldKind::kMac, Marked, 6> field) const {
     return bytes + field.offset;
   }
 
   template <bool Marked, uint32_t Width>
-  PM_INLINE const uint8_t *get(
-      platform::TypedField<platform::FieldKind::kBytes, Marked, Width> field) const {
+  PM_INLINE const uint8_t *get(TypedField<FieldKind::kBytes, Marked, Width> field) const {
     return bytes + field.offset;
+  }
+
+  template <class Row, uint32_t Count>
+  PM_INLINE const uint8_t *row(const PlainRows<Row, Count> &rows, uint32_t index) const {
+    return bytes + rows.offset + index * Row::kSize;
   }
 
   /// The field as a C text. The platform may have filled the field to its last byte, which is given
   /// up for the terminator.
   template <bool Marked, uint32_t Width>
-  PM_INLINE const char *text(
-      platform::TypedField<platform::FieldKind::kText, Marked, Width> field) {
+  PM_INLINE const char *text(TypedField<FieldKind::kText, Marked, Width> field) {
     bytes[field.offset + Width - 1] = '\0';
     return reinterpret_cast<const char *>(bytes + field.offset);
   }
 
-  PM_INLINE void set(platform::Word field, uint32_t newValue) {
+  PM_INLINE void set(Word field, uint32_t newValue) {
     putWord(bytes, field.offset, newValue, Mark::kWrite);
   }
 
-  PM_INLINE void set(platform::Word field, int32_t newValue) {
+  PM_INLINE void set(Word field, int32_t newValue) {
     putWord(bytes, field.offset, static_cast<uint32_t>(newValue), Mark::kWrite);
   }
 
-  PM_INLINE void set(platform::Byte field, uint8_t newValue) {
+  PM_INLINE void set(Byte field, uint8_t newValue) {
     bytes[field.offset] = newValue;
     putMark(bytes, field.offset, Mark::kWrite);
   }
 
-  PM_INLINE void set(platform::Mac field, const uint8_t *newMac) {
+  PM_INLINE void set(Mac field, const uint8_t *newMac) {
     putMac(bytes, field.offset, newMac, Mark::kWrite);
   }
 
-  PM_INLINE void set(platform::Pointer field, const void *newPointer) {
+  PM_INLINE void set(Pointer field, const void *newPointer) {
     putWord(bytes, field.offset, static_cast<uint32_t>(reinterpret_cast<uintptr_t>(newPointer)),
             Mark::kWrite);
   }
 
   template <uint32_t Width>
-  PM_INLINE void set(platform::TypedField<platform::FieldKind::kText, true, Width> field,
-                     const char *newText) {
+  PM_INLINE void set(TypedField<FieldKind::kText, true, Width> field, const char *newText) {
     putText(bytes, field.offset, Width - 4, newText, Mark::kWrite);
   }
 
@@ -166,30 +167,27 @@ class alignas(8) RecordBuffer : public Layout {
     carryWords(bytes, source, words, Count);
   }
 
-  PM_INLINE void put(platform::PlainWord field, uint32_t newValue) {
+  PM_INLINE void put(PlainWord field, uint32_t newValue) {
     storePlain(bytes, field.offset, newValue);
   }
 
-  PM_INLINE void put(platform::PlainByte field, uint8_t newValue) {
-    bytes[field.offset] = newValue;
-  }
+  PM_INLINE void put(PlainByte field, uint8_t newValue) { bytes[field.offset] = newValue; }
 
-  PM_INLINE void put(platform::PlainMac field, const uint8_t *newMac) {
+  PM_INLINE void put(PlainMac field, const uint8_t *newMac) {
     memcpy(bytes + field.offset, newMac, 6);
   }
 
-  PM_INLINE void put(platform::PlainPointer field, const void *newPointer) {
+  PM_INLINE void put(PlainPointer field, const void *newPointer) {
     storePlain(bytes, field.offset, newPointer);
   }
 
   template <uint32_t Width>
-  PM_INLINE void put(platform::PlainBytes<Width> field, const uint8_t *newBytes) {
+  PM_INLINE void put(PlainBytes<Width> field, const uint8_t *newBytes) {
     memcpy(bytes + field.offset, newBytes, Width);
   }
 
   template <uint32_t Width>
-  PM_INLINE void put(platform::TypedField<platform::FieldKind::kText, false, Width> field,
-                     const char *newText) {
+  PM_INLINE void put(TypedField<FieldKind::kText, false, Width> field, const char *newText) {
     copyText(reinterpret_cast<char *>(bytes + field.offset), Width, newText);
   }
 };
@@ -216,17 +214,16 @@ class ViewBuffer : public RecordBuffer<Layout> {
   }
   int32_t query(InstanceList *found) { return vcorDbQryView(Layout::kId, bytes, found); }
 
-  PM_INLINE void match(platform::Word field, uint32_t wanted) {
+  PM_INLINE void match(Word field, uint32_t wanted) {
     putWord(bytes, field.offset, wanted, Mark::kMatch);
   }
 
-  PM_INLINE void match(platform::Mac field, const uint8_t *wantedMac) {
+  PM_INLINE void match(Mac field, const uint8_t *wantedMac) {
     putMac(bytes, field.offset, wantedMac, Mark::kMatch);
   }
 
   template <uint32_t Width>
-  PM_INLINE void match(platform::TypedField<platform::FieldKind::kText, true, Width> field,
-                       const char *wanted) {
+  PM_INLINE void match(TypedField<FieldKind::kText, true, Width> field, const char *wanted) {
     putText(bytes, field.offset, Width - 4, wanted, Mark::kMatch);
   }
 };

@@ -9,6 +9,8 @@
 
 namespace pm {
 
+using namespace platform;
+
 inline constexpr int32_t kOk = PM_STATUS_OK;
 inline constexpr int32_t kFailure = PM_STATUS_FAILED;
 inline constexpr int32_t kNullRecord = PM_STATUS_NULL_RECORD;

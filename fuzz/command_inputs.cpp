@@ -15,7 +15,7 @@
 #include "gateway/gateway.hpp"
 #include "gateway/profile.hpp"
 #include "tools/command/output.hpp"
-#include "tools/command/session.hpp"
+#include "tools/session/session.hpp"
 #include "tools/command/transcript.hpp"
 
 namespace {
@@ -37,7 +37,7 @@ class Sandbox : public command::Session {
   }
 
   void load(const std::string & /*profile*/) override {
-    throw command::UsageError("gateway", "not here");
+    throw records::InputError("gateway", "not here");
   }
 
   void startOver() { Gateway::current().load(profile_); }
@@ -50,7 +50,7 @@ class Sandbox : public command::Session {
     return options;
   }
 
-  command::Json profile_;
+  records::Json profile_;
 };
 
 std::string takeUpTo(char end, std::string_view &input) {
@@ -63,7 +63,7 @@ std::string takeUpTo(char end, std::string_view &input) {
 void callOnce(Sandbox &sandbox, std::string_view input) {
   const std::string object = takeUpTo(' ', input);
   const std::string method = takeUpTo('\n', input);
-  const command::Answer answer = sandbox.call(object, method, gateway::parseJson(input, "JSON"));
+  const catalogue::Answer answer = sandbox.call(object, method, records::parseJson(input, "JSON"));
   command::printAnswer(answer.shown, input.size() % 2 == 0);
 }
 
@@ -93,9 +93,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const bool isScenario = input.starts_with('{') || input.starts_with('#');
   try {
     isScenario ? play(*sandbox, input) : callOnce(*sandbox, input);
-  } catch (const command::UsageError &error) {
+  } catch (const records::InputError &error) {
     requireReason(error);
-  } catch (const gateway::ProfileError &error) {
+  } catch (const records::InputError &error) {
     requireReason(error);
   }
   const gateway::Json saved = sandbox->gatewayState();

@@ -9,8 +9,10 @@
 #include <string>
 
 #include "gateway/gateway.hpp"
-#include "platform/records/wlan_csi.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/wifi_csi.h"
+
+using namespace platform;
 
 namespace {
 
@@ -36,7 +38,7 @@ class Request {
 
 size_t piecesHandedOn(const std::string &list) {
   size_t pieces = 0;
-  for (const gateway::Call &call : gateway::Gateway::current().boundary().calls()) {
+  for (const boundary::Call &call : gateway::Gateway::current().boundary().calls()) {
     const bool handsOn = call.name == "pm_wlan_add_csi_mac" || call.name == "pm_wlan_del_csi_mac";
     if (!handsOn) continue;
     const std::string piece = list.substr(pieces * kStep, kStep - 1);

@@ -24,16 +24,16 @@
 #include "pmapi/meshtopology.h"
 #include "pmapi/uplinkinfo.h"
 #include "tests/sweep/arguments.hpp"
-#include "tools/catalogue/answer.hpp"
-#include "tools/catalogue/catalogue.hpp"
+#include "catalogue/answer.hpp"
+#include "catalogue/catalogue.hpp"
 
 namespace {
 
-using command::Field;
-using command::Json;
-using command::Method;
-using command::Object;
-using command::Shape;
+using records::Member;
+using records::Json;
+using catalogue::Method;
+using catalogue::Object;
+using records::Shape;
 
 /// The input, from its front; zeros behind its end.
 class Input {
@@ -318,12 +318,12 @@ std::vector<gateway::ReplacedCall> hostileCalls(std::index_sequence<Index...>) {
 void spoil(const Shape &shape, void *record) {
   const uint8_t kind = input.byte();
   if (kind < 0x80) return;
-  for (const Field &field : shape.fields) {
+  for (const Field &field : shape.members) {
     void *place = static_cast<uint8_t *>(record) + field.offset;
     const size_t size = size_t{field.size} * field.elements;
     if (kind >= 0xc0) {
       input.fill(place, size);
-    } else if (field.kind == command::Kind::kText) {
+    } else if (field.kind == records::Kind::kText) {
       std::memset(place, '1', size);
     }
   }
@@ -351,13 +351,13 @@ void callOne(const Object &object, const Method &method) {
   if (callsTopology(method)) return;
   Json arguments = gateway::testing::argumentsOf(method);
   spoilNumbers(arguments);
-  command::Answer given;
-  command::Secrets secrets;
-  command::Call call(object.name + " " + method.name, arguments, given, secrets);
+  catalogue::Answer given;
+  records::Secrets secrets;
+  catalogue::Call call(object.name + " " + method.name, arguments, given, secrets);
   call.onRecord = spoil;
   try {
     method.invoke(call);
-  } catch (const command::UsageError &) {
+  } catch (const records::InputError &) {
     // A number that its parameter cannot hold never reaches the library.
   }
 }
@@ -390,7 +390,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   static const auto methods = [] {
     std::vector<std::pair<const Object *, const Method *>> all;
-    for (const Object &object : command::catalogue()) {
+    for (const Object &object : catalogue::catalogue()) {
       for (const Method &method : object.methods) all.emplace_back(&object, &method);
     }
     return all;

@@ -12,13 +12,13 @@
 #include <vector>
 
 #include "gateway/gateway.hpp"
-#include "platform/records/firewall_base.hpp"
-#include "platform/views/mac_filter.hpp"
+#include "platform/firewall.hpp"
 #include "pmapi/macfilter.h"
+
+using namespace platform;
 
 namespace {
 
-using platform::MacFilterView;
 using Entries = std::vector<std::pair<std::string, std::string>>;
 
 constexpr size_t kLongestList = 2047;

@@ -10,7 +10,7 @@
 
 using gateway::Gateway;
 using gateway::Json;
-using gateway::ProfileError;
+using records::InputError;
 
 namespace {
 
@@ -23,7 +23,7 @@ void require(bool held, const char *what) {
 bool isLoaded(std::string_view text) {
   try {
     Gateway::current().load(gateway::parseProfile(text, ""));
-  } catch (const ProfileError &error) {
+  } catch (const InputError &error) {
     require(*error.what() != '\0', "a refusal says why");
     return false;
   }

@@ -4,26 +4,20 @@
 #include <charconv>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
 #include "gateway/proxy.hpp"
 #include "gateway/stations.hpp"
 #include "gateway/wlan.hpp"
 #include "platform/proxy.h"
-#include "platform/records/radio_info.hpp"
-#include "platform/records/wlan_hosts.hpp"
-#include "platform/views/associated_device.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::AssociatedDeviceView;
-using platform::RadioInfoRecord;
-using platform::RadioInfoRequest;
-using platform::WlanHostEntry;
 
 [[maybe_unused]] const BlockList &registered = blockList();
 
@@ -90,7 +84,7 @@ void BlockList::load(const Json &value, const std::string &place) {
   members.each("stations", [&](const Json &element, const std::string &elementPlace) {
     const std::optional<MacAddress> mac =
         element.is_string() ? parseMac(element.get<std::string>()) : std::nullopt;
-    if (!mac) throw ProfileError(elementPlace, "must be a MAC address");
+    if (!mac) throw InputError(elementPlace, "must be a MAC address");
     stations.push_back(*mac);
   });
   members.finish();
@@ -106,65 +100,53 @@ Json BlockList::save() const {
 }  // namespace gateway
 
 using namespace gateway;
-using platform::AssociatedDeviceView;
 
-int32_t pm_wlan_list_ad(const char *instance, InstanceList *list) {
-  return boundary::status("pm_wlan_list_ad", boundary::text(instance), [&](Gateway &gateway) {
-    const Row row = associationAt(gateway.store(), instance);
-    fill(list, associationsOf(gateway.store(), row.text(AssociatedDeviceView::ssidInstance)));
+int32_t gateway::pm_wlan_list_ad(const char *instance, InstanceList *list) {
+  Gateway &gateway = Gateway::current();
+  const Row row = associationAt(gateway.store(), instance);
+  fill(list, associationsOf(gateway.store(), row.text(AssociatedDeviceView::ssidInstance)));
+  return kOk;
+}
+
+int32_t gateway::pm_wlan_get_ad(const char *name, AssociatedDeviceView *view) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = name;
+  return gateway.store().get(layoutOf<AssociatedDeviceView>(), path, view);
+}
+
+int32_t gateway::pm_wlan_add_blklist(const char *name, AssociatedDeviceView *view) {
+  Gateway &gateway = Gateway::current();
+  const Row row = associationAt(gateway.store(), name);
+  const MacAddress mac = row.mac(AssociatedDeviceView::mac);
+  if (fieldsOf<AssociatedDeviceView>(view).mac(AssociatedDeviceView::mac) != mac) {
+    throw Refusal(kBadRequest, "the record is another station's");
+  }
+  if (blockList().holds(mac)) return kNothingChanged;
+  blockList().stations.push_back(mac);
+  return kOk;
+}
+
+int32_t gateway::pm_wlan_del_ad(const char *name) {
+  Gateway &gateway = Gateway::current();
+  const Row row = associationAt(gateway.store(), name);
+  Station *station = stations().byMac(row.mac(AssociatedDeviceView::mac));
+  if (station != nullptr) {
+    stations().leave(gateway, *station);
     return kOk;
-  });
+  }
+  return static_cast<Status>(gateway.store().remove(layoutOf<AssociatedDeviceView>(), name));
 }
 
-int32_t pm_wlan_get_ad(const char *name, void *view1664) {
-  return boundary::status("pm_wlan_get_ad", boundary::text(name), [&](Gateway &gateway) {
-    const std::string path = pathFrom(name);
-    if (view1664 == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    return gateway.store().get(layoutOf<AssociatedDeviceView>(), path, view1664);
-  });
-}
-
-int32_t pm_wlan_add_blklist(const char *name, void *view1664) {
-  return boundary::status("pm_wlan_add_blklist", boundary::text(name), [&](Gateway &gateway) {
-    const Row row = associationAt(gateway.store(), name);
-    const MacAddress mac = row.mac(AssociatedDeviceView::mac);
-    if (view1664 == nullptr) throw Refusal(kNullArgument, "no association");
-    if (fieldsOf<AssociatedDeviceView>(view1664).mac(AssociatedDeviceView::mac) != mac) {
-      throw Refusal(kBadRequest, "the record is another station's");
-    }
-    if (blockList().holds(mac)) return kNothingChanged;
-    blockList().stations.push_back(mac);
-    return kOk;
-  });
-}
-
-int32_t pm_wlan_del_ad(const char *name) {
-  return boundary::status("pm_wlan_del_ad", boundary::text(name), [&](Gateway &gateway) {
-    const Row row = associationAt(gateway.store(), name);
-    Station *station = stations().byMac(row.mac(AssociatedDeviceView::mac));
-    if (station != nullptr) {
-      stations().leave(gateway, *station);
-      return kOk;
-    }
-    return static_cast<Status>(
-        gateway.store().remove(layoutOf<AssociatedDeviceView>(), pathFrom(name)));
-  });
-}
-
-int32_t ctSgw_wlanGetHostInfo(WlanHostTable *table) {
-  using platform::WlanHostEntry;
-  return boundary::status("ctSgw_wlanGetHostInfo", "", [&](Gateway &gateway) {
-    if (table == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    const Store &store = gateway.store();
-    uint32_t count = 0;
-    for (const std::string &path : store.paths(layoutOf<AssociatedDeviceView>())) {
-      if (count == WlanHostTable::kMaxEntries) break;
-      uint8_t *entry = table->bytes + WlanHostTable::entries.offset + count * WlanHostEntry::kSize;
-      writeHost(store.row<AssociatedDeviceView>(path), entry);
-      ++count;
-    }
-    fieldsOf<WlanHostTable>(table).setWord(WlanHostTable::count,
-                                           gateway.boundary().countToReport(count));
-    return kOk;
-  });
+int32_t gateway::ctSgw_wlanGetHostInfo(WlanHostTable *table) {
+  Gateway &gateway = Gateway::current();
+  const Store &store = gateway.store();
+  uint32_t count = 0;
+  for (const std::string &path : store.paths(layoutOf<AssociatedDeviceView>())) {
+    if (count == WlanHostTable::Entries::kCount) break;
+    uint8_t *entry = table->bytes + WlanHostTable::entries.offset + count * WlanHostEntry::kSize;
+    writeHost(store.row<AssociatedDeviceView>(path), entry);
+    ++count;
+  }
+  fieldsOf<WlanHostTable>(table).setWord(WlanHostTable::count, count);
+  return kOk;
 }

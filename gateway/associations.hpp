@@ -3,10 +3,12 @@
 
 #include <vector>
 
-#include "gateway/addresses.hpp"
 #include "gateway/section.hpp"
+#include "records/addresses.hpp"
 
 namespace gateway {
+
+using namespace records;
 
 class BlockList : public Section {
  public:

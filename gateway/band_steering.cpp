@@ -1,10 +1,10 @@
 // Roaming and band steering: one record for both.
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
-#include "platform/records/wlan_band_steering.hpp"
-#include "platform/records/wlan_config.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 
 using namespace gateway;
 
@@ -24,27 +24,24 @@ Row ssidAt(Store &store, const char *instance) {
 
 }  // namespace
 
-int32_t pm_wlan_get_wifibandsteering(WlanBandSteeringRecord *record) {
-  return boundary::status("pm_wlan_get_wifibandsteering", "", [&](Gateway &gateway) {
-    needs(record);
-    return gateway.store().get(layoutOf<WlanBandSteeringRecord>(), kInstance, record);
-  });
+int32_t gateway::pm_wlan_get_wifibandsteering(WlanBandSteeringRecord *record) {
+  Gateway &gateway = Gateway::current();
+  needs(record);
+  return gateway.store().get(layoutOf<WlanBandSteeringRecord>(), kInstance, record);
 }
 
-int32_t pm_wlan_set_wifibandsteering(WlanBandSteeringRecord *record) {
-  return boundary::status("pm_wlan_set_wifibandsteering", "", [&](Gateway &gateway) {
-    needs(record);
-    return gateway.store().set(layoutOf<WlanBandSteeringRecord>(), kInstance, record,
-                               Unchanged::kReported);
-  });
+int32_t gateway::pm_wlan_set_wifibandsteering(WlanBandSteeringRecord *record) {
+  Gateway &gateway = Gateway::current();
+  needs(record);
+  return gateway.store().set(layoutOf<WlanBandSteeringRecord>(), kInstance, record,
+                             Unchanged::kReported);
 }
 
-int32_t pm_wlan_set_same_ssid_2G(const char *instance24G, const char *instance5G) {
+int32_t gateway::pm_wlan_set_same_ssid_2G(const char *instance24G, const char *instance5G) {
+  Gateway &gateway = Gateway::current();
   const std::string key = boundary::text(instance24G) + " " + boundary::text(instance5G);
-  return boundary::status("pm_wlan_set_same_ssid_2G", key, [&](Gateway &gateway) {
-    const Row from = ssidAt(gateway.store(), instance24G);
-    const Row to = ssidAt(gateway.store(), instance5G);
-    to.setText(WlanConfigRecord::ssid, from.text(WlanConfigRecord::ssid));
-    return kOk;
-  });
+  const Row from = ssidAt(gateway.store(), instance24G);
+  const Row to = ssidAt(gateway.store(), instance5G);
+  to.setText(WlanConfigRecord::ssid, from.text(WlanConfigRecord::ssid));
+  return kOk;
 }

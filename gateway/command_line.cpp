@@ -1,8 +1,10 @@
 #include "gateway/command_line.hpp"
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 
 namespace gateway {
+
+using namespace boundary;
 
 namespace {
 

@@ -4,7 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/instances.hpp"
@@ -37,80 +38,70 @@ void checkCleared(const Layout &layout, const void *view) {
   if (!cleared) throw Refusal(kBadRequest, "the view buffer was not cleared");
 }
 
-std::string key(uint32_t viewId, const char *instance) {
-  return viewName(viewId) + " " + boundary::text(instance);
-}
-
 }  // namespace
 
-int32_t vcorDbGetView(uint32_t viewId, const char *instance, void *view) {
-  return boundary::status("vcorDbGetView", key(viewId, instance), [&](Gateway &gateway) {
-    const Layout &layout = layoutOfView(viewId);
-    const std::string path = pathFrom(instance);
-    checkHeader(layout, view);
-    checkCleared(layout, view);
-    const int32_t status = gateway.store().get(layout, path, view);
-    if (habits().spoilsHeaders) std::memset(view, 0xFF, layout.headerSize());
-    return status;
-  });
+int32_t gateway::vcorDbGetView(uint32_t viewId, const char *instance, void *view) {
+  Gateway &gateway = Gateway::current();
+  const Layout &layout = layoutOfView(viewId);
+  const std::string path = instance;
+  checkHeader(layout, view);
+  checkCleared(layout, view);
+  const int32_t status = gateway.store().get(layout, path, view);
+  if (habits().spoilsHeaders) std::memset(view, 0xFF, layout.headerSize());
+  return status;
 }
 
-int32_t vcorDbSetView(uint32_t viewId, const char *instance, void *view) {
-  return boundary::status("vcorDbSetView", key(viewId, instance), [&](Gateway &gateway) {
-    const Layout &layout = layoutOfView(viewId);
-    const std::string path = pathFrom(instance);
-    checkHeader(layout, view);
-    return gateway.store().set(layout, path, view);
-  });
+int32_t gateway::vcorDbSetView(uint32_t viewId, const char *instance, void *view) {
+  Gateway &gateway = Gateway::current();
+  const Layout &layout = layoutOfView(viewId);
+  const std::string path = instance;
+  checkHeader(layout, view);
+  return gateway.store().set(layout, path, view);
 }
 
-int32_t vcorDbQryView(uint32_t viewId, void *keyView, InstanceList *list) {
-  return boundary::status("vcorDbQryView", viewName(viewId), [&](Gateway &gateway) {
-    const Layout &layout = layoutOfView(viewId);
-    checkHeader(layout, keyView);
-    std::vector<std::string> found;
-    const int32_t status = gateway.store().query(layout, keyView, &found);
-    if (status == kOk) fill(list, found);
-    return status;
-  });
+int32_t gateway::vcorDbQryView(uint32_t viewId, void *keyView, InstanceList *list) {
+  Gateway &gateway = Gateway::current();
+  const Layout &layout = layoutOfView(viewId);
+  checkHeader(layout, keyView);
+  std::vector<std::string> found;
+  const int32_t status = gateway.store().query(layout, keyView, &found);
+  if (status == kOk) fill(list, found);
+  return status;
 }
 
-int32_t vcorDbLstView(uint32_t viewId, const char *parent, InstanceList *list, uint32_t capacity) {
-  return boundary::status("vcorDbLstView", key(viewId, parent), [&](Gateway &gateway) {
-    const Layout &layout = layoutOfView(viewId);
-    const std::string path = pathFrom(parent);
-    if (list != nullptr && list->capacity != capacity) {
-      throw Refusal(kBadRequest, "two capacities, " + std::to_string(list->capacity) + " and " +
-                                     std::to_string(capacity));
-    }
-    fill(list, gateway.store().list(layout, path));
-    return kOk;
-  });
+int32_t gateway::vcorDbLstView(uint32_t viewId, const char *parent, InstanceList *list,
+                               uint32_t capacity) {
+  Gateway &gateway = Gateway::current();
+  const Layout &layout = layoutOfView(viewId);
+  const std::string path = parent;
+  if (list != nullptr && list->capacity != capacity) {
+    throw Refusal(kBadRequest, "two capacities, " + std::to_string(list->capacity) + " and " +
+                                   std::to_string(capacity));
+  }
+  fill(list, gateway.store().list(layout, path));
+  return kOk;
 }
 
-int32_t vcorDbAddView(uint32_t viewId, const char *parent, char identity[PLATFORM_INSTANCE_SIZE]) {
-  return boundary::status("vcorDbAddView", key(viewId, parent), [&](Gateway &gateway) {
-    const Layout &layout = layoutOfView(viewId);
-    const std::string path = pathFrom(parent);
-    if (identity == nullptr) throw Refusal(kNullArgument, "nowhere to write the instance");
-    std::string made;
-    const int32_t status = gateway.store().add(layout, path, &made);
-    if (status == kOk) writePath(made, identity);
-    return status;
-  });
+int32_t gateway::vcorDbAddView(uint32_t viewId, const char *parent, char identity[32]) {
+  Gateway &gateway = Gateway::current();
+  const Layout &layout = layoutOfView(viewId);
+  const std::string path = parent;
+  std::string made;
+  const int32_t status = gateway.store().add(layout, path, &made);
+  if (status == kOk) writePath(made, identity);
+  return status;
 }
 
-int32_t vcorDbDelView(uint32_t viewId, const char *instance) {
-  return boundary::status("vcorDbDelView", key(viewId, instance), [&](Gateway &gateway) {
-    const Layout &layout = layoutOfView(viewId);
-    return gateway.store().remove(layout, pathFrom(instance));
-  });
+int32_t gateway::vcorDbDelView(uint32_t viewId, const char *instance) {
+  Gateway &gateway = Gateway::current();
+  const Layout &layout = layoutOfView(viewId);
+  return gateway.store().remove(layout, instance);
 }
 
-int32_t vcorDbSave(void) {
-  return boundary::status("vcorDbSave", "", [](Gateway &) { return kOk; });
+int32_t gateway::vcorDbSave() {
+  return kOk;
 }
 
-int32_t vcorDbSaveDbus(void) {
-  return boundary::status("vcorDbSaveDbus", "", [](Gateway &) { return kOk; });
+int32_t gateway::vcorDbSaveDbus() {
+  return kOk;
 }

@@ -3,24 +3,20 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
 #include "gateway/manager.hpp"
 #include "gateway/proxy.hpp"
 #include "platform/device.h"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
 #include "platform/proxy.h"
-#include "platform/records/cpu_info.hpp"
-#include "platform/records/log_config.hpp"
-#include "platform/views/firewall_base.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::CpuInfoRecord;
-using platform::FirewallBaseView;
-using platform::LogConfigRecord;
 
 [[maybe_unused]] const Device &registered = device();
 
@@ -28,14 +24,8 @@ constexpr const char *kFirewall = "IGD.FWBASE";
 constexpr const char *kSkipCounter = "/proc/ffe/hff_skip_num";
 
 uint32_t wordOf(const Json &value, const std::string &place) {
-  if (!value.is_number_unsigned()) throw ProfileError(place, "must be a number from 0 on");
+  if (!value.is_number_unsigned()) throw InputError(place, "must be a number from 0 on");
   return value.get<uint32_t>();
-}
-
-std::string wordsKey(std::initializer_list<uint32_t> words) {
-  std::string key;
-  for (const uint32_t word : words) key += (key.empty() ? "" : " ") + std::to_string(word);
-  return key;
 }
 
 uint32_t onlyWord(std::span<const uint8_t> request) {
@@ -117,7 +107,7 @@ void Device::load(const Json &value, const std::string &place) {
     one.word("number", &number);
     one.word("state", &state);
     one.finish();
-    if (number >= kLeds) throw ProfileError(one.placeOf("number"), "there are 16 LEDs, from 0 on");
+    if (number >= kLeds) throw InputError(one.placeOf("number"), "there are 16 LEDs, from 0 on");
     leds[number] = state;
   });
   members.word("hwnatCleanings", &hwnatCleanings);
@@ -140,62 +130,43 @@ Json Device::save() const {
 }  // namespace gateway
 
 using namespace gateway;
-using platform::CpuInfoRecord;
-using platform::LogConfigRecord;
 
-int32_t pm_dev_restart(uint32_t reason) {
-  return boundary::status("pm_dev_restart", std::to_string(reason), [&](Gateway &gateway) {
-    device().restarts.push_back(reason);
-    gateway.clock().set(0, gateway.clock().time());
-    return kOk;
-  });
+int32_t gateway::pm_dev_restart(uint32_t reason) {
+  Gateway &gateway = Gateway::current();
+  device().restarts.push_back(reason);
+  gateway.clock().set(0, gateway.clock().time());
+  return kOk;
 }
 
-int32_t pm_dev_restore_special(uint32_t kind, uint32_t a, uint32_t b, uint32_t c) {
-  return boundary::status("pm_dev_restore_special", std::to_string(kind), [&](Gateway &) {
-    device().restores.push_back({kind, a, b, c});
-    return kOk;
-  });
+int32_t gateway::pm_dev_restore_special(uint32_t kind, uint32_t a, uint32_t b, uint32_t c) {
+  device().restores.push_back({kind, a, b, c});
+  return kOk;
 }
 
-int32_t pm_pdt_ctl_leds(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
-  return boundary::status("pm_pdt_ctl_leds", wordsKey({a, b, c, d}), [&](Gateway &) -> int32_t {
-    if (a >= Device::kLeds) return kUnknownInstance;
-    device().leds[a] = b;
-    return kOk;
-  });
+int32_t gateway::pm_pdt_ctl_leds(uint32_t a, uint32_t b, uint32_t, uint32_t) {
+  if (a >= Device::kLeds) return kUnknownInstance;
+  device().leds[a] = b;
+  return kOk;
 }
 
-int32_t pm_pdt_get_leds_status(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
-  return boundary::status(
-      "pm_pdt_get_leds_status", wordsKey({a, b, c, d}), [&](Gateway &) -> int32_t {
-        if (a >= Device::kLeds) return kUnknownInstance;
-        const auto led = device().leds.find(a);
-        return led == device().leds.end() ? 0 : static_cast<int32_t>(led->second);
-      });
+int32_t gateway::pm_pdt_get_leds_status(uint32_t a, uint32_t, uint32_t, uint32_t) {
+  if (a >= Device::kLeds) return kUnknownInstance;
+  const auto led = device().leds.find(a);
+  return led == device().leds.end() ? 0 : static_cast<int32_t>(led->second);
 }
 
-int32_t pm_log_get_config(void *record160) {
-  return boundary::status("pm_log_get_config", "IGD", [&](Gateway &gateway) {
-    if (record160 == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    return gateway.store().get(layoutOf<LogConfigRecord>(), "IGD", record160);
-  });
+int32_t gateway::pm_log_get_config(LogConfigRecord *record) {
+  Gateway &gateway = Gateway::current();
+  return gateway.store().get(layoutOf<LogConfigRecord>(), "IGD", record);
 }
 
-int32_t pm_log_set_config(void *record160) {
-  return boundary::status("pm_log_set_config", "IGD", [&](Gateway &gateway) {
-    if (record160 == nullptr) throw Refusal(kNullArgument, "no record");
-    return gateway.store().set(layoutOf<LogConfigRecord>(), "IGD", record160, Unchanged::kReported);
-  });
+int32_t gateway::pm_log_set_config(LogConfigRecord *record) {
+  Gateway &gateway = Gateway::current();
+  return gateway.store().set(layoutOf<LogConfigRecord>(), "IGD", record, Unchanged::kReported);
 }
 
-int32_t pm_srm_get_update_cpu_info(const char *instance, void *record28) {
-  return boundary::status("pm_srm_get_update_cpu_info", boundary::text(instance),
-                          [&](Gateway &gateway) {
-                            const std::string path = pathFrom(instance);
-                            if (record28 == nullptr) {
-                              throw Refusal(kNullArgument, "nowhere to write");
-                            }
-                            return gateway.store().get(layoutOf<CpuInfoRecord>(), path, record28);
-                          });
+int32_t gateway::pm_srm_get_update_cpu_info(const char *instance, CpuInfoRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  return gateway.store().get(layoutOf<CpuInfoRecord>(), path, record);
 }

@@ -13,7 +13,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/temporary_root.hpp"
 #include "gateway/text_file.hpp"
@@ -91,8 +91,8 @@ int seekCookie(void *opaque, off64_t *offset, int whence) {
 int closeCookie(void *opaque) {
   auto *cookie = static_cast<Cookie *>(opaque);
   Gateway::current().files().closed(cookie->stream);
-  const int32_t result = boundary::status("fclose", cookie->path,
-                                          [&](Gateway &) { return ::close(cookie->descriptor); });
+  const int32_t result =
+      boundary::status("fclose", cookie->path, [&] { return ::close(cookie->descriptor); });
   if (result != 0) {
     ::close(cookie->descriptor);
     errno = ENOSPC;
@@ -104,7 +104,7 @@ int closeCookie(void *opaque) {
 void makeDirectories(const fs::path &path) {
   std::error_code failed;
   fs::create_directories(path, failed);
-  if (failed) throw ProfileError(path, "cannot be made: " + failed.message());
+  if (failed) throw InputError(path, "cannot be made: " + failed.message());
 }
 
 /// False when there is nothing of that name. To open a FIFO or a device could take for ever.
@@ -112,8 +112,8 @@ bool refuseOtherThanFile(const fs::path &path) {
   std::error_code failed;
   const fs::file_status status = fs::status(path, failed);
   if (status.type() == fs::file_type::not_found) return false;
-  if (!fs::status_known(status)) throw ProfileError(path, "cannot be read: " + failed.message());
-  if (!fs::is_regular_file(status)) throw ProfileError(path, "no regular file");
+  if (!fs::status_known(status)) throw InputError(path, "cannot be read: " + failed.message());
+  if (!fs::is_regular_file(status)) throw InputError(path, "no regular file");
   return true;
 }
 
@@ -135,7 +135,7 @@ void Files::makeRoot() {
   if (root_.empty()) {
     std::string name = (fs::temp_directory_path() / "pmapi-gateway-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) {
-      throw ProfileError(name, std::string("cannot be made: ") + std::strerror(errno));
+      throw InputError(name, std::string("cannot be made: ") + std::strerror(errno));
     }
     root_ = name;
     temporary_ = true;
@@ -185,7 +185,7 @@ void Files::write(const std::string &path, const std::string &content) {
   std::ofstream file(real, std::ios::binary);
   file << content;
   if (!file.flush())
-    throw ProfileError(real, std::string("cannot be written: ") + std::strerror(errno));
+    throw InputError(real, std::string("cannot be written: ") + std::strerror(errno));
 }
 
 std::optional<std::string> Files::read(const std::string &path) {
@@ -210,7 +210,7 @@ std::vector<std::string> Files::list() {
       if (!entry->is_regular_file(gone)) continue;
       paths.push_back("/" + entry->path().lexically_relative(root()).string());
     }
-    if (failed) throw ProfileError(top, "cannot be listed: " + failed.message());
+    if (failed) throw InputError(top, "cannot be listed: " + failed.message());
   }
   std::sort(paths.begin(), paths.end());
   return paths;

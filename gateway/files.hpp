@@ -27,7 +27,7 @@ class Files {
   /// Where a path of the gateway lies on this machine; std::invalid_argument for one anywhere else.
   std::string map(const std::string &path);
 
-  // The gateway's own files. ProfileError for what cannot be written or read.
+  // The gateway's own files. InputError for what cannot be written or read.
   void write(const std::string &path, const std::string &content);
   /// Nothing when there is no such file.
   std::optional<std::string> read(const std::string &path);

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "gateway/addresses.hpp"
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 #include "gateway/command_line.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/host.hpp"
+#include "records/addresses.hpp"
 
 namespace gateway {
 

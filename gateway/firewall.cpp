@@ -1,16 +1,13 @@
 // The firewall's switches and its table of filtered devices.
 #include "platform/firewall.h"
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
-#include "platform/records/firewall_base.hpp"
-#include "platform/views/mac_filter.hpp"
+#include "platform/firewall.hpp"
 
 using namespace gateway;
-using platform::FirewallBaseRecord;
-using platform::MacFilterEntryRecord;
-using platform::MacFilterView;
 
 namespace {
 
@@ -26,7 +23,7 @@ void checkSwitches(const Row &base) {
 }
 
 void checkEntry(const Row &entry) {
-  for (const platform::Field &field : MacFilterEntryRecord::fields) {
+  for (const Field &field : entry.layout().fields) {
     if (field.offset == MacFilterEntryRecord::name.offset) continue;
     if (entry.mark(field) != 1) {
       throw Refusal(kInvalidField, std::string("the entry has no ") + field.name);
@@ -61,47 +58,41 @@ int32_t addEntry(Store &store, const Row &entry, char *identity) {
 
 }  // namespace
 
-int32_t pm_fw_get_base(const char *instance, void *record640) {
-  return boundary::status("pm_fw_get_base", boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = pathFrom(instance);
-    needs(record640, "nowhere to write");
-    return gateway.store().get(layoutOf<FirewallBaseRecord>(), path, record640);
-  });
+int32_t gateway::pm_fw_get_base(const char *instance, FirewallBaseRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  needs(record, "nowhere to write");
+  return gateway.store().get(layoutOf<FirewallBaseRecord>(), path, record);
 }
 
-int32_t pm_fw_set_base(const char *instance, void *record640) {
-  return boundary::status("pm_fw_set_base", boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = pathFrom(instance);
-    needs(record640, "no record");
-    checkSwitches(fieldsOf<FirewallBaseRecord>(record640));
-    return gateway.store().set(layoutOf<FirewallBaseRecord>(), path, record640,
-                               Unchanged::kReported);
-  });
+int32_t gateway::pm_fw_set_base(const char *instance, FirewallBaseRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  needs(record, "no record");
+  checkSwitches(fieldsOf<FirewallBaseRecord>(record));
+  return gateway.store().set(layoutOf<FirewallBaseRecord>(), path, record, Unchanged::kReported);
 }
 
-int32_t pm_mac_filterset(char identity[PLATFORM_INSTANCE_SIZE], void *record392) {
-  return boundary::status("pm_mac_filterset", boundary::text(identity), [&](Gateway &gateway) {
-    needs(identity, "nowhere to write the instance");
-    needs(record392, "no record");
-    if (identity[0] != '\0') throw Refusal(kBadRequest, "entries are added, not changed");
-    const Row entry = fieldsOf<MacFilterEntryRecord>(record392);
-    checkEntry(entry);
-    return addEntry(gateway.store(), entry, identity);
-  });
+int32_t gateway::pm_mac_filterset(char identity[32], MacFilterEntryRecord *record) {
+  Gateway &gateway = Gateway::current();
+  needs(identity, "nowhere to write the instance");
+  needs(record, "no record");
+  if (identity[0] != '\0') throw Refusal(kBadRequest, "entries are added, not changed");
+  const Row entry = fieldsOf<MacFilterEntryRecord>(record);
+  checkEntry(entry);
+  return addEntry(gateway.store(), entry, identity);
 }
 
-int32_t pm_mac_filterlist(const char *parent, MacFilterList *list) {
-  return boundary::status("pm_mac_filterlist", boundary::text(parent), [&](Gateway &gateway) {
-    const std::string path = pathFrom(parent);
-    needs(list, "no list");
-    list->dwCount = writePaths(gateway.store().list(layoutOf<MacFilterView>(), path),
-                               list->capacity, list->instances);
-    return kOk;
-  });
+int32_t gateway::pm_mac_filterlist(const char *parent, MacFilterList *list) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = parent;
+  needs(list, "no list");
+  list->dwCount = writePaths(gateway.store().list(layoutOf<MacFilterView>(), path), list->capacity,
+                             list->instances);
+  return kOk;
 }
 
-int32_t pm_mac_filterdel(const char *identity) {
-  return boundary::status("pm_mac_filterdel", boundary::text(identity), [&](Gateway &gateway) {
-    return gateway.store().remove(layoutOf<MacFilterView>(), pathFrom(identity));
-  });
+int32_t gateway::pm_mac_filterdel(const char *identity) {
+  Gateway &gateway = Gateway::current();
+  return gateway.store().remove(layoutOf<MacFilterView>(), identity);
 }

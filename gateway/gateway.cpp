@@ -24,11 +24,10 @@ Gateway::Gateway() = default;
 
 void Gateway::reset() {
   store_.clear();
-  boundary_.reset();
+  boundary().reset();
   clock_.reset();
   files_.reset();
   logs_.clear();
-  complaints_.clear();
   logResult_ = 0;
   for (Section *section : Section::all()) section->reset();
 }
@@ -49,15 +48,6 @@ Json Gateway::save() {
 void Gateway::log(LogLine line) {
   if (logSink_) logSink_(line);
   logs_.push_back(std::move(line));
-}
-
-void Gateway::complain(const std::string &complaint) {
-  if (complaintSink_) complaintSink_(complaint);
-  complaints_.push_back(complaint);
-}
-
-std::vector<std::string> Gateway::takeComplaints() {
-  return std::exchange(complaints_, {});
 }
 
 }  // namespace gateway

@@ -19,13 +19,17 @@
 #include <string>
 #include <vector>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 #include "gateway/clock.hpp"
 #include "gateway/files.hpp"
-#include "gateway/json.hpp"
 #include "gateway/store.hpp"
+#include "records/json.hpp"
 
 namespace gateway {
+
+using namespace boundary;
+using namespace platform;
+using namespace records;
 
 /// One line that the library handed to the daemon's logger.
 struct LogLine {
@@ -42,14 +46,13 @@ class Gateway {
   static Gateway &current();
 
   Store &store() { return store_; }
-  Boundary &boundary() { return boundary_; }
-  const Boundary &boundary() const { return boundary_; }
+  Boundary &boundary() const { return Boundary::current(); }
   Clock &clock() { return clock_; }
   Files &files() { return files_; }
 
   /// Back to an empty gateway: no records, files, faults, log lines or complaints.
   void reset();
-  /// Replaces everything by a profile; throws ProfileError. The text form is a file's name.
+  /// Replaces everything by a profile; throws InputError. The text form is a file's name.
   void load(const Json &profile);
   void loadFile(const std::string &fileName);
   /// What the gateway has become, in the form that load() takes.
@@ -63,11 +66,11 @@ class Gateway {
   void setLogResult(int32_t result) { logResult_ = result; }
 
   /// What a real platform would refuse: the library broke its side of the contract.
-  const std::vector<std::string> &complaints() const { return complaints_; }
-  void complain(const std::string &complaint);
-  std::vector<std::string> takeComplaints();
+  const std::vector<std::string> &complaints() const { return boundary().complaints(); }
+  void complain(const std::string &complaint) { boundary().complain(complaint); }
+  std::vector<std::string> takeComplaints() { return boundary().takeComplaints(); }
   void onComplaint(std::function<void(const std::string &)> sink) {
-    complaintSink_ = std::move(sink);
+    boundary().onComplaint(std::move(sink));
   }
 
   void clearLogs() { logs_.clear(); }
@@ -76,13 +79,10 @@ class Gateway {
   Gateway();
 
   Store store_;
-  Boundary boundary_;
   Clock clock_;
   Files files_;
   std::vector<LogLine> logs_;
-  std::vector<std::string> complaints_;
   std::function<void(const LogLine &)> logSink_;
-  std::function<void(const std::string &)> complaintSink_;
   int32_t logResult_ = 0;
 };
 

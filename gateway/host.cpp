@@ -6,17 +6,17 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/addresses.hpp"
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "platform/logger.h"
+#include "records/addresses.hpp"
 
 namespace gateway {
 
 namespace {
 
 constexpr int kPoison = 0xa5;
-constexpr int kLeftBehind = 0x5a;
 
 std::map<std::string, ProgramHandler::Run, std::less<>> &programHandlers() {
   static std::map<std::string, ProgramHandler::Run, std::less<>> handlers;
@@ -26,18 +26,7 @@ std::map<std::string, ProgramHandler::Run, std::less<>> &programHandlers() {
 // Made at start-up, so that its member of the profile is known before anybody calls.
 [[maybe_unused]] const Host &registered = host();
 
-void needs(bool condition, const char *complaint) {
-  if (!condition) throw Refusal(kNullArgument, complaint);
-}
-
-/// A fault's count makes a text of that many letters; one that fills its room has no end.
 int32_t print(const std::string &value, char *text, uint32_t length) {
-  needs(text != nullptr, "no text");
-  const uint32_t letters = Gateway::current().boundary().countToReport(value.size());
-  if (letters != value.size()) {
-    std::memset(text, 'f', std::min(letters, length));
-    return kOk;
-  }
   if (value.size() >= length) {
     throw Refusal(kBadRequest, "\"" + value + "\" does not fit " + std::to_string(length));
   }
@@ -46,23 +35,10 @@ int32_t print(const std::string &value, char *text, uint32_t length) {
 }
 
 template <class Address>
-std::string key(const uint8_t *address, std::string (*printAddress)(const Address &)) {
-  if (address == nullptr) return "(null)";
-  Address copy;
-  std::memcpy(copy.data(), address, copy.size());
-  return printAddress(copy);
-}
-
-template <class Value>
-int32_t deliver(const char *call, Value *out, Value value) {
-  const int32_t status = boundary::status(call, "", [&](Gateway &) {
-    needs(out != nullptr, "nowhere to write");
-    *out = value;
-    return kOk;
-  });
-  // A call that fails promises nothing about the room it was given.
-  if (status != kOk && out != nullptr) std::memset(out, kLeftBehind, sizeof *out);
-  return status;
+Address addressAt(const uint8_t *bytes) {
+  Address address;
+  std::memcpy(address.data(), bytes, address.size());
+  return address;
 }
 
 }  // namespace
@@ -145,8 +121,8 @@ ProgramHandler::ProgramHandler(std::string_view program, Run run) {
 
 using namespace gateway;
 
-int32_t ProcUserLog(const char *sourceTag, int32_t line, const char *functionName, int32_t level,
-                    int32_t code, const char *format, ...) {
+int32_t platform::ProcUserLog(const char *sourceTag, int32_t line, const char *functionName,
+                              int32_t level, int32_t code, const char *format, ...) {
   va_list arguments;
   va_start(arguments, format);
   va_list again;
@@ -162,126 +138,100 @@ int32_t ProcUserLog(const char *sourceTag, int32_t line, const char *functionNam
   return gateway.logResult();
 }
 
-void *GetUB(uint32_t size) {
-  return boundary::pointer<void *>("GetUB", std::to_string(size),
-                                   [&](Gateway &) { return host().blocks.take(size); });
+void *gateway::GetUB(uint32_t size) {
+  return host().blocks.take(size);
 }
 
-void RetUB(void *block) {
-  boundary::note("RetUB", "", [&](Gateway &) {
-    if (!host().blocks.give(block)) throw Refusal(kBadRequest, "no block of GetUB");
-  });
+void gateway::RetUB(void *block) {
+  if (!host().blocks.give(block)) throw Refusal(kBadRequest, "no block of GetUB");
 }
 
-int32_t StrToMAC(const char *text, uint8_t mac[6]) {
-  return boundary::status(
-      "StrToMAC", boundary::text(text),
-      [&](Gateway &) {
-        if (text == nullptr || mac == nullptr) return 0;
-        const std::optional<MacAddress> parsed = parseMac(text);
-        if (!parsed) return 0;
-        std::memcpy(mac, parsed->data(), parsed->size());
-        return 1;
-      },
-      0);
+int32_t gateway::StrToMAC(const char *text, uint8_t mac[6]) {
+  const std::optional<MacAddress> parsed = parseMac(text);
+  if (!parsed) return 0;
+  std::memcpy(mac, parsed->data(), parsed->size());
+  return 1;
 }
 
-int32_t MACToStr(const uint8_t mac[6], char *text, uint32_t length) {
-  return boundary::status("MACToStr", key<MacAddress>(mac, printMac), [&](Gateway &) {
-    needs(mac != nullptr, "no MAC");
-    return print(key<MacAddress>(mac, printMac), text, length);
-  });
+int32_t gateway::MACToStr(const uint8_t mac[6], char *text, uint32_t length) {
+  return print(printMac(addressAt<MacAddress>(mac)), text, length);
 }
 
-int32_t IPToStr(uint32_t address, char *text, uint32_t length) {
-  return boundary::status("IPToStr", printIpv4(address),
-                          [&](Gateway &) { return print(printIpv4(address), text, length); });
+int32_t gateway::IPToStr(uint32_t address, char *text, uint32_t length) {
+  return print(printIpv4(address), text, length);
 }
 
-int32_t StrToIP(const char *text, uint32_t *address) {
-  return boundary::status("StrToIP", boundary::text(text), [&](Gateway &) -> int32_t {
-    if (text == nullptr || address == nullptr) return kFailed;
-    const std::optional<uint32_t> parsed = parseIpv4(text);
-    if (!parsed) return kFailed;
-    *address = *parsed;
-    return kOk;
-  });
+int32_t gateway::StrToIP(const char *text, uint32_t *address) {
+  const std::optional<uint32_t> parsed = parseIpv4(text);
+  if (!parsed) return kFailed;
+  *address = *parsed;
+  return kOk;
 }
 
-int32_t IPv6ToStr(const uint8_t address[16], char *text, uint32_t length) {
-  return boundary::status("IPv6ToStr", key<Ipv6Address>(address, printIpv6), [&](Gateway &) {
-    needs(address != nullptr, "no address");
-    return print(key<Ipv6Address>(address, printIpv6), text, length);
-  });
+int32_t gateway::IPv6ToStr(const uint8_t address[16], char *text, uint32_t length) {
+  return print(printIpv6(addressAt<Ipv6Address>(address)), text, length);
 }
 
-int32_t ChkIPv6(const uint8_t address[16]) {
-  return boundary::status("ChkIPv6", key<Ipv6Address>(address, printIpv6), [&](Gateway &) {
-    if (address == nullptr) return kFailed;
-    const Ipv6Address unspecified = {};
-    const bool linkLocal = address[0] == 0xfe && (address[1] & 0xc0) == 0x80;
-    const bool empty = std::memcmp(address, unspecified.data(), unspecified.size()) == 0;
-    return empty || linkLocal ? kFailed : kOk;
-  });
+int32_t gateway::ChkIPv6(const uint8_t address[16]) {
+  const Ipv6Address unspecified = {};
+  const bool linkLocal = address[0] == 0xfe && (address[1] & 0xc0) == 0x80;
+  const bool empty = std::memcmp(address, unspecified.data(), unspecified.size()) == 0;
+  return empty || linkLocal ? kFailed : kOk;
 }
 
-char *SafeStrncpy(char *destination, const char *source, uint32_t size) {
-  boundary::note("SafeStrncpy", boundary::text(source), [&](Gateway &) {
-    needs(destination != nullptr && source != nullptr, "no text");
-    if (size == 0) return;
-    const size_t length = strnlen(source, size - 1);
-    std::memcpy(destination, source, length);
-    destination[length] = '\0';
-  });
+char *gateway::SafeStrncpy(char *destination, const char *source, uint32_t size) {
+  if (size == 0) return destination;
+  const size_t length = strnlen(source, size - 1);
+  std::memcpy(destination, source, length);
+  destination[length] = '\0';
   return destination;
 }
 
-char *itoa(int32_t value, char *text, int32_t radix) {
-  boundary::note("itoa", std::to_string(value), [&](Gateway &) {
-    needs(text != nullptr, "no text");
-    if (radix < 2 || radix > 36) {
-      throw Refusal(kBadRequest, "no digits for base " + std::to_string(radix));
-    }
-    constexpr const char *kDigits = "0123456789abcdefghijklmnopqrstuvwxyz";
-    const bool negative = radix == 10 && value < 0;
-    uint32_t rest = negative ? 0u - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
-    std::string digits;
-    do {
-      digits.insert(digits.begin(), kDigits[rest % static_cast<uint32_t>(radix)]);
-      rest /= static_cast<uint32_t>(radix);
-    } while (rest != 0);
-    if (negative) digits.insert(digits.begin(), '-');
-    std::memcpy(text, digits.c_str(), digits.size() + 1);
-  });
+char *gateway::itoa(int32_t value, char *text, int32_t radix) {
+  if (radix < 2 || radix > 36) {
+    throw Refusal(kBadRequest, "no digits for base " + std::to_string(radix));
+  }
+  constexpr const char *kDigits = "0123456789abcdefghijklmnopqrstuvwxyz";
+  const bool negative = radix == 10 && value < 0;
+  uint32_t rest = negative ? 0u - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
+  std::string digits;
+  do {
+    digits.insert(digits.begin(), kDigits[rest % static_cast<uint32_t>(radix)]);
+    rest /= static_cast<uint32_t>(radix);
+  } while (rest != 0);
+  if (negative) digits.insert(digits.begin(), '-');
+  std::memcpy(text, digits.c_str(), digits.size() + 1);
   return text;
 }
 
-int32_t GetCpuType(int32_t *type) {
-  return deliver("GetCpuType", type, static_cast<int32_t>(host().cpuType));
+int32_t gateway::GetCpuType(int32_t *type) {
+  *type = static_cast<int32_t>(host().cpuType);
+  return kOk;
 }
 
-int32_t GetFlashSizeTotal(uint32_t *size) {
-  return deliver("GetFlashSizeTotal", size, host().flashSize);
+int32_t gateway::GetFlashSizeTotal(uint32_t *size) {
+  *size = host().flashSize;
+  return kOk;
 }
 
-int32_t GetRamSizeTotal(uint32_t *size) {
-  return deliver("GetRamSizeTotal", size, host().ramSize);
+int32_t gateway::GetRamSizeTotal(uint32_t *size) {
+  *size = host().ramSize;
+  return kOk;
 }
 
-int32_t GetMemInfo(MemInfo *figures) {
-  return deliver("GetMemInfo", figures, host().memory);
+int32_t gateway::GetMemInfo(MemInfo *figures) {
+  *figures = host().memory;
+  return kOk;
 }
 
-int32_t GetUpMode(uint32_t *mask) {
-  return deliver("GetUpMode", mask, host().upMode);
+int32_t gateway::GetUpMode(uint32_t *mask) {
+  *mask = host().upMode;
+  return kOk;
 }
 
-int32_t PcStartProgram(const char *program, const char *commandLine, int32_t, int32_t) {
-  return boundary::status("PcStartProgram", boundary::text(commandLine), [&](Gateway &gateway) {
-    needs(program != nullptr && commandLine != nullptr, "no program");
-    host().programs.push_back({program, commandLine});
-    const auto handler = programHandlers().find(std::string_view(program));
-    return handler == programHandlers().end() ? int32_t{kOk}
-                                              : handler->second(gateway, commandLine);
-  });
+int32_t gateway::PcStartProgram(const char *program, const char *commandLine, int32_t, int32_t) {
+  Gateway &gateway = Gateway::current();
+  host().programs.push_back({program, commandLine});
+  const auto handler = programHandlers().find(std::string_view(program));
+  return handler == programHandlers().end() ? int32_t{kOk} : handler->second(gateway, commandLine);
 }

@@ -13,6 +13,8 @@
 
 namespace gateway {
 
+using namespace platform;
+
 class Gateway;
 
 /// The blocks of GetUB. They outlive a reset: the library keeps some for as long as it is loaded.

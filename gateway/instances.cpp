@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/habits.hpp"
 
@@ -43,7 +43,7 @@ uint32_t writePaths(const std::vector<std::string> &paths, uint32_t capacity,
                     char (*instances)[PLATFORM_INSTANCE_SIZE]) {
   if (instances == nullptr && capacity > 0) throw Refusal(kNullArgument, "a list without room");
   for (size_t i = 0; i < paths.size() && i < capacity; ++i) writePath(paths[i], instances[i]);
-  return Gateway::current().boundary().countToReport(paths.size());
+  return static_cast<uint32_t>(paths.size());
 }
 
 void fill(InstanceList *list, const std::vector<std::string> &paths) {

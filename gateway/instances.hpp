@@ -8,6 +8,8 @@
 
 namespace gateway {
 
+using namespace platform;
+
 /// The path as a text; refuses none, and one that no path of the platform can be.
 std::string pathFrom(const char *path);
 

@@ -25,9 +25,9 @@ namespace {
 FILE *openForLibrary(const char *path, const char *mode) {
   const std::string key = boundary::text(path) + " " + boundary::text(mode);
   errno = EIO;
-  return boundary::pointer<FILE *>("fopen", key, [&](Gateway &gateway) {
+  return boundary::pointer<FILE *>("fopen", key, [&] {
     if (path == nullptr || mode == nullptr) throw Refusal(kNullArgument, "no path or mode");
-    return gateway.files().open(path, mode);
+    return Gateway::current().files().open(path, mode);
   });
 }
 
@@ -40,72 +40,66 @@ int descriptorForLibrary(FILE *stream) {
 int duplicateForLibrary(int descriptor, int command, int lowest) {
   const std::string path = Gateway::current().files().pathOfDescriptor(descriptor);
   errno = EMFILE;
-  return boundary::status("fcntl", path, [&](Gateway &gateway) {
+  return boundary::status("fcntl", path, [&] {
     if (command != F_DUPFD) throw Refusal(kBadRequest, "only F_DUPFD");
-    return gateway.files().duplicate(descriptor, lowest);
+    return Gateway::current().files().duplicate(descriptor, lowest);
   });
 }
 
 FILE *openDuplicateForLibrary(int descriptor, const char *mode) {
   const std::string key = std::to_string(descriptor) + " " + boundary::text(mode);
   errno = ENOMEM;
-  return boundary::pointer<FILE *>("fdopen", key, [&](Gateway &gateway) {
-    return gateway.files().openDuplicate(descriptor, mode);
-  });
+  return boundary::pointer<FILE *>(
+      "fdopen", key, [&] { return Gateway::current().files().openDuplicate(descriptor, mode); });
 }
 
 int statForLibrary(const char *path, struct stat *found) {
   errno = EIO;
-  return boundary::status("lstat", boundary::text(path), [&](Gateway &gateway) {
+  return boundary::status("lstat", boundary::text(path), [&] {
     if (path == nullptr) throw Refusal(kNullArgument, "no path");
-    return ::lstat(gateway.files().map(path).c_str(), found);
+    return ::lstat(Gateway::current().files().map(path).c_str(), found);
   });
 }
 
 int syncForLibrary(int descriptor) {
   const std::string path = Gateway::current().files().pathOfDescriptor(descriptor);
   errno = EIO;
-  return boundary::status("fsync", path, [&](Gateway &) { return ::fsync(descriptor); });
+  return boundary::status("fsync", path, [&] { return ::fsync(descriptor); });
 }
 
 int renameForLibrary(const char *from, const char *to) {
   errno = EIO;
-  return boundary::status("rename", boundary::text(from) + " " + boundary::text(to),
-                          [&](Gateway &gateway) {
-                            if (from == nullptr || to == nullptr)
-                              throw Refusal(kNullArgument, "no path");
-                            Files &files = gateway.files();
-                            return std::rename(files.map(from).c_str(), files.map(to).c_str());
-                          });
+  return boundary::status("rename", boundary::text(from) + " " + boundary::text(to), [&] {
+    if (from == nullptr || to == nullptr) throw Refusal(kNullArgument, "no path");
+    Files &files = Gateway::current().files();
+    return std::rename(files.map(from).c_str(), files.map(to).c_str());
+  });
 }
 
 int unlinkForLibrary(const char *path) {
   errno = EIO;
-  return boundary::status("unlink", boundary::text(path), [&](Gateway &gateway) {
+  return boundary::status("unlink", boundary::text(path), [&] {
     if (path == nullptr) throw Refusal(kNullArgument, "no path");
-    return ::unlink(gateway.files().map(path).c_str());
+    return ::unlink(Gateway::current().files().map(path).c_str());
   });
 }
 
 void *allocateForLibrary(size_t count, size_t size) {
   const std::string key = std::to_string(count) + " " + std::to_string(size);
   errno = ENOMEM;
-  return boundary::pointer<void *>("calloc", key,
-                                   [&](Gateway &) { return std::calloc(count, size); });
+  return boundary::pointer<void *>("calloc", key, [&] { return std::calloc(count, size); });
 }
 
 unsigned sleepForLibrary(unsigned seconds) {
-  unsigned left = 0;
-  boundary::note("sleep", std::to_string(seconds),
-                 [&](Gateway &gateway) { left = gateway.clock().sleep(seconds); });
-  return left;
+  boundary::Passage passage("sleep", std::to_string(seconds), Passage::Kind::kInfallible);
+  return Gateway::current().clock().sleep(seconds);
 }
 
 int sysinfoForLibrary(struct sysinfo *info) {
   errno = EFAULT;
-  return boundary::status("sysinfo", "", [&](Gateway &gateway) {
+  return boundary::status("sysinfo", "", [&] {
     std::memset(info, 0, sizeof *info);
-    info->uptime = static_cast<decltype(info->uptime)>(gateway.clock().uptime());
+    info->uptime = static_cast<decltype(info->uptime)>(Gateway::current().clock().uptime());
     info->mem_unit = 1;
     return kOk;
   });

@@ -2,27 +2,17 @@
 
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/manager.hpp"
 #include "gateway/proxy.hpp"
 #include "platform/config_database.h"
+#include "platform/limits.hpp"
 #include "platform/proxy.h"
-#include "platform/records/bandwidth_limit.hpp"
-#include "platform/records/time_policy_messages.hpp"
-#include "platform/views/device_limit.hpp"
-#include "platform/views/time_policy.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::BandwidthLimitRecord;
-using platform::BandwidthLimitRequest;
-using platform::DeviceLimitView;
-using platform::TimePolicyMessage;
-using platform::TimePolicyRegistration;
-using platform::TimePolicyView;
 
 [[maybe_unused]] const TimePolicies &registered = timePolicies();
 

@@ -5,10 +5,11 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "boundary/reply.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/habits.hpp"
-#include "gateway/reply.hpp"
 #include "gateway/section.hpp"
 #include "platform/proxy.h"
 
@@ -36,19 +37,13 @@ class Messages : public Section {
   std::vector<ReceivedMessage> received;
 
   void load(const Json &, const std::string &place) override {
-    throw ProfileError(place, "no such member");
+    throw InputError(place, "no such member");
   }
   Json save() const override { return nullptr; }
   void reset() override { received.clear(); }
 };
 
 Messages messages;
-
-std::string key(const char *module, uint32_t messageId) {
-  char number[16];
-  std::snprintf(number, sizeof number, "0x%x", messageId);
-  return boundary::text(module) + " " + number;
-}
 
 [[noreturn]] void refuseAsMissing() {
   throw Refusal(kNotThereYet, "this message is not there yet in the virtual gateway");
@@ -72,42 +67,28 @@ const std::vector<ReceivedMessage> &receivedMessages() {
 
 using namespace gateway;
 
-int32_t pm_send_msg_2mm(const char *module, uint32_t messageClass, uint32_t messageId,
-                        const void *request, uint32_t requestLength, uint32_t flags, void *reply,
-                        uint16_t *replyLength) {
-  boundary::Passage passage("pm_send_msg_2mm", key(module, messageId));
-  int32_t result = kOk;
-  if (const Fault *fault = passage.fault()) {
-    writeFaultyReply(*fault, reply, replyLength);
-    result = boundary::answer(*fault, fault->replyLength ? kOk : kFailed);
-  } else {
-    result = passage.run<int32_t>(kFailed, [&](Gateway &gateway) -> int32_t {
-      if (module == nullptr) throw Refusal(kNullArgument, "no module");
-      if (messageClass != MANAGER_MESSAGE_CLASS || flags != 0) {
-        throw Refusal(kBadRequest, "unknown class or flags");
-      }
-      const auto found = answers().find({module, messageId});
-      if (found == answers().end()) refuseAsMissing();
-      const auto *begin = static_cast<const uint8_t *>(request);
-      Bytes answer = found->second(gateway, {begin, begin == nullptr ? 0 : requestLength});
-      if (habits().answersAtLength) answer.resize(2048);
-      writeReply(answer, reply, replyLength);
-      return kOk;
-    });
+int32_t gateway::pm_send_msg_2mm(const char *module, uint32_t messageClass, uint32_t messageId,
+                                 const void *request, uint32_t requestLength, uint32_t flags,
+                                 void *reply, uint16_t *replyLength) {
+  if (messageClass != MANAGER_MESSAGE_CLASS || flags != 0) {
+    throw Refusal(kBadRequest, "unknown class or flags");
   }
-  passage.answered(result);
-  return result;
+  const auto found = answers().find({module, messageId});
+  if (found == answers().end()) refuseAsMissing();
+  const auto *begin = static_cast<const uint8_t *>(request);
+  Bytes answer = found->second(Gateway::current(), {begin, begin == nullptr ? 0 : requestLength});
+  if (habits().answersAtLength) answer.resize(2048);
+  writeReply(answer, reply, replyLength);
+  return kOk;
 }
 
-int32_t ASEND(uint32_t messageId, const void *data, uint32_t length, const char *module) {
-  return boundary::status("ASEND", key(module, messageId), [&](Gateway &gateway) -> int32_t {
-    if (module == nullptr) throw Refusal(kNullArgument, "no module");
-    const auto found = sinks().find(module);
-    if (found == sinks().end()) refuseAsMissing();
-    const auto *begin = static_cast<const uint8_t *>(data);
-    ReceivedMessage message{module, messageId, {begin, begin + (begin == nullptr ? 0 : length)}};
-    const int32_t status = found->second(gateway, message);
-    if (status == kOk) messages.received.push_back(std::move(message));
-    return status;
-  });
+int32_t gateway::ASEND(uint32_t messageId, const void *data, uint32_t length, const char *module) {
+  Gateway &gateway = Gateway::current();
+  const auto found = sinks().find(module);
+  if (found == sinks().end()) refuseAsMissing();
+  const auto *begin = static_cast<const uint8_t *>(data);
+  ReceivedMessage message{module, messageId, {begin, begin + (begin == nullptr ? 0 : length)}};
+  const int32_t status = found->second(gateway, message);
+  if (status == kOk) messages.received.push_back(std::move(message));
+  return status;
 }

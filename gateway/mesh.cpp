@@ -4,9 +4,9 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "gateway/multiap/hooks.h"
 
 namespace gateway {
 
@@ -62,7 +62,7 @@ void Mesh::load(const Json &value, const std::string &place) {
     topology = dump->is_string() ? dump->get<std::string>()
                                  : bytesFromUtf8(withTexts(*dump, bytesToUtf8).dump());
     if (topology.find('\0') != std::string::npos) {
-      throw ProfileError(members.placeOf("topology"), "the text holds a zero");
+      throw InputError(members.placeOf("topology"), "the text holds a zero");
     }
   }
   members.finish();
@@ -74,7 +74,7 @@ Json Mesh::save() const {
     Json parsed = parseJson(topology, "", kDeepestJson - kOwnDepth);
     // A dump that is one text, or is written in another way, is kept as the daemon wrote it.
     if (!parsed.is_string() && parsed.dump() == topology) dump = std::move(parsed);
-  } catch (const ProfileError &) {
+  } catch (const InputError &) {
     // So is one that is no JSON, or is nested too deep for a profile.
   }
   return {{"state", kStates[static_cast<size_t>(state)]}, {"topology", std::move(dump)}};
@@ -84,29 +84,19 @@ Json Mesh::save() const {
 
 using namespace gateway;
 
-void *gateway_mapd_open(const char *controlPath) {
-  return boundary::pointer<void *>(
-      "mapd_interface_ctrl_open", boundary::text(controlPath), [&](Gateway &) -> void * {
-        const bool reachable = controlPath != nullptr && controlPath == kControlPath &&
-                               mesh().state != MapdState::kDown;
-        if (!reachable) return nullptr;
-        ++mesh().openHandles;
-        return &mesh();
-      });
+void *gateway::mapd_interface_ctrl_open(const char *controlPath) {
+  if (controlPath != kControlPath || mesh().state == MapdState::kDown) return nullptr;
+  ++mesh().openHandles;
+  return &mesh();
 }
 
-int32_t gateway_mapd_get_topology(void *handle, char *buffer, int32_t *length,
-                                  const char *dumpPath) {
-  return boundary::status("mapd_interface_get_topology", boundary::text(dumpPath),
-                          [&](Gateway &gateway) {
-                            checkHandle(handle);
-                            return dumpTopology(gateway, buffer, length, dumpPath);
-                          });
+int32_t gateway::mapd_interface_get_topology(void *handle, char *buffer, int32_t *length,
+                                             const char *dumpPath) {
+  checkHandle(handle);
+  return dumpTopology(Gateway::current(), buffer, length, dumpPath);
 }
 
-void gateway_mapd_close(void *handle) {
-  boundary::note("mapd_interface_ctrl_close", "", [&](Gateway &) {
-    checkHandle(handle);
-    --mesh().openHandles;
-  });
+void gateway::mapd_interface_ctrl_close(void *handle) {
+  checkHandle(handle);
+  --mesh().openHandles;
 }

@@ -8,7 +8,7 @@ namespace gateway {
 namespace {
 
 uint64_t countIn(const Json &value, const std::string &place) {
-  if (!value.is_number_unsigned()) throw ProfileError(place, "must be a count");
+  if (!value.is_number_unsigned()) throw InputError(place, "must be a count");
   return value.get<uint64_t>();
 }
 

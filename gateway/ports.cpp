@@ -4,22 +4,19 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
 #include "gateway/proxy.hpp"
 #include "gateway/wan.hpp"
 #include "platform/ports.h"
+#include "platform/ports.hpp"
 #include "platform/proxy.h"
-#include "platform/records/port.hpp"
-#include "platform/views/eth_port_config.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::EthPortConfigView;
-using platform::PortMacParameterRecord;
 
 [[maybe_unused]] const Ports &registered = ports();
 
@@ -88,7 +85,7 @@ void Ports::load(const Json &value, const std::string &place) {
     one.word("rateCode", &port.rateCode);
     one.finish();
     const auto parsed = parseMac(mac);
-    if (!parsed) throw ProfileError(one.placeOf("mac"), "is no MAC address");
+    if (!parsed) throw InputError(one.placeOf("mac"), "is no MAC address");
     port.mac = *parsed;
     all.push_back(std::move(port));
   });
@@ -112,58 +109,47 @@ Json Ports::save() const {
 }  // namespace gateway
 
 using namespace gateway;
-using platform::PortLinkStateRecord;
-using platform::PortMacResultRecord;
 
-int32_t pm_mac_prm_op(uint32_t operation, void *result, void *viewWord, void *parameters) {
-  return boundary::status("pm_mac_prm_op", std::to_string(operation), [&](Gateway &gateway) {
-    if (operation != PM_MAC_PRM_OP_GET) throw Refusal(kBadRequest, "an unknown operation");
-    if (result == nullptr || viewWord == nullptr || parameters == nullptr) {
-      throw Refusal(kNullArgument, "a record is missing");
-    }
-    uint32_t id = 0;
-    std::memcpy(&id, viewWord, sizeof id);
-    const Port *port = byMacParameter(id);
-    if (port == nullptr) return kUnknownInstance;
-    checkParameters(gateway.store(), *port, fieldsOf<PortMacParameterRecord>(parameters));
-    fieldsOf<PortMacResultRecord>(result).setMac(PortMacResultRecord::mac, port->mac);
-    return kOk;
-  });
+int32_t gateway::pm_mac_prm_op(uint32_t operation, PortMacResultRecord *result, void *viewWord,
+                               PortMacParameterRecord *parameters) {
+  Gateway &gateway = Gateway::current();
+  if (operation != PM_MAC_PRM_OP_GET) throw Refusal(kBadRequest, "an unknown operation");
+  if (result == nullptr || viewWord == nullptr || parameters == nullptr) {
+    throw Refusal(kNullArgument, "a record is missing");
+  }
+  uint32_t id = 0;
+  std::memcpy(&id, viewWord, sizeof id);
+  const Port *port = byMacParameter(id);
+  if (port == nullptr) return kUnknownInstance;
+  checkParameters(gateway.store(), *port, fieldsOf<PortMacParameterRecord>(parameters));
+  fieldsOf<PortMacResultRecord>(result).setMac(PortMacResultRecord::mac, port->mac);
+  return kOk;
 }
 
-int32_t pm_wan_get_port_link_state_type(uint32_t *state, uint32_t *rate, uint32_t *third,
-                                        uint32_t port) {
-  return boundary::status("pm_wan_get_port_link_state_type", std::to_string(port), [&](Gateway &) {
-    if (state == nullptr || rate == nullptr || third == nullptr) {
-      throw Refusal(kNullArgument, "nowhere to write");
-    }
-    const Port *found = ports().byNumber(port);
-    if (found == nullptr) return kUnknownInstance;
-    *state = found->linkState;
-    *rate = found->rateCode;
-    *third = 0;
-    return kOk;
-  });
+int32_t gateway::pm_wan_get_port_link_state_type(uint32_t *state, uint32_t *rate, uint32_t *third,
+                                                 uint32_t port) {
+  if (state == nullptr || rate == nullptr || third == nullptr) {
+    throw Refusal(kNullArgument, "nowhere to write");
+  }
+  const Port *found = ports().byNumber(port);
+  if (found == nullptr) return kUnknownInstance;
+  *state = found->linkState;
+  *rate = found->rateCode;
+  *third = 0;
+  return kOk;
 }
 
-int32_t pm_eth_get_port_link_state(const char *instance, void *record96) {
-  return boundary::status("pm_eth_get_port_link_state", boundary::text(instance), [&](Gateway &) {
-    const std::string path = pathFrom(instance);
-    if (record96 == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    const Port *port = ports().byInstance(path);
-    if (port == nullptr) return kUnknownInstance;
-    fieldsOf<PortLinkStateRecord>(record96).setWord(PortLinkStateRecord::linkState,
-                                                    port->linkState);
-    return kOk;
-  });
+int32_t gateway::pm_eth_get_port_link_state(const char *instance, PortLinkStateRecord *record) {
+  const std::string path = instance;
+  const Port *port = ports().byInstance(path);
+  if (port == nullptr) return kUnknownInstance;
+  fieldsOf<PortLinkStateRecord>(record).setWord(PortLinkStateRecord::linkState, port->linkState);
+  return kOk;
 }
 
-int32_t pm_switch_get_inst_id_by_port(uint32_t port, char instance[PLATFORM_INSTANCE_SIZE]) {
-  return boundary::status("pm_switch_get_inst_id_by_port", std::to_string(port), [&](Gateway &) {
-    if (instance == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    const Port *found = ports().byNumber(port);
-    if (found == nullptr) return kUnknownInstance;
-    writePath(found->instance, instance);
-    return kOk;
-  });
+int32_t gateway::pm_switch_get_inst_id_by_port(uint32_t port, char instance[32]) {
+  const Port *found = ports().byNumber(port);
+  if (found == nullptr) return kUnknownInstance;
+  writePath(found->instance, instance);
+  return kOk;
 }

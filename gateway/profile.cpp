@@ -3,27 +3,28 @@
 #include <nlohmann/json.hpp>
 
 #include "gateway/gateway.hpp"
-#include "gateway/record_json.hpp"
 #include "gateway/section.hpp"
 #include "gateway/text_file.hpp"
+#include "records/codec.hpp"
 
 namespace gateway {
 
 namespace {
 
 void loadTables(Gateway &gateway, const Json &tables, const std::string &place, bool views) {
-  if (!tables.is_object()) throw ProfileError(place, "must be an object");
+  if (!tables.is_object()) throw InputError(place, "must be an object");
   for (const auto &[name, instances] : tables.items()) {
     const std::string tablePlace = place + "." + name;
     const Layout *layout = layoutByName(name);
     if (layout == nullptr || layout->isView() != views) {
-      throw ProfileError(tablePlace, views ? "no such view" : "no such record");
+      throw InputError(tablePlace, views ? "no such view" : "no such record");
     }
-    if (!instances.is_object()) throw ProfileError(tablePlace, "must be an object");
+    if (!instances.is_object()) throw InputError(tablePlace, "must be an object");
     for (const auto &[path, fields] : instances.items()) {
       const std::string instancePlace = tablePlace + "." + path;
-      if (path.empty()) throw ProfileError(instancePlace, "an instance needs a path");
-      loadRecord(gateway.store().create(*layout, path), fields, instancePlace);
+      if (path.empty()) throw InputError(instancePlace, "an instance needs a path");
+      fromJson(fields, instancePlace, shapeOf(*layout),
+               gateway.store().create(*layout, path).data());
     }
   }
 }
@@ -34,7 +35,8 @@ Json saveTables(Gateway &gateway, bool views) {
     if (layout.isView() != views) continue;
     Json instances = Json::object();
     for (const std::string &path : gateway.store().paths(layout)) {
-      instances[path] = saveRecord(gateway.store().row(layout, path));
+      instances[path] =
+          toJson(shapeOf(layout), gateway.store().row(layout, path).data(), {.omitsZeros = true});
     }
     if (!instances.empty()) tables[std::string(layout.name)] = std::move(instances);
   }
@@ -44,17 +46,17 @@ Json saveTables(Gateway &gateway, bool views) {
 /// A file is a text, or an array of lines.
 std::string fileContent(const Json &value, const std::string &place) {
   if (value.is_string()) return value.get<std::string>();
-  if (!value.is_array()) throw ProfileError(place, "must be a text or an array of lines");
+  if (!value.is_array()) throw InputError(place, "must be a text or an array of lines");
   std::string content;
   for (const Json &line : value) {
-    if (!line.is_string()) throw ProfileError(place, "a line must be a text");
+    if (!line.is_string()) throw InputError(place, "a line must be a text");
     content += line.get<std::string>() + "\n";
   }
   return content;
 }
 
 void loadFiles(Gateway &gateway, const Json &files, const std::string &place) {
-  if (!files.is_object()) throw ProfileError(place, "must be an object");
+  if (!files.is_object()) throw InputError(place, "must be an object");
   for (const auto &[path, value] : files.items()) {
     const std::string filePlace = place + "." + path;
     const std::string content = fileContent(value, filePlace);
@@ -62,7 +64,7 @@ void loadFiles(Gateway &gateway, const Json &files, const std::string &place) {
       // A directory of the user's keeps what is in it.
       if (!gateway.files().read(path)) gateway.files().write(path, content);
     } catch (const std::exception &error) {
-      throw ProfileError(filePlace, error.what());
+      throw InputError(filePlace, error.what());
     }
   }
 }
@@ -78,7 +80,7 @@ Json saveFiles(Gateway &gateway) {
 void readTime(Members &members, const char *member, int64_t *out) {
   members.number(member, out);
   if (*out < 0 || *out > Clock::kLatest) {
-    throw ProfileError(members.placeOf(member), "number out of range");
+    throw InputError(members.placeOf(member), "number out of range");
   }
 }
 

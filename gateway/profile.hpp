@@ -3,13 +3,15 @@
 
 #include <string>
 
-#include "gateway/json.hpp"
+#include "records/json.hpp"
 
 namespace gateway {
 
+using namespace records;
+
 class Gateway;
 
-// These throw ProfileError.
+// These throw InputError.
 Json parseProfile(std::string_view text, const std::string &place);
 Json readProfile(const std::string &fileName);
 void loadProfile(Gateway &gateway, const Json &profile);

@@ -4,9 +4,11 @@
 #include <map>
 #include <string>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "boundary/names.hpp"
+#include "boundary/reply.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "gateway/reply.hpp"
 #include "platform/proxy.h"
 
 namespace gateway {
@@ -52,9 +54,11 @@ const EventForm *formOf(uint32_t event) {
   return nullptr;
 }
 
-void checkCapacity(boundary::Passage &passage, const EventForm &form, const uint16_t *length) {
-  if (length == nullptr || *length == form.capacity || *length == form.otherCapacity) return;
-  passage.complain(std::to_string(*length) + " bytes are offered for the reply");
+void checkCapacity(Gateway &gateway, uint32_t event, uint16_t capacity) {
+  const EventForm *form = formOf(event);
+  if (form == nullptr || capacity == form->capacity || capacity == form->otherCapacity) return;
+  gateway.complain(eventName(event) + ": " + std::to_string(capacity) +
+                   " bytes are offered for the reply");
 }
 
 Bytes answer(Gateway &gateway, uint32_t event, std::span<const uint8_t> request) {
@@ -83,28 +87,12 @@ std::string_view textOf(std::span<const uint8_t> request) {
 
 using namespace gateway;
 
-int32_t ctSgw_ssend_to_proxy(uint32_t event, const void *request, uint32_t requestLength,
-                             void *reply, uint16_t *replyLength) {
+int32_t gateway::ctSgw_ssend_to_proxy(uint32_t event, const void *request, uint32_t requestLength,
+                                      void *reply, uint16_t *replyLength) {
+  Gateway &gateway = Gateway::current();
   const std::span given(static_cast<const uint8_t *>(request),
                         request == nullptr ? 0 : requestLength);
-  const EventForm *form = formOf(event);
-  std::string key = form != nullptr ? form->name : "event " + std::to_string(event);
-  // Requests that begin with a text name what they are about.
-  if (given.size() >= 32 && given[0] >= ' ') key += " " + std::string(textOf(given));
-
-  boundary::Passage passage("ctSgw_ssend_to_proxy", key);
-  if (form != nullptr) checkCapacity(passage, *form, replyLength);
-  int32_t result = kOk;
-  if (const Fault *fault = passage.fault()) {
-    const bool replies = fault->replyStatus || fault->replyLength;
-    writeFaultyReply(*fault, reply, replyLength);
-    result = boundary::answer(*fault, replies ? kOk : kFailed);
-  } else {
-    result = passage.run<int32_t>(kFailed, [&](Gateway &gateway) {
-      writeReply(answer(gateway, event, given), reply, replyLength);
-      return kOk;
-    });
-  }
-  passage.answered(result);
-  return result;
+  checkCapacity(gateway, event, *replyLength);
+  writeReply(answer(gateway, event, given), reply, replyLength);
+  return kOk;
 }

@@ -5,19 +5,17 @@
 #include <nlohmann/json.hpp>
 #include <span>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
 #include "gateway/wlan.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_scan.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::WlanApEntry;
 
 [[maybe_unused]] const Scans &registered = scans();
 
@@ -29,7 +27,7 @@ MacAddress readBssid(Members &members) {
   std::string text;
   members.text("bssid", &text);
   const std::optional<MacAddress> bssid = parseMac(text);
-  if (!bssid) throw ProfileError(members.placeOf("bssid"), "must be a MAC address");
+  if (!bssid) throw InputError(members.placeOf("bssid"), "must be a MAC address");
   return *bssid;
 }
 
@@ -46,9 +44,9 @@ AccessPoint readAccessPoint(const Json &value, const std::string &place) {
   members.text("passphrase", &accessPoint.passphrase);
   members.finish();
   if (accessPoint.ssid.size() > kLongestSsid) {
-    throw ProfileError(members.placeOf("ssid"), "is longer than 32 characters");
+    throw InputError(members.placeOf("ssid"), "is longer than 32 characters");
   }
-  if (rssi < -127 || rssi > 127) throw ProfileError(members.placeOf("rssi"), "out of range");
+  if (rssi < -127 || rssi > 127) throw InputError(members.placeOf("rssi"), "out of range");
   accessPoint.rssi = static_cast<int32_t>(rssi);
   return accessPoint;
 }
@@ -56,7 +54,8 @@ AccessPoint readAccessPoint(const Json &value, const std::string &place) {
 std::vector<AccessPoint> readAccessPoints(Members &members, std::string_view member) {
   std::vector<AccessPoint> list;
   members.each(member, [&](const Json &element, const std::string &place) {
-    if (list.size() == WlanApList::kMaxEntries) throw ProfileError(place, "no scan lists so many");
+    if (list.size() == WlanApList::Entries::kCount)
+      throw InputError(place, "no scan lists so many");
     list.push_back(readAccessPoint(element, place));
   });
   return list;
@@ -166,7 +165,7 @@ const AccessPoint &heardOn(uint32_t radio, const MacAddress &bssid) {
 }
 
 void checkSelection(const Row &selection) {
-  for (const platform::Field &field : WlanSelectRecord::fields) {
+  for (const Field &field : selection.layout().fields) {
     if (selection.mark(field) != 1) {
       throw Refusal(kInvalidField, std::string("the selection has no ") + field.name);
     }
@@ -224,37 +223,32 @@ Json Scans::save() const {
 
 using namespace gateway;
 
-int32_t pm_wlan_set_scan_ap(const char *instance, WlanScanRequest *request) {
-  return boundary::status("pm_wlan_set_scan_ap", boundary::text(instance), [&](Gateway &gateway) {
-    Air &air = airOfBase(pathFrom(instance));
-    checkWholeScan(request);
-    air.heard = air.accessPoints;
-    air.scannedAt = gateway.clock().uptime() + Scans::kDuration;
-    return kOk;
-  });
+int32_t gateway::pm_wlan_set_scan_ap(const char *instance, WlanScanRequest *request) {
+  Gateway &gateway = Gateway::current();
+  Air &air = airOfBase(instance);
+  checkWholeScan(request);
+  air.heard = air.accessPoints;
+  air.scannedAt = gateway.clock().uptime() + Scans::kDuration;
+  return kOk;
 }
 
-int32_t pm_wlan_list_ap(const char *instance, WlanApList *list) {
-  return boundary::status("pm_wlan_list_ap", boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = pathFrom(instance);
-    if (!gateway.store().has<WlanConfigRecord>(path)) throw Refusal(kUnknownInstance);
-    checkListRequest(list);
-    const Air &air = scans().radios[radioOfSsid(path)];
-    if (!air.scannedAt) throw Refusal(kBadRequest, "no scan was asked for");
-    if (*air.scannedAt > gateway.clock().uptime()) {
-      throw Refusal(kBadRequest, "the scan is still running");
-    }
-    writeList(air, list);
-    return kOk;
-  });
+int32_t gateway::pm_wlan_list_ap(const char *instance, WlanApList *list) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  if (!gateway.store().has<WlanConfigRecord>(path)) throw Refusal(kUnknownInstance);
+  checkListRequest(list);
+  const Air &air = scans().radios[radioOfSsid(path)];
+  if (!air.scannedAt) throw Refusal(kBadRequest, "no scan was asked for");
+  if (*air.scannedAt > gateway.clock().uptime()) {
+    throw Refusal(kBadRequest, "the scan is still running");
+  }
+  writeList(air, list);
+  return kOk;
 }
 
-int32_t pm_wlan_select_ap_bystamode(uint32_t radio, WlanSelectRecord *selection) {
-  return boundary::status("pm_wlan_select_ap_bystamode", std::to_string(radio), [&](Gateway &) {
-    if (radio >= scans().radios.size()) throw Refusal(kUnknownInstance, "no such radio");
-    if (selection == nullptr) throw Refusal(kNullArgument, "no selection");
-    const Row row = fieldsOf<WlanSelectRecord>(selection);
-    checkSelection(row);
-    return join(radio, row);
-  });
+int32_t gateway::pm_wlan_select_ap_bystamode(uint32_t radio, WlanSelectRecord *selection) {
+  if (radio >= scans().radios.size()) throw Refusal(kUnknownInstance, "no such radio");
+  const Row row = fieldsOf<WlanSelectRecord>(selection);
+  checkSelection(row);
+  return join(radio, row);
 }

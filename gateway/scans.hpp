@@ -8,10 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "gateway/addresses.hpp"
 #include "gateway/section.hpp"
+#include "records/addresses.hpp"
 
 namespace gateway {
+
+using namespace records;
 
 struct AccessPoint {
   std::string ssid;

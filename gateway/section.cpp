@@ -16,10 +16,10 @@ std::vector<Section *> &registry() {
 }  // namespace
 
 std::string textIn(const Json &value, const std::string &place) {
-  if (!value.is_string()) throw ProfileError(place, "must be a text");
+  if (!value.is_string()) throw InputError(place, "must be a text");
   std::string text = value.get<std::string>();
   // The platform's texts end at their first zero: what is behind it would be lost.
-  if (text.find('\0') != std::string::npos) throw ProfileError(place, "the text holds a zero");
+  if (text.find('\0') != std::string::npos) throw InputError(place, "the text holds a zero");
   return text;
 }
 
@@ -35,7 +35,7 @@ const std::vector<Section *> &Section::all() {
 }
 
 Members::Members(const Json &value, std::string place) : value_(value), place_(std::move(place)) {
-  if (!value.is_object()) throw ProfileError(place_, "must be an object");
+  if (!value.is_object()) throw InputError(place_, "must be an object");
 }
 
 std::string Members::placeOf(std::string_view member) const {
@@ -51,9 +51,9 @@ const Json *Members::take(std::string_view member) {
 void Members::number(std::string_view member, int64_t *out) {
   const Json *value = take(member);
   if (value == nullptr) return;
-  if (!value->is_number_integer()) throw ProfileError(placeOf(member), "must be a whole number");
+  if (!value->is_number_integer()) throw InputError(placeOf(member), "must be a whole number");
   if (value->is_number_unsigned() && value->get<uint64_t>() > std::numeric_limits<int64_t>::max()) {
-    throw ProfileError(placeOf(member), "number out of range");
+    throw InputError(placeOf(member), "number out of range");
   }
   *out = value->get<int64_t>();
 }
@@ -62,7 +62,7 @@ void Members::word(std::string_view member, uint32_t *out) {
   int64_t wide = *out;
   number(member, &wide);
   if (wide < 0 || wide > std::numeric_limits<uint32_t>::max()) {
-    throw ProfileError(placeOf(member), "number out of range");
+    throw InputError(placeOf(member), "number out of range");
   }
   *out = static_cast<uint32_t>(wide);
 }
@@ -70,7 +70,7 @@ void Members::word(std::string_view member, uint32_t *out) {
 void Members::flag(std::string_view member, bool *out) {
   const Json *value = take(member);
   if (value == nullptr) return;
-  if (!value->is_boolean()) throw ProfileError(placeOf(member), "must be true or false");
+  if (!value->is_boolean()) throw InputError(placeOf(member), "must be true or false");
   *out = value->get<bool>();
 }
 
@@ -84,7 +84,7 @@ void Members::each(std::string_view member,
                    const std::function<void(const Json &element, const std::string &place)> &read) {
   const Json *value = take(member);
   if (value == nullptr) return;
-  if (!value->is_array()) throw ProfileError(placeOf(member), "must be an array");
+  if (!value->is_array()) throw InputError(placeOf(member), "must be an array");
   for (size_t i = 0; i < value->size(); ++i) {
     read((*value)[i], placeOf(member) + "[" + std::to_string(i) + "]");
   }
@@ -102,15 +102,26 @@ void Members::choice(std::string_view member, const std::vector<std::string_view
     }
     known += (i == 0 ? "\"" : ", \"") + std::string(choices[i]) + "\"";
   }
-  throw ProfileError(placeOf(member), "must be one of " + known);
+  throw InputError(placeOf(member), "must be one of " + known);
 }
 
 void Members::finish() const {
   for (const auto &[name, value] : value_.items()) {
     if (std::find(taken_.begin(), taken_.end(), name) == taken_.end()) {
-      throw ProfileError(placeOf(name), "no such member");
+      throw InputError(placeOf(name), "no such member");
     }
   }
+}
+
+void TableSection::load(const Json &value, const std::string &place) {
+  fromJson(value, place, *shape(), data());
+  loaded(place);
+}
+
+Json TableSection::save() const {
+  saving();
+  Json saved = toJson(*shape(), data());
+  return saved == toJson(*shape(), untouched()) ? Json(nullptr) : saved;
 }
 
 }  // namespace gateway

@@ -7,17 +7,21 @@
 #include <string_view>
 #include <vector>
 
-#include "gateway/json.hpp"
+#include "records/codec.hpp"
+#include "records/json.hpp"
+#include "records/shape.hpp"
 
 namespace gateway {
 
-/// A text without zeros; throws ProfileError.
+using namespace records;
+
+/// A text without zeros; throws InputError.
 std::string textIn(const Json &value, const std::string &place);
 
 /// One object of the profile while it is read. Every member must be taken; the others are refused.
 class Members {
  public:
-  /// Throws ProfileError unless `value` is an object.
+  /// Throws InputError unless `value` is an object.
   Members(const Json &value, std::string place);
 
   const std::string &place() const { return place_; }
@@ -35,7 +39,7 @@ class Members {
   /// One of `choices`, as its position.
   void choice(std::string_view member, const std::vector<std::string_view> &choices, uint32_t *out);
 
-  /// Throws ProfileError for a member that nobody took.
+  /// Throws InputError for a member that nobody took.
   void finish() const;
 
  private:
@@ -60,10 +64,82 @@ class Section {
   virtual Json save() const = 0;
   virtual void reset() = 0;
 
+  /// For the schema; nullptr for a section without a table.
+  virtual const char *description() const { return nullptr; }
+  virtual const Shape *shape() const { return nullptr; }
+
   static const std::vector<Section *> &all();
 
  private:
   std::string_view name_;
+};
+
+/// A section that is one structure with a table of its members.
+class TableSection : public Section {
+ public:
+  TableSection(std::string_view name, const char *description)
+      : Section(name), description_(description) {}
+
+  const char *description() const override { return description_; }
+  void load(const Json &value, const std::string &place) override;
+  Json save() const override;
+
+ private:
+  virtual void *data() const = 0;
+  /// The structure as a reset leaves it.
+  virtual const void *untouched() const = 0;
+  virtual void loaded(const std::string &place) = 0;
+  virtual void saving() const = 0;
+
+  const char *description_;
+};
+
+/// Lives at namespace scope in its family's file and announces itself to the gateway:
+///
+///   struct Host { uint32_t cpuType = 3; uint32_t flashSize = 0; };       // host.hpp
+///
+///   PM_RECORD(gateway::Host, PM_FIELD(cpuType).means("number of the processor model, 1 to 5"),
+///             PM_FIELD(flashSize).means(platform::unit("KiB")));          // host.cpp
+///   namespace gateway {
+///   SectionOf<Host> section{"host", "Processor, memory and kinds of uplink"};
+///   Host &host() { return section.state(); }
+///   }
+///
+/// What a profile may say, what is saved, what a reset leaves and the schema follow from the table
+/// and from the members' own defaults.
+template <class State>
+class SectionOf : public TableSection {
+ public:
+  /// Called with what was loaded, to check or complete it (throws InputError), and with what is to
+  /// be saved.
+  struct Hooks {
+    void (*loaded)(State &state, const std::string &place) = nullptr;
+    void (*saving)(State &state) = nullptr;
+  };
+
+  SectionOf(std::string_view name, const char *description, Hooks hooks = {})
+      : TableSection(name, description), hooks_(hooks) {}
+
+  State &state() { return state_; }
+  const Shape *shape() const override { return &kShape<State>; }
+  void reset() override { state_ = State(); }
+
+ private:
+  void *data() const override { return &state_; }
+  const void *untouched() const override {
+    static const State state;
+    return &state;
+  }
+  void loaded(const std::string &place) override {
+    if (hooks_.loaded != nullptr) hooks_.loaded(state_, place);
+  }
+  void saving() const override {
+    if (hooks_.saving != nullptr) hooks_.saving(state_);
+  }
+
+  // Never destroyed: the library may make calls until the process is gone.
+  State &state_ = *new State();
+  Hooks hooks_;
 };
 
 }  // namespace gateway

@@ -2,19 +2,16 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/proxy.hpp"
 #include "gateway/section.hpp"
+#include "platform/device.hpp"
 #include "platform/proxy.h"
-#include "platform/records/http_speed.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::HttpSpeedReply;
-using platform::HttpSpeedRequest;
 
 constexpr int64_t kNeverStarted = -1;
 constexpr uint32_t kDownload = 4;
@@ -63,16 +60,17 @@ class SpeedTest : public Section {
 SpeedTest speedTest;
 
 ProxyReply start(Gateway &gateway, std::span<const uint8_t> request) {
-  if (request.size() != HttpSpeedRequest::kSize) {
+  if (request.size() != HttpDownloadRequest::kSize) {
     throw Refusal(kBadRequest, "the request has " + std::to_string(request.size()) + " bytes");
   }
-  const Row asked = fieldsOf<HttpSpeedRequest>(const_cast<uint8_t *>(request.data()));
-  if (asked.word(HttpSpeedRequest::word0) != 0 || asked.word(HttpSpeedRequest::word264) != 0 ||
-      asked.word(HttpSpeedRequest::word272) != kDownload) {
+  const Row asked = fieldsOf<HttpDownloadRequest>(const_cast<uint8_t *>(request.data()));
+  if (asked.word(HttpDownloadRequest::word0) != 0 ||
+      asked.word(HttpDownloadRequest::word264) != 0 ||
+      asked.word(HttpDownloadRequest::word272) != kDownload) {
     throw Refusal(kBadRequest, "no request of a download");
   }
-  speedTest.request = asked.text(HttpSpeedRequest::requestText);
-  speedTest.parameter = asked.word(HttpSpeedRequest::requestWord);
+  speedTest.request = asked.text(HttpDownloadRequest::requestText);
+  speedTest.parameter = asked.word(HttpDownloadRequest::requestWord);
   if (speedTest.request.empty()) return {kInvalidField};
   speedTest.startedAt = gateway.clock().time();
   return {};
@@ -80,11 +78,11 @@ ProxyReply start(Gateway &gateway, std::span<const uint8_t> request) {
 
 /// The payload begins behind the status word, the fields are counted from before it.
 ProxyReply result(Gateway &gateway, std::span<const uint8_t>) {
-  Bytes whole(HttpSpeedReply::kSize);
-  const Row reply = fieldsOf<HttpSpeedReply>(whole.data());
+  Bytes whole(HttpDownloadReply::kSize);
+  const Row reply = fieldsOf<HttpDownloadReply>(whole.data());
   const std::string state = speedTest.state(gateway.clock().time());
-  reply.setText(HttpSpeedReply::state, state);
-  if (state == "Completed") reply.setWord(HttpSpeedReply::rate, speedTest.rate);
+  reply.setText(HttpDownloadReply::state, state);
+  if (state == "Completed") reply.setWord(HttpDownloadReply::rate, speedTest.rate);
   return {kOk, Bytes(whole.begin() + PROXY_REPLY_STATUS_SIZE, whole.end())};
 }
 

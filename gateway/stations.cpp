@@ -5,27 +5,20 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
 #include "gateway/proxy.hpp"
 #include "platform/attached_devices.h"
+#include "platform/attached_devices.hpp"
 #include "platform/ports.h"
 #include "platform/proxy.h"
-#include "platform/records/device.hpp"
-#include "platform/records/station_statistics.hpp"
-#include "platform/views/access_device.hpp"
-#include "platform/views/associated_device.hpp"
+#include "platform/wlan.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::AccessDeviceView;
-using platform::AssociatedDeviceView;
-using platform::DeviceRecord;
-using platform::StationStatisticsRecord;
-using platform::StationStatisticsRequest;
 
 [[maybe_unused]] const Stations &registered = stations();
 
@@ -44,7 +37,7 @@ std::string printTime(int64_t seconds) {
 /// What came with the text, refused at its place in the profile when it is no address.
 template <class Value>
 Value parsed(std::optional<Value> value, const std::string &place) {
-  if (!value) throw ProfileError(place, "is no address");
+  if (!value) throw InputError(place, "is no address");
   return *value;
 }
 
@@ -57,8 +50,8 @@ Association readAssociation(const Json &value, const std::string &place) {
   members.word("linkRate", &association.linkRate);
   members.word("linkRate2", &association.linkRate2);
   members.finish();
-  if (association.ssid.empty()) throw ProfileError(members.placeOf("ssid"), "is missing");
-  if (rssi < -127 || rssi > 127) throw ProfileError(members.placeOf("rssi"), "out of range");
+  if (association.ssid.empty()) throw InputError(members.placeOf("ssid"), "is missing");
+  if (rssi < -127 || rssi > 127) throw InputError(members.placeOf("rssi"), "out of range");
   association.rssi = static_cast<int32_t>(rssi);
   return association;
 }
@@ -288,13 +281,13 @@ void Stations::load(const Json &value, const std::string &place) {
   Members members(value, place);
   members.each("all", [&](const Json &element, const std::string &elementPlace) {
     Station station = readStation(element, elementPlace, gateway.clock().uptime());
-    if (byMac(station.mac) != nullptr) throw ProfileError(elementPlace, "another one has its MAC");
+    if (byMac(station.mac) != nullptr) throw InputError(elementPlace, "another one has its MAC");
     try {
       DeviceRecord record = {};
       const Station &attached = attach(gateway, std::move(station));
       fillDevice(attached, fieldsOf<DeviceRecord>(&record));
     } catch (const std::length_error &error) {
-      throw ProfileError(elementPlace, error.what());
+      throw InputError(elementPlace, error.what());
     }
   });
   members.finish();
@@ -314,35 +307,30 @@ using namespace gateway;
 
 namespace {
 
-int32_t listDevices(const char *call, InstanceList *list, bool onlineOnly) {
-  return boundary::status(call, "", [&](Gateway &) {
-    std::vector<std::string> paths;
-    for (const Station &station : stations().all) {
-      if (station.online || !onlineOnly) paths.push_back(stations().pathOf(station));
-    }
-    fill(list, paths);
-    return kOk;
-  });
+int32_t listDevices(InstanceList *list, bool onlineOnly) {
+  std::vector<std::string> paths;
+  for (const Station &station : stations().all) {
+    if (station.online || !onlineOnly) paths.push_back(stations().pathOf(station));
+  }
+  fill(list, paths);
+  return kOk;
 }
 
 }  // namespace
 
-int32_t plib_adev_list_view(InstanceList *list) {
-  return listDevices("plib_adev_list_view", list, true);
+int32_t gateway::plib_adev_list_view(InstanceList *list) {
+  return listDevices(list, true);
 }
 
-int32_t plib_adev_list_view_all(InstanceList *list) {
-  return listDevices("plib_adev_list_view_all", list, false);
+int32_t gateway::plib_adev_list_view_all(InstanceList *list) {
+  return listDevices(list, false);
 }
 
-int32_t pm_bw_get_hard_stats(const char *instance, void *record348) {
-  return boundary::status("pm_bw_get_hard_stats", boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = pathFrom(instance);
-    if (record348 == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    const Station *station = stations().byPath(path);
-    if (station == nullptr) return kUnknownInstance;
-    fillStatistics(*station, gateway.clock().uptime(),
-                   fieldsOf<platform::StationStatisticsRecord>(record348));
-    return kOk;
-  });
+int32_t gateway::pm_bw_get_hard_stats(const char *instance, StationStatisticsRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  const Station *station = stations().byPath(path);
+  if (station == nullptr) return kUnknownInstance;
+  fillStatistics(*station, gateway.clock().uptime(), fieldsOf<StationStatisticsRecord>(record));
+  return kOk;
 }

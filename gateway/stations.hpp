@@ -6,11 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "gateway/addresses.hpp"
 #include "gateway/meter.hpp"
 #include "gateway/section.hpp"
+#include "records/addresses.hpp"
 
 namespace gateway {
+
+using namespace records;
 
 class Gateway;
 

@@ -9,9 +9,11 @@
 #include <cstring>
 #include <filesystem>
 
-#include "gateway/json.hpp"
+#include "records/json.hpp"
 
 namespace gateway {
+
+using records::InputError;
 
 namespace fs = std::filesystem;
 
@@ -21,7 +23,7 @@ constexpr size_t kLargest = size_t{64} << 20;
 constexpr mode_t kNewFileMode = 0666;
 
 [[noreturn]] void refuse(const std::string &fileName, const std::string &what) {
-  throw ProfileError(fileName, what + ": " + std::strerror(errno));
+  throw InputError(fileName, what + ": " + std::strerror(errno));
 }
 
 class Descriptor {
@@ -69,7 +71,7 @@ std::string readTextFile(const std::string &fileName) {
     if (length < 0) refuse(fileName, "cannot be read");
     if (length == 0) return content;
     content.append(block, static_cast<size_t>(length));
-    if (content.size() > kLargest) throw ProfileError(fileName, "larger than 64 MiB");
+    if (content.size() > kLargest) throw InputError(fileName, "larger than 64 MiB");
   }
 }
 
@@ -78,10 +80,10 @@ OwnedFile::OwnedFile(std::string fileName, void (*onWait)(const std::string &fil
   std::error_code failed;
   // A link stays one: it is its target that is replaced.
   name_ = fs::weakly_canonical(given_, failed).string();
-  if (failed) throw ProfileError(given_, "cannot be used: " + failed.message());
+  if (failed) throw InputError(given_, "cannot be used: " + failed.message());
   const fs::file_status status = fs::status(given_, failed);
   if (fs::exists(status) && !fs::is_regular_file(status)) {
-    throw ProfileError(given_, "no regular file");
+    throw InputError(given_, "no regular file");
   }
   lockName_ = name_ + ".lock";
   lock(onWait);

@@ -6,14 +6,14 @@
 
 namespace gateway {
 
-/// Throws ProfileError for a file that cannot be read, a directory, or one without an end.
+/// Throws InputError for a file that cannot be read, a directory, or one without an end.
 std::string readTextFile(const std::string &fileName);
 
 /// A file that this process alone changes for as long as the object lives: others wait. Its lock is
 /// a file beside it, as the file itself is replaced when it is written.
 class OwnedFile {
  public:
-  /// Calls `onWait` before it waits for another process. Throws ProfileError.
+  /// Calls `onWait` before it waits for another process. Throws InputError.
   OwnedFile(std::string fileName, void (*onWait)(const std::string &fileName));
   ~OwnedFile();
   OwnedFile(const OwnedFile &) = delete;

@@ -5,19 +5,17 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/proxy.hpp"
-#include "platform/records/timer_control.hpp"
 #include "platform/timers.h"
+#include "platform/timers.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::TimerControlRecord;
-using platform::TimerEntry;
 
 [[maybe_unused]] const Timers &registered = timers();
 
@@ -53,17 +51,17 @@ void loadTasks(Members &members, const char *name, std::vector<TimerTask> &tasks
     one.number("taskId", &task.taskId);
     one.number("index", &task.index);
     one.each("weekdays", [&](const Json &day, const std::string &dayPlace) {
-      if (!day.is_number_unsigned()) throw ProfileError(dayPlace, "must be a number");
+      if (!day.is_number_unsigned()) throw InputError(dayPlace, "must be a number");
       task.weekdays.push_back(day.get<uint32_t>());
     });
     one.finish();
     if (const std::string reason = objection(task); !reason.empty()) {
-      throw ProfileError(place, reason);
+      throw InputError(place, reason);
     }
     tasks.push_back(std::move(task));
   });
   if (tasks.size() > Timers::kEntries) {
-    throw ProfileError(members.placeOf(name), "a service keeps at most 90 entries");
+    throw InputError(members.placeOf(name), "a service keeps at most 90 entries");
   }
 }
 
@@ -139,9 +137,9 @@ void checkBuffers(const void *request, const void *control) {
   }
 }
 
-int32_t list(Gateway &gateway, const std::vector<TimerTask> &tasks, void *control) {
+int32_t list(const std::vector<TimerTask> &tasks, void *control) {
   const Row record = fieldsOf<TimerControlRecord>(control);
-  record.setWord(TimerControlRecord::entryCount, gateway.boundary().countToReport(tasks.size()));
+  record.setWord(TimerControlRecord::entryCount, static_cast<uint32_t>(tasks.size()));
   for (size_t i = 0; i < tasks.size(); ++i) {
     const Row entry = entryAt(control, i);
     writeTask(tasks[i], entry);
@@ -212,30 +210,22 @@ Json Timers::save() const {
 
 using namespace gateway;
 
-int32_t pm_app_wake_up_control_get(void *request32, void *control7584) {
-  return boundary::status("pm_app_wake_up_control_get", "", [&](Gateway &gateway) {
-    checkBuffers(request32, control7584);
-    return list(gateway, timers().wakeUps, control7584);
-  });
+int32_t gateway::pm_app_wake_up_control_get(TimerRequest *request, TimerControlRecord *control) {
+  checkBuffers(request, control);
+  return list(timers().wakeUps, control);
 }
 
-int32_t pm_app_wake_up_control_set(void *request32, void *control7584) {
-  return boundary::status("pm_app_wake_up_control_set", "", [&](Gateway &) {
-    checkBuffers(request32, control7584);
-    return change(timers().wakeUps, control7584);
-  });
+int32_t gateway::pm_app_wake_up_control_set(TimerRequest *request, TimerControlRecord *control) {
+  checkBuffers(request, control);
+  return change(timers().wakeUps, control);
 }
 
-int32_t pm_wlan_ex_control_get(void *request32, void *control7584) {
-  return boundary::status("pm_wlan_ex_control_get", "", [&](Gateway &gateway) {
-    checkBuffers(request32, control7584);
-    return list(gateway, timers().schedules, control7584);
-  });
+int32_t gateway::pm_wlan_ex_control_get(TimerRequest *request, TimerControlRecord *control) {
+  checkBuffers(request, control);
+  return list(timers().schedules, control);
 }
 
-int32_t pm_wlan_ex_control_set(void *request32, void *control7584) {
-  return boundary::status("pm_wlan_ex_control_set", "", [&](Gateway &) {
-    checkBuffers(request32, control7584);
-    return change(timers().schedules, control7584);
-  });
+int32_t gateway::pm_wlan_ex_control_set(TimerRequest *request, TimerControlRecord *control) {
+  checkBuffers(request, control);
+  return change(timers().schedules, control);
 }

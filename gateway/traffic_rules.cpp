@@ -1,16 +1,13 @@
 // IPTV VLAN bindings and QoS classification rules, each a table in the store.
 #include "platform/traffic_rules.h"
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
-#include "platform/views/iptv_vlan_binding.hpp"
-#include "platform/views/qos_classification.hpp"
+#include "platform/traffic_rules.hpp"
 
 using namespace gateway;
-using platform::IptvVlanBindingView;
-using platform::QosClassificationRecord;
-using platform::QosClassificationView;
 
 namespace {
 
@@ -84,30 +81,26 @@ int32_t addRule(Store &store, void *record, char *identity) {
 
 }  // namespace
 
-int32_t pm_iptvvlanbind_set_config(const char *portPath, uint32_t vlanId) {
+int32_t gateway::pm_iptvvlanbind_set_config(const char *portPath, uint32_t vlanId) {
+  Gateway &gateway = Gateway::current();
   const std::string key = boundary::text(portPath) + " " + std::to_string(vlanId);
-  return boundary::status("pm_iptvvlanbind_set_config", key, [&](Gateway &gateway) -> int32_t {
-    const std::string port = pathFrom(portPath);
-    if (!isPort(port)) return kUnknownInstance;
-    if (vlanId > kMaxVlan) return kInvalidField;
-    return bindPort(gateway.store(), port, vlanId);
-  });
+  const std::string port = portPath;
+  if (!isPort(port)) return kUnknownInstance;
+  if (vlanId > kMaxVlan) return kInvalidField;
+  return bindPort(gateway.store(), port, vlanId);
 }
 
-int32_t pm_qos_qc_set_config(char identity[PLATFORM_INSTANCE_SIZE], void *record4072) {
-  return boundary::status("pm_qos_qc_set_config", boundary::text(identity), [&](Gateway &gateway) {
-    if (identity == nullptr || record4072 == nullptr) throw Refusal(kNullArgument, "no rule");
-    if (identity[0] != '\0') throw Refusal(kBadRequest, "rules are added, not changed");
-    return addRule(gateway.store(), record4072, identity);
-  });
+int32_t gateway::pm_qos_qc_set_config(char identity[32], QosClassificationRecord *record) {
+  Gateway &gateway = Gateway::current();
+  if (identity == nullptr || record == nullptr) throw Refusal(kNullArgument, "no rule");
+  if (identity[0] != '\0') throw Refusal(kBadRequest, "rules are added, not changed");
+  return addRule(gateway.store(), record, identity);
 }
 
-int32_t pm_qos_qc_del_config(const char *ruleName) {
-  return boundary::status("pm_qos_qc_del_config", boundary::text(ruleName), [&](Gateway &gateway) {
-    if (ruleName == nullptr) throw Refusal(kNullArgument, "no rule");
-    const std::string path = pathByText<QosClassificationView>(
-        gateway.store(), QosClassificationView::ruleName, ruleName);
-    if (path.empty()) return int32_t{kUnknownInstance};
-    return gateway.store().remove(layoutOf<QosClassificationView>(), path);
-  });
+int32_t gateway::pm_qos_qc_del_config(const char *ruleName) {
+  Gateway &gateway = Gateway::current();
+  const std::string path =
+      pathByText<QosClassificationView>(gateway.store(), QosClassificationView::ruleName, ruleName);
+  if (path.empty()) return int32_t{kUnknownInstance};
+  return gateway.store().remove(layoutOf<QosClassificationView>(), path);
 }

@@ -3,26 +3,21 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
 #include "gateway/manager.hpp"
 #include "gateway/proxy.hpp"
 #include "platform/ports.h"
+#include "platform/ports.hpp"
 #include "platform/proxy.h"
-#include "platform/records/bandwidth.hpp"
-#include "platform/records/link_status.hpp"
-#include "platform/records/port.hpp"
+#include "platform/sampling.hpp"
+#include "platform/wan.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::BandwidthReply;
-using platform::BandwidthRequest;
-using platform::LinkStatusRecord;
-using platform::LinkStatusRequest;
-using platform::PortStatisticsRecord;
 
 [[maybe_unused]] const UplinkTraffic &registered = uplinkTraffic();
 
@@ -74,7 +69,7 @@ const ManagerReply kManagerBandwidth{MANAGER_MODULE_BANDINFO, BANDINFO_MGR_GET_B
 const ProxyEvent kClientLink{CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE, clientLink};
 
 std::string counterName(size_t index) {
-  return PortStatisticsRecord::fields[index].name;
+  return layoutOf<PortStatisticsRecord>().fields[index].name;
 }
 
 }  // namespace
@@ -138,20 +133,16 @@ Json UplinkTraffic::save() const {
 
 using namespace gateway;
 
-int32_t pm_eth_get_port_basic_statstics(const char *instance, void *record504) {
-  return boundary::status("pm_eth_get_port_basic_statstics", boundary::text(instance),
-                          [&](Gateway &gateway) {
-                            const std::string path = pathFrom(instance);
-                            if (record504 == nullptr)
-                              throw Refusal(kNullArgument, "nowhere to write");
-                            const auto &all = uplinkTraffic().ports;
-                            const auto found = std::ranges::find(all, path, &PortTraffic::instance);
-                            if (found == all.end()) return kUnknownInstance;
-                            const Row row = fieldsOf<platform::PortStatisticsRecord>(record504);
-                            for (size_t i = 0; i < found->counters.size(); ++i) {
-                              row.setCounter(platform::PortStatisticsRecord::fields[i],
-                                             found->counters[i].at(gateway.clock().uptime()));
-                            }
-                            return kOk;
-                          });
+int32_t gateway::pm_eth_get_port_basic_statstics(const char *instance,
+                                                 PortStatisticsRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  const auto &all = uplinkTraffic().ports;
+  const auto found = std::ranges::find(all, path, &PortTraffic::instance);
+  if (found == all.end()) return kUnknownInstance;
+  const Row row = fieldsOf<PortStatisticsRecord>(record);
+  for (size_t i = 0; i < found->counters.size(); ++i) {
+    row.setCounter(row.layout().fields[i], found->counters[i].at(gateway.clock().uptime()));
+  }
+  return kOk;
 }

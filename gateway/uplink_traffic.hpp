@@ -16,7 +16,7 @@ struct InterfaceTraffic {
   Meter rx;
 };
 
-/// The counters in the order of their offsets in platform::PortStatisticsRecord.
+/// The counters in the order of their offsets in PortStatisticsRecord.
 struct PortTraffic {
   std::string instance;
   std::array<Meter, 8> counters;

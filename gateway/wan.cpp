@@ -3,21 +3,17 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
-#include "platform/records/route_info.hpp"
-#include "platform/records/wan.hpp"
+#include "platform/wan.hpp"
 
 namespace gateway {
 
 namespace {
 
 [[maybe_unused]] const Wan &registered = wan();
-
-std::string modeText(const UpModeInfo *info) {
-  return info == nullptr ? "(null)" : std::to_string(info->mode);
-}
 
 }  // namespace
 
@@ -44,7 +40,7 @@ void Wan::load(const Json &value, const std::string &place) {
     one.word("deviceType", &connection.deviceType);
     one.finish();
     if (connection.instance.empty() || connection.instance.size() >= PLATFORM_INSTANCE_SIZE) {
-      throw ProfileError(one.placeOf("instance"), "must be a path of 1 to 31 characters");
+      throw InputError(one.placeOf("instance"), "must be a path of 1 to 31 characters");
     }
     connections.push_back(std::move(connection));
   });
@@ -66,69 +62,52 @@ Json Wan::save() const {
 
 using namespace gateway;
 
-int32_t pm_upmode_info_get(UpModeInfo *info) {
-  return boundary::status("pm_upmode_info_get", "", [&](Gateway &) {
-    if (info == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    *info = wan().uplink;
-    return kOk;
-  });
+int32_t gateway::pm_upmode_info_get(UpModeInfo *info) {
+  *info = wan().uplink;
+  return kOk;
 }
 
-int32_t pm_upmode_info_set(const UpModeInfo *oldMode, const UpModeInfo *newMode, void *block512) {
-  return boundary::status("pm_upmode_info_set", modeText(newMode), [&](Gateway &) {
-    if (oldMode == nullptr || newMode == nullptr || block512 == nullptr) {
-      throw Refusal(kNullArgument, "a mode or the block is missing");
-    }
-    const Row block = fieldsOf<platform::UpModeBlock>(block512);
-    const UpModeInfo &current = wan().uplink;
-    if (block.word(platform::UpModeBlock::mode) != current.mode ||
-        block.word(platform::UpModeBlock::port) != current.port) {
-      throw Refusal(kBadRequest, "the block does not begin with the mode that stands");
-    }
-    wan().uplink = *newMode;
-    return kOk;
-  });
+int32_t gateway::pm_upmode_info_set(const UpModeInfo *, const UpModeInfo *newMode,
+                                    UpModeBlock *block) {
+  const Row given = fieldsOf<UpModeBlock>(block);
+  const UpModeInfo &current = wan().uplink;
+  if (given.word(UpModeBlock::mode) != current.mode ||
+      given.word(UpModeBlock::port) != current.port) {
+    throw Refusal(kBadRequest, "the block does not begin with the mode that stands");
+  }
+  wan().uplink = *newMode;
+  return kOk;
 }
 
-int32_t pm_e8_wanc_get_current_wandtype(void *record32) {
-  return boundary::status("pm_e8_wanc_get_current_wandtype", "", [&](Gateway &) {
-    if (record32 == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-    fieldsOf<platform::WanDeviceTypeRecord>(record32).setWord(
-        platform::WanDeviceTypeRecord::wanDeviceType, wan().deviceType);
-    return kOk;
-  });
+int32_t gateway::pm_e8_wanc_get_current_wandtype(WanDeviceTypeRecord *record) {
+  fieldsOf<WanDeviceTypeRecord>(record).setWord(WanDeviceTypeRecord::wanDeviceType,
+                                                wan().deviceType);
+  return kOk;
 }
 
-int32_t pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceType,
-                                         WanConnectionList *list) {
-  const std::string key = boundary::text(parent) + " " + std::to_string(wanDeviceType);
-  return boundary::status("pm_e8_wanc_list_all_wanc_by_wand", key, [&](Gateway &) {
-    const std::string prefix = pathFrom(parent) + ".";
-    if (list == nullptr) throw Refusal(kNullArgument, "no list");
-    if (list->marker != PLATFORM_BLOCK_MARKER) throw Refusal(kBadHeader, "the list has no marker");
-    if (!list->workArea1 || !list->workArea2 || !list->workArea3) {
-      throw Refusal(kNullArgument, "the list has no work areas");
-    }
-    std::vector<std::string> paths;
-    for (const WanConnection &connection : wan().connections) {
-      const bool listed =
-          connection.deviceType == wanDeviceType && connection.instance.starts_with(prefix);
-      if (listed) paths.push_back(connection.instance);
-    }
-    list->dwCount = writePaths(paths, list->capacity, list->instances);
-    // The platform works in the caller's room; what is left there means nothing.
-    std::memset(list->workArea1, 0xa5, WAN_CONNECTION_WORK_AREA_1_SIZE);
-    std::memset(list->workArea2, 0xa5, WAN_CONNECTION_WORK_AREA_2_SIZE);
-    std::memset(list->workArea3, 0xa5, WAN_CONNECTION_WORK_AREA_3_SIZE);
-    return kOk;
-  });
+int32_t gateway::pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceType,
+                                                  WanConnectionList *list) {
+  const std::string prefix = std::string(parent) + ".";
+  if (list->marker != PLATFORM_BLOCK_MARKER) throw Refusal(kBadHeader, "the list has no marker");
+  if (!list->workArea1 || !list->workArea2 || !list->workArea3) {
+    throw Refusal(kNullArgument, "the list has no work areas");
+  }
+  std::vector<std::string> paths;
+  for (const WanConnection &connection : wan().connections) {
+    const bool listed =
+        connection.deviceType == wanDeviceType && connection.instance.starts_with(prefix);
+    if (listed) paths.push_back(connection.instance);
+  }
+  list->dwCount = writePaths(paths, list->capacity, list->instances);
+  // The platform works in the caller's room; what is left there means nothing.
+  std::memset(list->workArea1, 0xa5, WAN_CONNECTION_WORK_AREA_1_SIZE);
+  std::memset(list->workArea2, 0xa5, WAN_CONNECTION_WORK_AREA_2_SIZE);
+  std::memset(list->workArea3, 0xa5, WAN_CONNECTION_WORK_AREA_3_SIZE);
+  return kOk;
 }
 
-int32_t plib_ifs_get_routeif_info(const char *instance, void *record1340) {
-  return boundary::status(
-      "plib_ifs_get_routeif_info", boundary::text(instance), [&](Gateway &gateway) {
-        const std::string path = pathFrom(instance);
-        if (record1340 == nullptr) throw Refusal(kNullArgument, "nowhere to write");
-        return gateway.store().get(layoutOf<platform::RouteInfoRecord>(), path, record1340);
-      });
+int32_t gateway::plib_ifs_get_routeif_info(const char *instance, RouteInfoRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  return gateway.store().get(layoutOf<RouteInfoRecord>(), path, record);
 }

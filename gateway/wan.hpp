@@ -10,6 +10,8 @@
 
 namespace gateway {
 
+using namespace platform;
+
 struct WanConnection {
   std::string instance;
   uint32_t deviceType;

@@ -2,27 +2,16 @@
 // bridge or route mode.
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/section.hpp"
-#include "platform/records/pppoe_account.hpp"
-#include "platform/records/wan_ip_ext.hpp"
-#include "platform/records/wan_ppp_ext.hpp"
-#include "platform/records/working_mode.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
 
 namespace gateway {
 
 namespace {
-
-using platform::NetworkingDeviceView;
-using platform::PppoeAccountRecord;
-using platform::WanIpExtRecord;
-using platform::WanPppConnectionView;
-using platform::WanPppExtRecord;
-using platform::WorkingModeRecord;
 
 /// The adapter must forget its connections before each rewriting.
 class WanSettings : public Section {
@@ -73,65 +62,47 @@ void copyAccount(const Row &from, const platform::Field &user, const platform::F
 }  // namespace gateway
 
 using namespace gateway;
-using platform::NetworkingDeviceView;
-using platform::PppoeAccountRecord;
-using platform::WanIpExtRecord;
-using platform::WanPppConnectionView;
-using platform::WanPppExtRecord;
-using platform::WorkingModeRecord;
 
-int32_t si_ifsadapt_clear_wanc(void) {
-  return boundary::status("si_ifsadapt_clear_wanc", "", [](Gateway &) {
-    settings.adapterCleared = true;
-    return kOk;
-  });
+int32_t gateway::si_ifsadapt_clear_wanc() {
+  return kOk;
 }
 
-int32_t pm_e8_wanc_set_comm_ppp_ext(char instance[128], void *record6328) {
-  return boundary::status(
-      "pm_e8_wanc_set_comm_ppp_ext", boundary::text(instance),
-      [&](Gateway &gateway) { return rewrite<WanPppExtRecord>(gateway, instance, record6328); });
+int32_t gateway::pm_e8_wanc_set_comm_ppp_ext(char instance[128], WanPppExtRecord *record) {
+  Gateway &gateway = Gateway::current();
+  return rewrite<WanPppExtRecord>(gateway, instance, record);
 }
 
-int32_t pm_e8_wanc_set_comm_ip_ext(char instance[128], void *record4868) {
-  return boundary::status(
-      "pm_e8_wanc_set_comm_ip_ext", boundary::text(instance),
-      [&](Gateway &gateway) { return rewrite<WanIpExtRecord>(gateway, instance, record4868); });
+int32_t gateway::pm_e8_wanc_set_comm_ip_ext(char instance[128], WanIpExtRecord *record) {
+  Gateway &gateway = Gateway::current();
+  return rewrite<WanIpExtRecord>(gateway, instance, record);
 }
 
-int32_t pm_wanc_set_ppp_username_passwd(void *record192) {
-  return boundary::status("pm_wanc_set_ppp_username_passwd", "", [&](Gateway &gateway) {
-    if (record192 == nullptr) throw Refusal(kNullArgument, "no record");
-    const Row account = fieldsOf<PppoeAccountRecord>(record192);
-    if (account.validity(PppoeAccountRecord::userName) == -1 ||
-        account.validity(PppoeAccountRecord::password) == -1) {
-      return kInvalidField;
-    }
-    const std::string path = internetConnection(gateway.store());
-    if (!gateway.store().has<WanPppConnectionView>(path)) return kUnknownInstance;
-    copyAccount(account, PppoeAccountRecord::userName, PppoeAccountRecord::password,
-                gateway.store().row<WanPppConnectionView>(path));
-    return kOk;
-  });
+int32_t gateway::pm_wanc_set_ppp_username_passwd(PppoeAccountRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const Row account = fieldsOf<PppoeAccountRecord>(record);
+  if (account.validity(PppoeAccountRecord::userName) == -1 ||
+      account.validity(PppoeAccountRecord::password) == -1) {
+    return kInvalidField;
+  }
+  const std::string path = internetConnection(gateway.store());
+  if (!gateway.store().has<WanPppConnectionView>(path)) return kUnknownInstance;
+  copyAccount(account, PppoeAccountRecord::userName, PppoeAccountRecord::password,
+              gateway.store().row<WanPppConnectionView>(path));
+  return kOk;
 }
 
-int32_t pm_wanc_change_brg_route_mode(void *record6380, uint32_t flag) {
-  return boundary::status(
-      "pm_wanc_change_brg_route_mode", std::to_string(flag), [&](Gateway &gateway) {
-        if (record6380 == nullptr) throw Refusal(kNullArgument, "no record");
-        if (flag != 1) throw Refusal(kBadRequest, "the mode is to be applied at once");
-        const Row mode = fieldsOf<WorkingModeRecord>(record6380);
-        const auto *addressing = reinterpret_cast<const char *>(
-            static_cast<uintptr_t>(mode.word(WorkingModeRecord::addressingType)));
-        if (addressing == nullptr || std::string_view(addressing) != "DHCP") {
-          throw Refusal(kInvalidField, "the connection's addressing is not named");
-        }
-        const Row networking = gateway.store().row<NetworkingDeviceView>("IGD");
-        networking.setWord(NetworkingDeviceView::workingMode,
-                           mode.word(WorkingModeRecord::workingMode));
-        networking.setWord(NetworkingDeviceView::accessMode,
-                           mode.word(WorkingModeRecord::internetType));
-        gateway.store().create<WorkingModeRecord>("IGD");
-        return gateway.store().set(layoutOf<WorkingModeRecord>(), "IGD", record6380);
-      });
+int32_t gateway::pm_wanc_change_brg_route_mode(WorkingModeRecord *record, uint32_t flag) {
+  Gateway &gateway = Gateway::current();
+  if (flag != 1) throw Refusal(kBadRequest, "the mode is to be applied at once");
+  const Row mode = fieldsOf<WorkingModeRecord>(record);
+  const auto *addressing = reinterpret_cast<const char *>(
+      static_cast<uintptr_t>(mode.word(WorkingModeRecord::addressingType)));
+  if (addressing == nullptr || std::string_view(addressing) != "DHCP") {
+    throw Refusal(kInvalidField, "the connection's addressing is not named");
+  }
+  const Row networking = gateway.store().row<NetworkingDeviceView>("IGD");
+  networking.setWord(NetworkingDeviceView::workingMode, mode.word(WorkingModeRecord::workingMode));
+  networking.setWord(NetworkingDeviceView::accessMode, mode.word(WorkingModeRecord::internetType));
+  gateway.store().create<WorkingModeRecord>("IGD");
+  return gateway.store().set(layoutOf<WorkingModeRecord>(), "IGD", record);
 }

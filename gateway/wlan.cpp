@@ -3,17 +3,12 @@
 #include <charconv>
 #include <nlohmann/json.hpp>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
-#include "platform/records/wlan_card.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_driver.hpp"
-#include "platform/records/wlan_keys.hpp"
-#include "platform/records/wlan_tx_power.hpp"
-#include "platform/records/wlan_wps.hpp"
-#include "platform/views/wlan_config.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 
 namespace gateway {
 
@@ -32,28 +27,16 @@ constexpr std::array<platform::Word, 5> kRadioFields = {
     WlanConfigRecord::channelMode, WlanConfigRecord::channel};
 
 template <class Record>
-std::string checkedPath(const char *instance, const Record *record) {
-  if (record == nullptr) throw Refusal(kNullArgument, "no record");
-  return pathFrom(instance);
+int32_t get(const char *instance, Record *record) {
+  for (const uint8_t byte : record->bytes) {
+    if (byte != 0) throw Refusal(kBadRequest, "the record was not cleared");
+  }
+  return Gateway::current().store().get(layoutOf<Record>(), instance, record);
 }
 
 template <class Record>
-int32_t get(const char *call, const char *instance, Record *record) {
-  return boundary::status(call, boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = checkedPath(instance, record);
-    for (const uint8_t byte : record->bytes) {
-      if (byte != 0) throw Refusal(kBadRequest, "the record was not cleared");
-    }
-    return gateway.store().get(layoutOf<Record>(), path, record);
-  });
-}
-
-template <class Record>
-int32_t set(const char *call, const char *instance, const Record *record) {
-  return boundary::status(call, boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = checkedPath(instance, record);
-    return gateway.store().set(layoutOf<Record>(), path, record, Unchanged::kReported);
-  });
+int32_t set(const char *instance, const Record *record) {
+  return Gateway::current().store().set(layoutOf<Record>(), instance, record, Unchanged::kReported);
 }
 
 /// The instances of a layout that belong to the radio of one of them.
@@ -114,69 +97,66 @@ Json Radios::save() const {
 
 using namespace gateway;
 
-int32_t pm_wlan_get_config(const char *instance, WlanConfigRecord *record) {
-  return get("pm_wlan_get_config", instance, record);
+int32_t gateway::pm_wlan_get_config(const char *instance, WlanConfigRecord *record) {
+  return get(instance, record);
 }
 
-int32_t pm_wlan_set_config(const char *instance, WlanConfigRecord *record) {
-  return boundary::status("pm_wlan_set_config", boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = checkedPath(instance, record);
-    Store &store = gateway.store();
-    const int32_t status =
-        store.set(layoutOf<WlanConfigRecord>(), path, record, Unchanged::kReported);
-    if (status != kOk) return status;
-    spreadRadioSettings(store, path, fieldsOf<WlanConfigRecord>(record));
-    restartIfAsked(store.row<WlanConfigRecord>(path), path);
-    return status;
-  });
+int32_t gateway::pm_wlan_set_config(const char *instance, WlanConfigRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  Store &store = gateway.store();
+  const int32_t status =
+      store.set(layoutOf<WlanConfigRecord>(), path, record, Unchanged::kReported);
+  if (status != kOk) return status;
+  spreadRadioSettings(store, path, fieldsOf<WlanConfigRecord>(record));
+  restartIfAsked(store.row<WlanConfigRecord>(path), path);
+  return status;
 }
 
-int32_t pm_wlan_get_config_driver(const char *instance, WlanDriverRecord *record) {
-  return get("pm_wlan_get_config_driver", instance, record);
+int32_t gateway::pm_wlan_get_config_driver(const char *instance, WlanDriverRecord *record) {
+  return get(instance, record);
 }
 
-int32_t pm_wlan_get_txpower(const char *instance, WlanTxPowerRecord *record) {
-  return get("pm_wlan_get_txpower", instance, record);
+int32_t gateway::pm_wlan_get_txpower(const char *instance, WlanTxPowerRecord *record) {
+  return get(instance, record);
 }
 
-int32_t pm_wlan_set_txpower(const char *instance, WlanTxPowerRecord *record) {
-  return set("pm_wlan_set_txpower", instance, record);
+int32_t gateway::pm_wlan_set_txpower(const char *instance, WlanTxPowerRecord *record) {
+  return set(instance, record);
 }
 
-int32_t pm_wlan_get_wep(const char *keyInstance, WlanWepRecord *record) {
-  return get("pm_wlan_get_wep", keyInstance, record);
+int32_t gateway::pm_wlan_get_wep(const char *keyInstance, WlanWepRecord *record) {
+  return get(keyInstance, record);
 }
 
-int32_t pm_wlan_set_wep(const char *keyInstance, WlanWepRecord *record) {
-  return set("pm_wlan_set_wep", keyInstance, record);
+int32_t gateway::pm_wlan_set_wep(const char *keyInstance, WlanWepRecord *record) {
+  return set(keyInstance, record);
 }
 
-int32_t pm_wlan_get_psk(const char *keyInstance, WlanPskRecord *record) {
-  return get("pm_wlan_get_psk", keyInstance, record);
+int32_t gateway::pm_wlan_get_psk(const char *keyInstance, WlanPskRecord *record) {
+  return get(keyInstance, record);
 }
 
-int32_t pm_wlan_set_psk(const char *keyInstance, WlanPskRecord *record) {
-  return set("pm_wlan_set_psk", keyInstance, record);
+int32_t gateway::pm_wlan_set_psk(const char *keyInstance, WlanPskRecord *record) {
+  return set(keyInstance, record);
 }
 
-int32_t pm_wlan_get_card_max(WlanCardRecord *record) {
-  return get("pm_wlan_get_card_max", kCards, record);
+int32_t gateway::pm_wlan_get_card_max(WlanCardRecord *record) {
+  return get(kCards, record);
 }
 
-int32_t pm_wlan_set_wps(const char *instance, WlanWpsRecord *record) {
-  return set("pm_wlan_set_wps", instance, record);
+int32_t gateway::pm_wlan_set_wps(const char *instance, WlanWpsRecord *record) {
+  return set(instance, record);
 }
 
-int32_t pm_wlan_set_pmf(const char *instance, uint32_t value) {
-  using platform::WlanConfigView;
+int32_t gateway::pm_wlan_set_pmf(const char *instance, uint32_t value) {
+  Gateway &gateway = Gateway::current();
   const std::string key = boundary::text(instance) + " " + std::to_string(value);
-  return boundary::status("pm_wlan_set_pmf", key, [&](Gateway &gateway) -> int32_t {
-    const std::string path = pathFrom(instance);
-    Store &store = gateway.store();
-    if (!store.has<WlanConfigView>(path)) return kUnknownInstance;
-    for (const std::string &ssid : ofSameRadio(store, layoutOf<WlanConfigView>(), path)) {
-      store.row<WlanConfigView>(ssid).setWord(WlanConfigView::pmf, value);
-    }
-    return kOk;
-  });
+  const std::string path = instance;
+  Store &store = gateway.store();
+  if (!store.has<WlanConfigView>(path)) return kUnknownInstance;
+  for (const std::string &ssid : ofSameRadio(store, layoutOf<WlanConfigView>(), path)) {
+    store.row<WlanConfigView>(ssid).setWord(WlanConfigView::pmf, value);
+  }
+  return kOk;
 }

@@ -2,15 +2,14 @@
 #include "gateway/gateway.hpp"
 #include "gateway/manager.hpp"
 #include "platform/proxy.h"
-#include "platform/records/card_count.hpp"
-#include "platform/records/wlan_card.hpp"
+#include "platform/wlan.hpp"
 
 namespace gateway {
 
 namespace {
 
 Bytes cardCount(Gateway &gateway, std::span<const uint8_t> request) {
-  if (request.size() != platform::CardCountRequest::kSize) {
+  if (request.size() != CardCountRequest::kSize) {
     throw Refusal(kBadRequest, "a request of " + std::to_string(request.size()) + " bytes");
   }
   const std::string instance(textOf(request));

@@ -3,11 +3,12 @@
 #include <cctype>
 #include <string>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
+#include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
-#include "platform/records/wlan_csi.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 
 using namespace gateway;
 
@@ -16,17 +17,9 @@ namespace {
 constexpr size_t kMacDigits = 12;
 constexpr const char *kStations = "IGD.CsiMac";
 
-void needs(const void *pointer) {
-  if (pointer == nullptr) throw Refusal(kNullArgument, "no record");
-}
-
 template <class Record>
-int32_t get(const char *call, const char *instance, Record *record) {
-  return boundary::status(call, boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = pathFrom(instance);
-    needs(record);
-    return gateway.store().get(layoutOf<Record>(), path, record);
-  });
+int32_t get(const char *instance, Record *record) {
+  return Gateway::current().store().get(layoutOf<Record>(), instance, record);
 }
 
 std::vector<std::string> stationsUnder(Store &store, const std::string &parent) {
@@ -35,7 +28,6 @@ std::vector<std::string> stationsUnder(Store &store, const std::string &parent) 
 
 /// The station that a record names; refuses what is no MAC.
 std::string stationIn(WlanCsiMacRecord *record) {
-  needs(record);
   const Row row = fieldsOf<WlanCsiMacRecord>(record);
   const std::string mac = row.text(WlanCsiMacRecord::macText);
   const bool valid = row.mark(WlanCsiMacRecord::macText) == 1 && mac.size() == kMacDigits &&
@@ -61,54 +53,42 @@ int32_t addStation(Store &store, const std::string &mac) {
   return kTableFull;
 }
 
-std::string keyOf(const char *parent, WlanCsiMacRecord *record) {
-  std::string key = boundary::text(parent);
-  if (record == nullptr) return key;
-  return key + " " + fieldsOf<WlanCsiMacRecord>(record).text(WlanCsiMacRecord::macText);
-}
-
 }  // namespace
 
-int32_t pm_wlan_get_csi_info(const char *instance, WlanCsiRecord *record) {
-  return get("pm_wlan_get_csi_info", instance, record);
+int32_t gateway::pm_wlan_get_csi_info(const char *instance, WlanCsiRecord *record) {
+  return get(instance, record);
 }
 
-int32_t pm_wlan_set_csi_info(const char *instance, WlanCsiRecord *record) {
-  return boundary::status("pm_wlan_set_csi_info", boundary::text(instance), [&](Gateway &gateway) {
-    const std::string path = pathFrom(instance);
-    needs(record);
-    return gateway.store().set(layoutOf<WlanCsiRecord>(), path, record, Unchanged::kReported);
-  });
+int32_t gateway::pm_wlan_set_csi_info(const char *instance, WlanCsiRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = instance;
+  return gateway.store().set(layoutOf<WlanCsiRecord>(), path, record, Unchanged::kReported);
 }
 
-int32_t pm_wlan_add_csi_mac(const char *parent, WlanCsiMacRecord *record) {
-  return boundary::status("pm_wlan_add_csi_mac", keyOf(parent, record), [&](Gateway &gateway) {
-    const std::string path = pathFrom(parent);
-    const std::string mac = stationIn(record);
-    if (!pathOfStation(gateway.store(), path, mac).empty()) return int32_t{kNothingChanged};
-    return addStation(gateway.store(), mac);
-  });
+int32_t gateway::pm_wlan_add_csi_mac(const char *parent, WlanCsiMacRecord *record) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = parent;
+  const std::string mac = stationIn(record);
+  if (!pathOfStation(gateway.store(), path, mac).empty()) return int32_t{kNothingChanged};
+  return addStation(gateway.store(), mac);
 }
 
-int32_t pm_wlan_del_csi_mac(const char *parent, WlanCsiMacRecord *record) {
-  return boundary::status("pm_wlan_del_csi_mac", keyOf(parent, record), [&](Gateway &gateway) {
-    Store &store = gateway.store();
-    const std::string path = pathOfStation(store, pathFrom(parent), stationIn(record));
-    return store.remove(layoutOf<WlanCsiMacRecord>(), path);
-  });
+int32_t gateway::pm_wlan_del_csi_mac(const char *parent, WlanCsiMacRecord *record) {
+  Gateway &gateway = Gateway::current();
+  Store &store = gateway.store();
+  const std::string path = pathOfStation(store, parent, stationIn(record));
+  return store.remove(layoutOf<WlanCsiMacRecord>(), path);
 }
 
-int32_t pm_wlan_list_csi_mac(const char *parent, CsiMacList *list) {
-  return boundary::status("pm_wlan_list_csi_mac", boundary::text(parent), [&](Gateway &gateway) {
-    const std::string path = pathFrom(parent);
-    if (list == nullptr) throw Refusal(kNullArgument, "no list");
-    if (list->nameSize != PLATFORM_INSTANCE_SIZE) throw Refusal(kBadHeader, "names of 32 only");
-    list->dwCount = writePaths(stationsUnder(gateway.store(), path), PLATFORM_CSI_STATIONS_MAX,
-                               list->instances);
-    return kOk;
-  });
+int32_t gateway::pm_wlan_list_csi_mac(const char *parent, CsiMacList *list) {
+  Gateway &gateway = Gateway::current();
+  const std::string path = parent;
+  if (list->nameSize != PLATFORM_INSTANCE_SIZE) throw Refusal(kBadHeader, "names of 32 only");
+  list->dwCount =
+      writePaths(stationsUnder(gateway.store(), path), PLATFORM_CSI_STATIONS_MAX, list->instances);
+  return kOk;
 }
 
-int32_t pm_wlan_get_csi_mac_par(const char *name, WlanCsiMacRecord *record) {
-  return get("pm_wlan_get_csi_mac_par", name, record);
+int32_t gateway::pm_wlan_get_csi_mac_par(const char *name, WlanCsiMacRecord *record) {
+  return get(name, record);
 }

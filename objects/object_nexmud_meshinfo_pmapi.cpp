@@ -6,12 +6,11 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "frame/text.hpp"
-#include "platform/views/easymesh.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/meshinfo.h"
 #include "pmapi/meshtopology.h"
 
 using namespace pm;
-using platform::EasyMeshView;
 
 static constexpr char kSourceTag[] = "object_nexmud_meshinfo_pmapi.c";
 

@@ -8,23 +8,15 @@
 #include "frame/status.hpp"
 #include "frame/text.hpp"
 #include "platform/device.h"
+#include "platform/device.hpp"
 #include "platform/host.h"
-#include "platform/views/device_info.hpp"
-#include "platform/views/gateway_identity.hpp"
-#include "platform/views/lan_device.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
 #include "pmapi/basicinfo.h"
 #include "pmapi/helpers.h"
 #include "pmapi/meshinfo.h"
 
 using namespace pm;
-using platform::DeviceInfoView;
-using platform::GatewayIdentityView;
-using platform::LanDeviceView;
-using platform::NetworkingDeviceView;
-using platform::WanPppConnectionView;
 
 static constexpr char kSourceTag[] = "object_nexumd_basicinfo_pmapi.c";
 
@@ -56,8 +48,7 @@ struct TextPlace {
 };
 
 template <uint32_t Width>
-consteval TextPlace place(platform::TypedField<platform::FieldKind::kText, true, Width> field,
-                          const char *label) {
+consteval TextPlace place(TypedField<FieldKind::kText, true, Width> field, const char *label) {
   static_assert(Width >= kTextSize);
   return {field.offset, Width, label};
 }

@@ -8,10 +8,8 @@
 #include "frame/status.hpp"
 #include "frame/text.hpp"
 #include "platform/host.h"
-#include "platform/records/route_info.hpp"
-#include "platform/records/wan.hpp"
-#include "platform/views/interface_info.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
 #include "pmapi/basicinfo.h"
 
 using namespace pm;
@@ -30,7 +28,7 @@ enum AddressMode : uint32_t { kIpv4Only = 1, kIpv6Only = 2, kDualStack = 3 };
 constexpr uint32_t kRouteUsable = 1;
 constexpr uint32_t kMaxWanConnections = 32;
 
-using RouteBuffer = RecordBuffer<platform::RouteInfoRecord>;
+using RouteBuffer = RecordBuffer<RouteInfoRecord>;
 
 /// The list of WAN connections with the work areas that the platform wants beside it.
 struct WanConnectionTable {
@@ -49,8 +47,8 @@ struct WanConnectionTable {
 
 /// Lists the connections of the WAN device in use; the lines stand under the search's name.
 int32_t listConnections(const LogOrigin &origin, WanConnectionTable &table) {
-  RecordBuffer<platform::WanDeviceTypeRecord> wanDevice;
-  if (const int32_t status = pm_e8_wanc_get_current_wandtype(wanDevice.bytes); status != kOk) {
+  RecordBuffer<WanDeviceTypeRecord> wanDevice;
+  if (const int32_t status = pm_e8_wanc_get_current_wandtype(&wanDevice); status != kOk) {
     PM_LOG_FOR(origin, kInfo, status, "func pm_e8_wanc_get_current_wandtype fail,iRet=%d", status);
     return status;
   }
@@ -79,8 +77,7 @@ bool isInternetRoute(const RouteBuffer &route) {
 /// Reads the route of one connection; false when the search has to go on with the next one.
 bool readInternetRoute(const LogOrigin &origin, const InstancePath &connection,
                        RouteBuffer &route) {
-  if (const int32_t status = plib_ifs_get_routeif_info(connection.text, route.bytes);
-      status != kOk) {
+  if (const int32_t status = plib_ifs_get_routeif_info(connection.text, &route); status != kOk) {
     PM_LOG_FOR(origin, kTrace, status, "plib_ifs_get_routeif_info error !,szInstIdentity=%s\n",
                connection.text);
     return false;
@@ -159,7 +156,7 @@ int32_t ubus_get_ifname_from_ifid(const char *ifId) {
     PM_FAIL(0, "if_id is null!!\n");
     return kFailure;
   }
-  ViewBuffer<platform::InterfaceInfoView> view;
+  ViewBuffer<InterfaceInfoView> view;
   view.match(view.interfaceId, ifId);
   InstanceTable<16> found;
   if (const int32_t status = view.query(&found.list); status != kOk) {

@@ -9,15 +9,13 @@
 #include "frame/status.hpp"
 #include "objects/wan_rewriting.hpp"
 #include "platform/device.h"
-#include "platform/records/log_config.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/views/firewall_base.hpp"
-#include "platform/views/wlan_config.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 #include "pmapi/control.h"
 
 using namespace pm;
-using platform::LogConfigRecord;
 
 static constexpr char kSourceTag[] = "object_nexumd_control_pmapi.c";
 
@@ -97,7 +95,7 @@ int32_t pm_ubus_get_pmfctrl(uint32_t *value) {
     return kNullRecord;
   }
   PM_LOG(kInfo, "Get pmfctrl:%d\n", *value);
-  ViewBuffer<platform::WlanConfigView> ssid;
+  ViewBuffer<WlanConfigView> ssid;
   if (const int32_t status = ssid.read(kFirst24GSsid); status != kOk) {
     PM_FAIL(status, "In %s, line%d vcorDbGetView failed!\n", __func__, __LINE__);
     return status;
@@ -168,7 +166,7 @@ int32_t pm_ubus_get_kernelcount(int32_t *count) {
 }
 
 int32_t pm_ubus_lockstatus_get(uint32_t *status) {
-  ViewBuffer<platform::FirewallBaseView> firewall;
+  ViewBuffer<FirewallBaseView> firewall;
   const int32_t result = firewall.read(kFirewallBase);
   if (result == kOk) *status = firewall.get(firewall.lockStatus);
   return result;
@@ -186,11 +184,7 @@ int32_t pm_ubus_led_get(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
   return pm_pdt_get_leds_status(a, b, c, d);
 }
 
-namespace {
-
-constexpr uint32_t kRouterMode = 1;
-
-}  // namespace
+namespace {}  // namespace
 
 int32_t pm_ubus_ipv6enable_get(uint32_t *enable) {
   NetworkingBuffer networking;
@@ -278,7 +272,7 @@ int32_t pm_ubus_set_devlogstats(const DevLogStats *record) {
   if (record->logEnable < 2) config.set(config.logEnable, record->logEnable);
   config.set(config.logLevel, platformLevel(record->logLevel));
   config.set(config.logParam, record->logParam);
-  if (const int32_t status = pm_log_set_config(config.bytes); status != kOk) {
+  if (const int32_t status = pm_log_set_config(&config); status != kOk) {
     if (status == PLATFORM_NOTHING_CHANGED) PM_FAIL(status, "LogParameter is not change!\n");
     PM_FAIL(status, "set pm_log_set_config error,iRet = %d!\n", status);
     return status;
@@ -293,7 +287,7 @@ int32_t pm_ubus_logstats_get(DevLogStats *record) {
     return kFailure;
   }
   RecordBuffer<LogConfigRecord> config;
-  if (const int32_t status = pm_log_get_config(config.bytes); status != kOk) {
+  if (const int32_t status = pm_log_get_config(&config); status != kOk) {
     PM_FAIL(status, "pm_log_get_config failed!\n");
     return kFailure;
   }

@@ -4,11 +4,10 @@
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "platform/records/http_speed.hpp"
+#include "platform/device.hpp"
 #include "pmapi/detection.h"
 
 using namespace pm;
-using platform::HttpSpeedReply;
 
 static constexpr char kSourceTag[] = "object_nexumd_detection_pmapi.c";
 
@@ -18,7 +17,7 @@ constexpr uint32_t kTestMarker = 4;
 constexpr uint32_t kRateShift = 10;
 constexpr uint32_t kTextSize = 32;
 
-using SpeedReply = ProxyReply<HttpSpeedReply::kSize>;
+using SpeedReply = ProxyReply<HttpDownloadReply::kSize>;
 
 }  // namespace
 
@@ -28,7 +27,7 @@ int32_t ubus_set_httpspeed_diagnostics(const HttpSpeedRequest *record) {
     PM_FAIL(0, "%s para is null", __func__);
     return kFailure;
   }
-  RecordBuffer<platform::HttpSpeedRequest> request;
+  RecordBuffer<HttpDownloadRequest> request;
   request.put(request.requestText, reinterpret_cast<const char *>(record));
   request.put(request.requestWord, record->parameter);
   request.put(request.word272, kTestMarker);
@@ -53,10 +52,10 @@ int32_t ubus_get_httpspeed_result(HttpSpeedResult *record) {
         "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d, pAck->iRet=%d\n", status,
         refusal);
   }
-  const auto rate = loadAs<uint32_t>(reply.bytes, HttpSpeedReply::rate.offset);
+  const auto rate = loadAs<uint32_t>(reply.bytes, HttpDownloadReply::rate.offset);
   snprintf(record->speed, sizeof record->speed, "%dMpbs", rate >> kRateShift);
   char state[kTextSize];
-  copyText(state, reinterpret_cast<const char *>(reply.bytes + HttpSpeedReply::state.offset));
+  copyText(state, reinterpret_cast<const char *>(reply.bytes + HttpDownloadReply::state.offset));
   // How large a difference is depends on the C library; its sign does not.
   const int32_t compared = strcmp(state, "Completed");
   const int32_t difference = (compared > 0) - (compared < 0);

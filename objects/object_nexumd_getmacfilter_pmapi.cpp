@@ -3,7 +3,7 @@
 #include "frame/status.hpp"
 #include "frame/text.hpp"
 #include "platform/firewall.h"
-#include "platform/records/firewall_base.hpp"
+#include "platform/firewall.hpp"
 #include "pmapi/config.h"
 #include "pmapi/macfilter.h"
 
@@ -13,14 +13,14 @@ static constexpr char kSourceTag[] = "object_nexumd_getmacfilter_pmapi.c";
 
 namespace {
 
-using FirewallBase = RecordBuffer<platform::FirewallBaseRecord>;
+using FirewallBase = RecordBuffer<FirewallBaseRecord>;
 
 constexpr uint32_t kWhiteList = 1;
 constexpr uint32_t kEntriesSize = 128;
 constexpr char kItemStore[] = "/userconfig/nexumd_cfgfile";
 
 bool readFirewallBase(const LogOrigin &origin, FirewallBase &base) {
-  const int32_t status = pm_fw_get_base(kGatewayPath.text, base.bytes);
+  const int32_t status = pm_fw_get_base(kGatewayPath.text, &base);
   if (status == kOk) return true;
   PM_LOG_FOR(origin, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
   return false;

@@ -4,8 +4,8 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/device.h"
+#include "platform/device.hpp"
 #include "platform/host.h"
-#include "platform/records/cpu_info.hpp"
 #include "pmapi/hardwareinfo.h"
 
 using namespace pm;
@@ -62,8 +62,8 @@ int32_t pm_ubus_get_hardware_info(HardwareInfoRecord *record) {
     PM_FAIL(status, "get ramSize failed! \n");
     return kFailure;
   }
-  RecordBuffer<platform::CpuInfoRecord> processor;
-  if (const int32_t status = pm_srm_get_update_cpu_info(kGatewayPath.text, processor.bytes);
+  RecordBuffer<CpuInfoRecord> processor;
+  if (const int32_t status = pm_srm_get_update_cpu_info(kGatewayPath.text, &processor);
       status != kOk) {
     PM_FAIL(status, "pm_srm_get_update_cpu_info fail\n");
     return kFailure;

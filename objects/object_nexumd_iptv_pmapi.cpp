@@ -4,11 +4,10 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/traffic_rules.h"
-#include "platform/views/iptv_vlan_binding.hpp"
+#include "platform/traffic_rules.hpp"
 #include "pmapi/iptv.h"
 
 using namespace pm;
-using platform::IptvVlanBindingView;
 
 static constexpr char kSourceTag[] = "object_nexumd_iptv_pmapi.c";
 

@@ -10,10 +10,7 @@
 #include "frame/text.hpp"
 #include "objects/url_rules.hpp"
 #include "platform/host.h"
-#include "platform/records/bandwidth_limit.hpp"
-#include "platform/records/time_policy_messages.hpp"
-#include "platform/views/device_limit.hpp"
-#include "platform/views/time_policy.hpp"
+#include "platform/limits.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/limit.h"
 
@@ -43,7 +40,7 @@ constexpr uint32_t kMacTextSize = 32;
 constexpr size_t kComparedUrlMac = 6;
 
 using PolicyTable = InstanceTable<16>;
-using TimePolicy = ViewBuffer<platform::TimePolicyView>;
+using TimePolicy = ViewBuffer<TimePolicyView>;
 
 /// The node behind `link`, nullptr at the end of the list. An update clears the links of its node,
 /// so a walk may end before it is back at the head.
@@ -199,7 +196,7 @@ bool openTimePolicy(const LogOrigin &origin, const PolicyTable &found, uint32_t 
 void announceTimePolicy(const DevLmtCfg &limit, const TimePolicy &policy) {
   g_ubus_RecentdwApp = limit.instance;
   si_ubus_devLimit_register_timepolicy(static_cast<uint32_t>(limit.lmtMode), limit.instance);
-  RecordBuffer<platform::TimePolicyMessage> message;
+  RecordBuffer<TimePolicyMessage> message;
   message.put(message.policy, policy.bytes);
   ASEND(TIME_POLICY_SET, message.bytes, message.kSize, MANAGER_MODULE_TIME_POLICY);
 }
@@ -264,11 +261,11 @@ int32_t deleteBandwidth(const LogOrigin &origin, const InstancePath &identity) {
 
 int32_t setBandwidth(const LogOrigin &origin, const InstancePath &identity,
                      const DevLmtCfg &limit) {
-  RecordBuffer<platform::BandwidthLimitRecord> bandwidth;
+  RecordBuffer<BandwidthLimitRecord> bandwidth;
   bandwidth.set(bandwidth.mac, limit.mac);
   bandwidth.set(bandwidth.txRate, scaledRate(limit.txRate));
   bandwidth.set(bandwidth.rxRate, scaledRate(limit.rxRate));
-  RecordBuffer<platform::BandwidthLimitRequest> request;
+  RecordBuffer<BandwidthLimitRequest> request;
   request.put(request.identity, identity.text);
   request.put(request.limit, bandwidth.bytes);
   return sendEvent(origin, CTSGW_EVENT_SET_BW, request.bytes, request.kSize,
@@ -337,7 +334,7 @@ void si_ubus_lmturl_command(LmtUrlCfg *config, const char *operation) {
 }
 
 int32_t si_ubus_devLimit_register_timepolicy(uint32_t lmtMode, uint32_t instance) {
-  RecordBuffer<platform::TimePolicyRegistration> registration;
+  RecordBuffer<TimePolicyRegistration> registration;
   registration.put(registration.instance, instance);
   registration.put(registration.instanceAgain, instance);
   registration.put(registration.limitMode, lmtMode);
@@ -348,7 +345,7 @@ int32_t si_ubus_devLimit_register_timepolicy(uint32_t lmtMode, uint32_t instance
 }
 
 int32_t is_mac_exist(const uint8_t mac[6], char identity[32]) {
-  ViewBuffer<platform::DeviceLimitView> key;
+  ViewBuffer<DeviceLimitView> key;
   key.match(key.mac, mac);
   InstanceTable<16> found;
   if (key.query(&found.list) != kOk || found.count() == 0) return 0;

@@ -2,14 +2,13 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/ports.h"
-#include "platform/records/port.hpp"
-#include "platform/views/eth_port_config.hpp"
+#include "platform/ports.hpp"
 #include "platform/wan.h"
 #include "pmapi/helpers.h"
 #include "pmapi/port.h"
 
 using namespace pm;
-using PortConfigBuffer = ViewBuffer<platform::EthPortConfigView>;
+using PortConfigBuffer = ViewBuffer<EthPortConfigView>;
 
 static constexpr char kSourceTag[] = "object_nexumd_port_pmapi.c";
 
@@ -25,14 +24,14 @@ constexpr uint32_t kUplinkRates = 3;
 constexpr uint32_t kPortSelector = static_cast<uint32_t>(-9);
 
 void fillMac(const LogOrigin &origin, PortConfigBuffer &config, PortInfoRecord *record) {
-  RecordBuffer<platform::PortMacParameterRecord> parameters;
+  RecordBuffer<PortMacParameterRecord> parameters;
   parameters.put(parameters.selector, kPortSelector);
   parameters.put(parameters.parameterRun1, config.get(config.parameterRun1));
   parameters.put(parameters.parameterRun2, config.get(config.parameterRun2));
   parameters.put(parameters.parameterRun3, config.get(config.parameterRun3));
-  RecordBuffer<platform::PortMacResultRecord> result;
-  pm_mac_prm_op(PM_MAC_PRM_OP_GET, result.bytes, config.bytes + config.macParameterId.offset,
-                parameters.bytes);
+  RecordBuffer<PortMacResultRecord> result;
+  pm_mac_prm_op(PM_MAC_PRM_OP_GET, &result, config.bytes + config.macParameterId.offset,
+                &parameters);
   MacToStr(result.get(result.mac), record->portMac, sizeof record->portMac);
   PM_LOG_FOR(origin, kInfo, 0, "p_portinfo->portMac : %s!\n ", record->portMac);
 }
@@ -54,8 +53,8 @@ void fillUplink(const LogOrigin &origin, uint32_t port, PortInfoRecord *record) 
 int32_t fillLan(const LogOrigin &origin, const char *instance, const PortConfigBuffer &config,
                 PortInfoRecord *record) {
   record->portType = kLanPort;
-  RecordBuffer<platform::PortLinkStateRecord> link;
-  if (const int32_t status = pm_eth_get_port_link_state(instance, link.bytes); status != kOk) {
+  RecordBuffer<PortLinkStateRecord> link;
+  if (const int32_t status = pm_eth_get_port_link_state(instance, &link); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "[pm_eth_get_port_link_state] failed, retcode = %d\n",
                status);
     return status;

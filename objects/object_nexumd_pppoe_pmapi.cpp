@@ -2,8 +2,8 @@
 #include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "platform/records/pppoe_account.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
 #include "pmapi/pppoe.h"
 
 using namespace pm;
@@ -23,11 +23,11 @@ int32_t pm_ubus_pppoe_set(const UbusPppoe *record) {
   const UbusPppoe &account = bounded.request();
   PM_LOG(kInfo, "ubuspppoe->pppoeUser:%s, ubuspppoe->pppoePwd:%s\n", account.pppoeUser,
          account.pppoePwd);
-  RecordBuffer<platform::PppoeAccountRecord> settings;
+  RecordBuffer<PppoeAccountRecord> settings;
   // A name without an end runs on into the password; it is then too long and sent as invalid.
   settings.set(settings.userName, reinterpret_cast<const char *>(&account));
   settings.set(settings.password, account.pppoePwd);
-  const int32_t status = pm_wanc_set_ppp_username_passwd(settings.bytes);
+  const int32_t status = pm_wanc_set_ppp_username_passwd(&settings);
   if (status != kOk) PM_FAIL(status, "call pm_wanc_set_ppp_username_passwd faild,ret=%d\n", status);
   return status;
 }

@@ -7,13 +7,13 @@
 #include "frame/status.hpp"
 #include "platform/host.h"
 #include "platform/traffic_rules.h"
-#include "platform/views/qos_classification.hpp"
+#include "platform/traffic_rules.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/qos.h"
 
 using namespace pm;
-using RuleBuffer = RecordBuffer<platform::QosClassificationRecord>;
-using RuleView = ViewBuffer<platform::QosClassificationView>;
+using RuleBuffer = RecordBuffer<QosClassificationRecord>;
+using RuleView = ViewBuffer<QosClassificationView>;
 
 static constexpr char kSourceTag[] = "object_nexumd_qos_pmapi.c";
 
@@ -23,13 +23,13 @@ constexpr uint32_t kCapacity = 30;
 using RuleTable = InstanceTable<kCapacity>;
 
 /// A text that is no address leaves what the rule before had.
-void setAddress(RuleBuffer &rule, platform::Word field, const char *text) {
+void setAddress(RuleBuffer &rule, Word field, const char *text) {
   uint32_t address = rule.get(field);
   StrToIP(text, &address);
   rule.set(field, address);
 }
 
-void setMac(RuleBuffer &rule, platform::Mac field, const char *text) {
+void setMac(RuleBuffer &rule, Mac field, const char *text) {
   uint8_t mac[6];
   memcpy(mac, rule.get(field), sizeof mac);
   StrToMAC(text, mac);
@@ -92,7 +92,7 @@ int32_t pm_ubus_nexumd_qos_set(const UbusQos *record) {
     fillRule(rule, record->qosCommon, asked.request);
     PM_LOG(kInfo, " paraseOK before pm_ubus_nexumd ");
     char identity[PLATFORM_INSTANCE_SIZE] = {};
-    pm_qos_qc_set_config(identity, rule.bytes);
+    pm_qos_qc_set_config(identity, &rule);
   }
   PM_LOG(kInfo, " pm_ubus_nexumd_qos_set success");
   return kOk;

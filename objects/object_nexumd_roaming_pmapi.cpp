@@ -8,17 +8,13 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "platform/host.h"
-#include "platform/records/radio_info.hpp"
-#include "platform/records/wlan_band_steering.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_hosts.hpp"
-#include "platform/views/associated_device.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/roaming.h"
 
 using namespace pm;
-using AssociationBuffer = ViewBuffer<platform::AssociatedDeviceView>;
+using AssociationBuffer = ViewBuffer<AssociatedDeviceView>;
 using SteeringBuffer = RecordBuffer<WlanBandSteeringRecord>;
 
 static constexpr char kSourceTag[] = "object_nexumd_roaming_pmapi.c";
@@ -247,8 +243,8 @@ int32_t queryAssociations(const LogOrigin &origin, const uint8_t mac[6],
 /// Blocks the association of that name and takes it away.
 int32_t blockAndRemove(const char *name) {
   AssociationBuffer station;
-  if (pm_wlan_get_ad(name, station.bytes) != kOk) return kFailure;
-  pm_wlan_add_blklist(name, station.bytes);
+  if (pm_wlan_get_ad(name, &station) != kOk) return kFailure;
+  pm_wlan_add_blklist(name, &station);
   return pm_wlan_del_ad(name);
 }
 
@@ -296,12 +292,11 @@ struct AssociatedHost {
 };
 
 bool findHost(const uint8_t mac[6], AssociatedHost &host) {
-  using platform::WlanHostEntry;
   RecordBuffer<WlanHostTable> table;
   if (ctSgw_wlanGetHostInfo(&table) != kOk) return false;
-  const uint32_t count = clampCount(table.get(table.count), WlanHostTable::kMaxEntries);
+  const uint32_t count = clampCount(table.get(table.count), WlanHostTable::Entries::kCount);
   for (uint32_t i = 0; i < count; ++i) {
-    const uint8_t *entry = table.get(table.entries) + i * WlanHostEntry::kSize;
+    const uint8_t *entry = table.row(table.entries, i);
     if (memcmp(entry + WlanHostEntry::mac.offset, mac, 6) != 0) continue;
     host.ssidNumber = loadAs<uint32_t>(entry, WlanHostEntry::ssidNumber.offset);
     host.rssi = loadAs<int32_t>(entry, WlanHostEntry::rssi.offset);
@@ -333,7 +328,7 @@ int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
     PM_FAIL(status, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_WLANRADIOINFO error!\n");
     return kFailure;
   }
-  RecordBuffer<platform::RadioInfoRecord> radio;
+  RecordBuffer<RadioInfoRecord> radio;
   reply.copyPayload(radio.bytes, radio.kSize);
   copyText(record->radio, radioType == 1 ? "5G" : "2.4G");
   printDecimal(record->rssi, host.rssi);

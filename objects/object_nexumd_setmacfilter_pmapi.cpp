@@ -5,9 +5,7 @@
 #include "frame/status.hpp"
 #include "frame/text.hpp"
 #include "platform/firewall.h"
-#include "platform/records/firewall_base.hpp"
-#include "platform/records/mac_filter_entry.hpp"
-#include "platform/views/mac_filter.hpp"
+#include "platform/firewall.hpp"
 #include "pmapi/macfilter.h"
 
 using namespace pm;
@@ -29,8 +27,8 @@ using InstanceText = char[PLATFORM_INSTANCE_SIZE];
 
 /// Brings the firewall's switches in line; writes only what differs.
 int32_t applySwitches(const LogOrigin &origin, uint8_t enable, uint8_t policy) {
-  RecordBuffer<platform::FirewallBaseRecord> base;
-  int32_t status = pm_fw_get_base(kGatewayPath.text, base.bytes);
+  RecordBuffer<FirewallBaseRecord> base;
+  int32_t status = pm_fw_get_base(kGatewayPath.text, &base);
   if (status != kOk) {
     PM_LOG_FOR(origin, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
     return kFailure;
@@ -41,7 +39,7 @@ int32_t applySwitches(const LogOrigin &origin, uint8_t enable, uint8_t policy) {
 
   if (enableDiffers) base.set(base.macFilterEnable, enable);
   if (policyDiffers) base.set(base.macFilterPolicy, policy);
-  status = pm_fw_set_base(kGatewayPath.text, base.bytes);
+  status = pm_fw_set_base(kGatewayPath.text, &base);
   if (status == kOk) return kOk;
   PM_LOG_FOR(origin, kError, status, "[pm_fw_set_base] failed, retcode = %d\n", status);
   return PM_STATUS_NOT_WRITTEN;
@@ -56,7 +54,7 @@ int32_t net_parse_mac_filter_data(uint8_t enable, uint8_t policy, const uint8_t 
   if (const int32_t status = applySwitches(PM_ORIGIN, enable, policy); status != kOk) return status;
   if (memcmp(mac, kNoMac, sizeof kNoMac) == 0 || enable != kOn) return kOk;
 
-  RecordBuffer<platform::MacFilterEntryRecord> entry;
+  RecordBuffer<MacFilterEntryRecord> entry;
   entry.set(entry.type, kEntryTypeSource);
   entry.set(entry.protocol, kEntryAllProtocols);
   entry.set(entry.sourceMac, mac);
@@ -65,7 +63,7 @@ int32_t net_parse_mac_filter_data(uint8_t enable, uint8_t policy, const uint8_t 
          kEntryTypeSource, kEntryAllProtocols);
 
   InstanceText identity = {};
-  if (const int32_t status = pm_mac_filterset(identity, entry.bytes); status != kOk) {
+  if (const int32_t status = pm_mac_filterset(identity, &entry); status != kOk) {
     PM_FAIL(status, "pm_mac_filterset Error !\n");
     return kFailure;
   }
@@ -83,7 +81,7 @@ int32_t net_del_mac_filter_data() {
   const uint32_t count = clampCount(list.dwCount, kTableSize);
   for (uint32_t i = 0; i < count; ++i) {
     const InstancePath identity(identities[i]);
-    ViewBuffer<platform::MacFilterView> entry;
+    ViewBuffer<MacFilterView> entry;
     entry.read(identity);
     pm_mac_filterdel(identity.text);
   }

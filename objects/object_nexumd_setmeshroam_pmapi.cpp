@@ -1,7 +1,7 @@
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "platform/records/wlan_easymesh.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/setmeshroam.h"
 
 using namespace pm;

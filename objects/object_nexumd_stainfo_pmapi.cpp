@@ -6,12 +6,11 @@
 #include "frame/rate_text.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
+#include "platform/attached_devices.hpp"
 #include "platform/host.h"
 #include "platform/ports.h"
-#include "platform/records/wlan_config.hpp"
-#include "platform/views/access_device.hpp"
-#include "platform/views/associated_device.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/stainfo.h"
 
@@ -97,8 +96,7 @@ namespace {
 constexpr uint32_t kRateUnit = 1000;
 
 /// Fills what the association says.
-void fillAssociation(const LogOrigin &origin,
-                     ViewBuffer<platform::AssociatedDeviceView> &association,
+void fillAssociation(const LogOrigin &origin, ViewBuffer<AssociatedDeviceView> &association,
                      StaConfigResult *result) {
   const int32_t rssi = association.getSigned(association.rssi);
   PM_LOG_FOR(origin, kError, 0, "staconfig -> rssi=%d\n", rssi);
@@ -132,7 +130,7 @@ int32_t readWirelessLink(const LogOrigin &origin, const uint8_t *mac, StaConfigR
     PM_LOG_FOR(origin, kError, 0, "tAdList.dwCount=%d\n", matches.reported());
     return kFailure;
   }
-  ViewBuffer<platform::AssociatedDeviceView> association;
+  ViewBuffer<AssociatedDeviceView> association;
   if (const int32_t status = association.read(matches.at(0)); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
     return status;
@@ -212,7 +210,7 @@ int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
 namespace {
 
 int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
-  ViewBuffer<platform::AccessDeviceView> access;
+  ViewBuffer<AccessDeviceView> access;
   if (const int32_t status = access.read(path); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "get DBVIEW_ACCESS_DEV failed, iRet=%d\n", status);
     return PM_STATUS_UNREADABLE;
@@ -231,7 +229,7 @@ int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRec
 
 int32_t fillTraffic(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
   StationStatisticsBuffer traffic;
-  if (pm_bw_get_hard_stats(path.text, traffic.bytes) != kOk) return PM_STATUS_UNREADABLE;
+  if (pm_bw_get_hard_stats(path.text, &traffic) != kOk) return PM_STATUS_UNREADABLE;
   PM_LOG_FOR(origin, kInfo, 0, "out pm_bw_get_hard_stats");
   record->totalBytesSent = traffic.get(traffic.totalBytesSent);
   record->totalBytesReceived = traffic.get(traffic.totalBytesReceived);

@@ -6,13 +6,12 @@
 #include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "platform/records/timer_control.hpp"
 #include "platform/timers.h"
+#include "platform/timers.hpp"
 #include "pmapi/timedtask.h"
 
 using namespace pm;
-using platform::TimerControlRecord;
-using EntryBuffer = RecordBuffer<platform::TimerEntry>;
+using EntryBuffer = RecordBuffer<TimerEntry>;
 using ControlBuffer = RecordBuffer<TimerControlRecord>;
 
 static constexpr char kSourceTag[] = "object_nexumd_timedtask_pmapi.c";
@@ -28,25 +27,24 @@ constexpr uint32_t kSunday = 7;
 constexpr uint32_t kWeekdays = 8;
 constexpr uint32_t kTimeSize = 32;
 constexpr int32_t kReplaceableTasks = 32;
-constexpr uint32_t kRequestSize = 32;
 
-using ServiceCall = int32_t (*)(void *, void *);
+using ServiceCall = int32_t (*)(TimerRequest *, TimerControlRecord *);
 
 // The platform's calls are called here and nowhere passed on: an address of theirs would be looked
 // up when the library is loaded, and a daemon without timer services could not load it.
-int32_t getWakeUps(void *request, void *control) {
+int32_t getWakeUps(TimerRequest *request, TimerControlRecord *control) {
   return pm_app_wake_up_control_get(request, control);
 }
 
-int32_t setWakeUp(void *request, void *control) {
+int32_t setWakeUp(TimerRequest *request, TimerControlRecord *control) {
   return pm_app_wake_up_control_set(request, control);
 }
 
-int32_t getSchedules(void *request, void *control) {
+int32_t getSchedules(TimerRequest *request, TimerControlRecord *control) {
   return pm_wlan_ex_control_get(request, control);
 }
 
-int32_t setSchedule(void *request, void *control) {
+int32_t setSchedule(TimerRequest *request, TimerControlRecord *control) {
   return pm_wlan_ex_control_set(request, control);
 }
 
@@ -61,17 +59,17 @@ constexpr TimerService kWakeUps{"pm_app_wake_up_control_get", getWakeUps, setWak
 constexpr TimerService kSchedules{"pm_wlan_ex_control_get", getSchedules, setSchedule, true};
 
 int32_t call(ServiceCall service, ControlBuffer &control) {
-  uint8_t request[kRequestSize] = {};
-  return service(request, control.bytes);
+  RecordBuffer<TimerRequest> request;
+  return service(&request, &control);
 }
 
 uint32_t entryCount(const ControlBuffer &control) {
-  return clampCount(control.get(control.entryCount), TimerControlRecord::kMaxEntries);
+  return clampCount(control.get(control.entryCount), TimerControlRecord::Entries::kCount);
 }
 
 /// Takes one entry out of a service's answer, its day count bounded.
 void loadEntry(const ControlBuffer &control, uint32_t position, EntryBuffer &entry) {
-  memcpy(entry.bytes, control.get(control.entries) + position * entry.kSize, entry.kSize);
+  memcpy(entry.bytes, control.row(control.entries, position), entry.kSize);
   entry.put(entry.weekdayCount, clampCount(entry.get(entry.weekdayCount), kWeekdays));
 }
 

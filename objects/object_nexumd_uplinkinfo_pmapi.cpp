@@ -12,28 +12,13 @@
 #include "objects/uplink_rates.hpp"
 #include "platform/host.h"
 #include "platform/ports.h"
-#include "platform/records/link_status.hpp"
-#include "platform/records/port.hpp"
-#include "platform/views/dss_config.hpp"
-#include "platform/views/dss_info.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/prefix_config.hpp"
-#include "platform/views/route_interface.hpp"
-#include "platform/views/wan_connection.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
+#include "platform/ports.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/uplinkinfo.h"
 
 using namespace pm;
-using platform::DssConfigView;
-using platform::DssInfoView;
-using platform::NetworkingDeviceView;
-using platform::PortStatisticsRecord;
-using platform::PrefixConfigView;
-using platform::RouteInterfaceView;
-using platform::WanConnectionView;
-using platform::WanPppConnectionView;
 
 static constexpr char kSourceTag[] = "object_nexumd_uplinkinfo_pmapi.c";
 
@@ -51,7 +36,7 @@ struct KeyField {
 };
 
 template <class View, uint32_t Width>
-consteval KeyField keyField(platform::TypedField<platform::FieldKind::kText, true, Width> field,
+consteval KeyField keyField(TypedField<FieldKind::kText, true, Width> field,
                             bool reportsFailure = false) {
   return {View::kId, View::kSize, field.offset, Width - 4, reportsFailure};
 }
@@ -294,7 +279,7 @@ void fillAccess(ViewBuffer<NetworkingDeviceView> &networking, UplinkInfoRecord *
   printDecimal(record->runningTime, GetUpTime());
 }
 
-using LinkBuffer = RecordBuffer<platform::LinkStatusRecord>;
+using LinkBuffer = RecordBuffer<LinkStatusRecord>;
 
 /// Asks for the link of the gateway as a client in one band; a link that cannot be asked for is
 /// down.
@@ -373,7 +358,7 @@ void reportFailure(const LogOrigin &origin, const char *call, int32_t status) {
 
 void fillPortCounters(const LogOrigin &origin, const InstancePath &port, UplinkInfoRecord *record) {
   RecordBuffer<PortStatisticsRecord> statistics;
-  const int32_t status = pm_eth_get_port_basic_statstics(port.text, statistics.bytes);
+  const int32_t status = pm_eth_get_port_basic_statstics(port.text, &statistics);
   if (status != kOk) statistics.clear();
   reportFailure(origin, "pm_eth_get_port_basic_statstics", status);
   for (uint32_t i = 0; i < 8; ++i) {

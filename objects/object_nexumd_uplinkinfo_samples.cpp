@@ -9,7 +9,7 @@
 #include "objects/sample_modes.hpp"
 #include "objects/uplink_rates.hpp"
 #include "platform/host.h"
-#include "platform/views/sample_config.hpp"
+#include "platform/sampling.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/uplinkinfo.h"
 
@@ -203,7 +203,7 @@ namespace {
 
 /// Takes the intervals over from the platform. Those of IPv6 are fixed.
 int32_t refreshIntervals(const LogOrigin &origin) {
-  ViewBuffer<platform::SampleConfigView> config;
+  ViewBuffer<SampleConfigView> config;
   if (const int32_t status = config.read(kGatewayPath); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "{si_sample } get err: %i", status);
     return status;

@@ -2,7 +2,7 @@
 #include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "platform/views/uplink_rate_config.hpp"
+#include "platform/sampling.hpp"
 #include "pmapi/uplinkrate_config.h"
 
 using namespace pm;
@@ -21,7 +21,7 @@ int32_t pm_ubus_uplinkrate_config_set(const UplinkRateConfigRecord *record) {
          "ubusuplinkrate_config->interface:%s, ubusuplinkrate_config->reportInterval:%s, "
          "ubusuplinkrate_config->sampleInterval:%s\n",
          request.interface, request.reportInterval, request.sampleInterval);
-  ViewBuffer<platform::UplinkRateConfigView> config;
+  ViewBuffer<UplinkRateConfigView> config;
   config.set(config.interfaceName, request.interface);
   config.set(config.reportInterval, request.reportInterval);
   config.set(config.sampleInterval, request.sampleInterval);

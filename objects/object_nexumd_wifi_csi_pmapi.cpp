@@ -2,8 +2,8 @@
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "platform/records/wlan_csi.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 #include "pmapi/wifi_csi.h"
 
 using namespace pm;

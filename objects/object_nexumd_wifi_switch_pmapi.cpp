@@ -3,7 +3,7 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
-#include "platform/records/wlan_config.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/wifi_switch.h"
 
 using namespace pm;

@@ -2,7 +2,7 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
-#include "platform/records/wlan_wps.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/wifi_wps.h"
 
 using namespace pm;

@@ -2,10 +2,7 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_driver.hpp"
-#include "platform/records/wlan_keys.hpp"
-#include "platform/records/wlan_tx_power.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/wifiinfo.h"
 
 using namespace pm;

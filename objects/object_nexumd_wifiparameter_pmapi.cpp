@@ -5,8 +5,7 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_keys.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/wifiparameter.h"
 
 using namespace pm;

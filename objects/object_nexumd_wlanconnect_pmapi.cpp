@@ -3,10 +3,9 @@
 #include "frame/status.hpp"
 #include "objects/wlan_scan.hpp"
 #include "objects/wlan_tables.hpp"
-#include "platform/records/wan.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wlan_client.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/wlanconnect.h"
 
 using namespace pm;
@@ -30,7 +29,7 @@ int32_t switchUplink(const LogOrigin &origin) {
                origin.function, status);
     return status;
   }
-  ViewBuffer<platform::NetworkingDeviceView> networking;
+  ViewBuffer<NetworkingDeviceView> networking;
   networking.set(networking.uplinkMode, kWlanClientUplink);
   if (const int32_t status = networking.write(kGatewayPath); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "[%s] set DBVIEW_NETWORKING_DEV_INFO failed! iRet:%d\n",
@@ -38,11 +37,11 @@ int32_t switchUplink(const LogOrigin &origin) {
     return status;
   }
   vcorDbSave();
-  RecordBuffer<platform::UpModeBlock> block;
+  RecordBuffer<UpModeBlock> block;
   block.put(block.mode, before.mode);
   block.put(block.port, before.port);
   const UpModeInfo after{UP_MODE_WLAN, before.port};
-  if (const int32_t status = pm_upmode_info_set(&before, &after, block.bytes); status != kOk) {
+  if (const int32_t status = pm_upmode_info_set(&before, &after, &block); status != kOk) {
     PM_LOG_FOR(origin, kError, status, "error:pm_upmode_info_set\n");
   }
   return kOk;
@@ -89,7 +88,7 @@ int32_t selectNetwork(const LogOrigin &origin, uint32_t band, const HeardAccessP
 }
 
 int32_t recordClient(const LogOrigin &origin) {
-  ViewBuffer<platform::WlanClientView> client;
+  ViewBuffer<WlanClientView> client;
   client.set(client.clientFlag1, 1);
   client.set(client.clientFlag2, 1);
   client.set(client.clientFlag3, 1);

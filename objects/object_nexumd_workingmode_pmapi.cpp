@@ -1,12 +1,11 @@
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "platform/records/working_mode.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
 #include "pmapi/workingmode.h"
 
 using namespace pm;
-using platform::WorkingModeRecord;
 
 static constexpr char kSourceTag[] = "object_nexumd_workingmode_pmapi.c";
 
@@ -39,7 +38,7 @@ int32_t pm_ubus_workingmode_set(const UbusWorkingMode *record) {
   mode.set(mode.serviceList, WAN_SERVICE_INTERNET);
   mode.set(mode.addressingType, "DHCP");
   mode.set(mode.text4516, WAN_NO_LAN_BINDING);
-  const int32_t status = pm_wanc_change_brg_route_mode(mode.bytes, kApplyNow);
+  const int32_t status = pm_wanc_change_brg_route_mode(&mode, kApplyNow);
   if (status != kOk) PM_FAIL(status, "call pm_wanc_change_brg_route_mode faild,ret=%d\n", status);
   return status;
 }

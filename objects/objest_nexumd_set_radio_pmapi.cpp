@@ -3,9 +3,7 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "objects/wlan_tables.hpp"
-#include "platform/records/wlan_card.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_tx_power.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/set_radio.h"
 
 using namespace pm;

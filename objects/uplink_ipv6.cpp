@@ -4,17 +4,9 @@
 
 #include "frame/record_buffer.hpp"
 #include "platform/host.h"
-#include "platform/views/dss_config.hpp"
-#include "platform/views/dss_info.hpp"
-#include "platform/views/prefix_config.hpp"
-#include "platform/views/route_interface.hpp"
+#include "platform/wan.hpp"
 
 namespace pm {
-
-using platform::DssConfigView;
-using platform::DssInfoView;
-using platform::PrefixConfigView;
-using platform::RouteInterfaceView;
 
 namespace {
 

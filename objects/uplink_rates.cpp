@@ -3,7 +3,7 @@
 #include "frame/instance.hpp"
 #include "frame/rate_text.hpp"
 #include "frame/status.hpp"
-#include "platform/views/wan_connection.hpp"
+#include "platform/wan.hpp"
 
 namespace pm {
 
@@ -27,7 +27,7 @@ int32_t sumUplinkRates(const LogOrigin &origin, BandwidthQuery query, int32_t un
   uint64_t rx = 0;
   BandwidthBuffer counters;
   for (uint32_t i = 0; i < connections.count(); ++i) {
-    ViewBuffer<platform::WanConnectionView> connection;
+    ViewBuffer<WanConnectionView> connection;
     if (connection.read(connections.at(i)) != kOk) return unreadable;
     BandwidthRequestBuffer request;
     request.put(request.interfaceName, connection.text(connection.interfaceName));

@@ -3,14 +3,14 @@
 
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
-#include "platform/records/bandwidth.hpp"
+#include "platform/sampling.hpp"
 
 namespace pm {
 
 constexpr uint32_t kRateTextSize = 64;
 
-using BandwidthRequestBuffer = RecordBuffer<platform::BandwidthRequest>;
-using BandwidthBuffer = RecordBuffer<platform::BandwidthReply>;
+using BandwidthRequestBuffer = RecordBuffer<BandwidthRequest>;
+using BandwidthBuffer = RecordBuffer<BandwidthReply>;
 
 /// Asks for the counters of one interface. Stopped: the walk ends with `status` as its result.
 struct BandwidthAnswer {

@@ -1,19 +1,10 @@
 #include "objects/wan_rewriting.hpp"
 
 #include "frame/status.hpp"
-#include "platform/records/wan_ip_ext.hpp"
-#include "platform/records/wan_ppp_ext.hpp"
-#include "platform/views/wan_connection.hpp"
-#include "platform/views/wan_ip_connection.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
 #include "platform/wan.h"
+#include "platform/wan.hpp"
 
 namespace pm {
-
-using platform::WanIpConnectionView;
-using platform::WanIpExtRecord;
-using platform::WanPppConnectionView;
-using platform::WanPppExtRecord;
 
 namespace {
 
@@ -84,7 +75,7 @@ int32_t rewritePpp(const LogOrigin &origin, const char *path) {
   connection.set(connection.password, ppp.text(ppp.password));
   connection.set(connection.text5924, WAN_NO_LAN_BINDING);
   char instance[kWanPathSize] = {};
-  const int32_t status = pm_e8_wanc_set_comm_ppp_ext(instance, connection.bytes);
+  const int32_t status = pm_e8_wanc_set_comm_ppp_ext(instance, &connection);
   if (appliedOrUnchanged(status)) return kOk;
   PM_LOG_FOR(origin, kError, status, "[%s] pm_e8_wanc_set_comm_ppp_ext failed! iret:%d\n",
              origin.function, status);
@@ -106,7 +97,7 @@ int32_t rewriteIp(const LogOrigin &origin, const char *path, bool isStatic) {
   connection.set(connection.serviceList, WAN_SERVICE_INTERNET);
   connection.set(connection.text4464, WAN_NO_LAN_BINDING);
   char instance[kWanPathSize] = {};
-  const int32_t status = pm_e8_wanc_set_comm_ip_ext(instance, connection.bytes);
+  const int32_t status = pm_e8_wanc_set_comm_ip_ext(instance, &connection);
   if (appliedOrUnchanged(status)) return kOk;
   PM_LOG_FOR(origin, kError, status, "[%s] pm_e8_wanc_set_comm_ip_ext failed! iRet:%d\n",
              origin.function, status);
@@ -119,7 +110,7 @@ int32_t rewriteConnection(const LogOrigin &origin, NetworkingBuffer &networking)
   char path[kWanPathSize] = {};
   copyText(path, networking.text(networking.wanInstance));
   {
-    ViewBuffer<platform::WanConnectionView> connection;
+    ViewBuffer<WanConnectionView> connection;
     if (const int32_t status = connection.readAt(path); status != kOk) {
       PM_LOG_FOR(origin, kError, status, "getdbview wanc error, iRet is %d\n", status);
       return status;

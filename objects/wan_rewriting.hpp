@@ -3,11 +3,11 @@
 
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
-#include "platform/views/networking_device.hpp"
+#include "platform/wan.hpp"
 
 namespace pm {
 
-using NetworkingBuffer = ViewBuffer<platform::NetworkingDeviceView>;
+using NetworkingBuffer = ViewBuffer<NetworkingDeviceView>;
 
 /// Makes the Internet connection carry IPv6; `networking` has been read. Returns 0, -1 when the
 /// connections cannot be cleared, or the platform status of the step that failed, which is logged.

@@ -6,8 +6,6 @@
 
 namespace pm {
 
-using platform::WlanApEntry;
-
 namespace {
 
 constexpr uint32_t kScanEverything = UINT32_MAX;
@@ -31,11 +29,11 @@ int32_t listAccessPoints(uint32_t band, ApListBuffer &list) {
 }
 
 uint32_t countOf(const ApListBuffer &list) {
-  return clampCount(list.get(list.count), WlanApList::kMaxEntries);
+  return clampCount(list.get(list.count), WlanApList::Entries::kCount);
 }
 
 HeardAccessPoint accessPointAt(const ApListBuffer &list, uint32_t position) {
-  const uint8_t *entry = list.get(list.entries) + position * WlanApEntry::kSize;
+  const uint8_t *entry = list.row(list.entries, position);
   HeardAccessPoint heard = {};
   memcpy(heard.ssid, entry + WlanApEntry::ssid.offset, WlanApEntry::ssid.width);
   memcpy(heard.bssid, entry + WlanApEntry::bssid.offset, sizeof heard.bssid);

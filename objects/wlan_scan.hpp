@@ -2,8 +2,8 @@
 #pragma once
 
 #include "frame/record_buffer.hpp"
-#include "platform/records/wlan_scan.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 
 namespace pm {
 

@@ -1,10 +1,10 @@
 // pmapi: stands in for the daemon. Calls the library's handlers on a virtual gateway, JSON in and
 // JSON out.
 #include "gateway/temporary_root.hpp"
-#include "tools/command/layout_listing.hpp"
+#include "tools/session/layout_listing.hpp"
 #include "tools/command/listing.hpp"
 #include "tools/command/output.hpp"
-#include "tools/command/session.hpp"
+#include "tools/session/session.hpp"
 #include "tools/command/subcommands.hpp"
 #include "tools/command/transcript.hpp"
 
@@ -33,7 +33,7 @@ int list(const Request &request) {
 
 int call(const Request &request) {
   const Target &target = request.target;
-  const Json arguments = gateway::parseJson(target.arguments, "JSON");
+  const Json arguments = records::parseJson(target.arguments, "JSON");
   const Object &object = findObject(target.object);
   checkArguments(object, findMethod(object, target.method), arguments);
   Session session(request.options);

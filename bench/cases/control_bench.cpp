@@ -4,13 +4,12 @@
 
 #include "bench/bench.hpp"
 #include "platform/device.h"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
+#include "platform/wan.hpp"
 #include "pmapi/control.h"
 
+using namespace platform;
+
 using bench::viewAnswer;
-using platform::NetworkingDeviceView;
-using platform::WanPppConnectionView;
 
 namespace {
 

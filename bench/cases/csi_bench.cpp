@@ -2,8 +2,10 @@
 #include <cstring>
 
 #include "bench/bench.hpp"
-#include "platform/records/wlan_csi.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/wifi_csi.h"
+
+using namespace platform;
 
 using bench::answerTo;
 

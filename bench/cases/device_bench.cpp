@@ -6,16 +6,16 @@
 #include "platform/host.h"
 #include "platform/ports.h"
 #include "platform/proxy.h"
-#include "platform/records/cpu_info.hpp"
-#include "platform/records/http_speed.hpp"
+#include "platform/device.hpp"
 #include "pmapi/detection.h"
 #include "pmapi/hardwareinfo.h"
 #include "pmapi/port.h"
 #include "pmapi/pppoe.h"
 #include "pmapi/workingmode.h"
 
+using namespace platform;
+
 using bench::answerTo;
-using platform::HttpSpeedReply;
 
 namespace {
 
@@ -47,9 +47,9 @@ void describeSpeedTest(uint32_t) {
 
 void finishedSpeedTest(uint32_t) {
   bench::eventAnswer(CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT)
-      .set(HttpSpeedReply::state, "Completed")
-      .set(HttpSpeedReply::rate, 96 * 1024)
-      .length(HttpSpeedReply::rate.end());
+      .set(HttpDownloadReply::state, "Completed")
+      .set(HttpDownloadReply::rate, 96 * 1024)
+      .length(HttpDownloadReply::rate.end());
 }
 
 const bench::Cases cases{

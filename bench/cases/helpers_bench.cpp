@@ -9,11 +9,12 @@
 #include <cstring>
 
 #include "bench/bench.hpp"
-#include "platform/records/device.hpp"
+#include "platform/attached_devices.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/wifiinfo.h"
 
-using platform::DeviceRecord;
+using namespace platform;
+
 
 namespace {
 

@@ -8,11 +8,13 @@
 #include "bench/bench.hpp"
 #include "bench/platform/process.hpp"
 #include "platform/multiap.h"
-#include "platform/views/easymesh.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/mesh_role.h"
 #include "pmapi/meshinfo.h"
 #include "pmapi/meshtopology.h"
 #include "pmapi/setmeshroam.h"
+
+using namespace platform;
 
 namespace {
 

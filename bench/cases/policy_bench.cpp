@@ -6,13 +6,14 @@
 #include "bench/bench.hpp"
 #include "platform/firewall.h"
 #include "platform/host.h"
-#include "platform/records/firewall_base.hpp"
+#include "platform/firewall.hpp"
 #include "platform/traffic_rules.h"
-#include "platform/views/iptv_vlan_binding.hpp"
-#include "platform/views/qos_classification.hpp"
+#include "platform/traffic_rules.hpp"
 #include "pmapi/iptv.h"
 #include "pmapi/macfilter.h"
 #include "pmapi/qos.h"
+
+using namespace platform;
 
 using bench::viewAnswer;
 using bench::viewListAnswer;

@@ -1,7 +1,9 @@
 // Settings of roaming and band steering.
 #include "bench/bench.hpp"
-#include "platform/records/wlan_band_steering.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/roaming.h"
+
+using namespace platform;
 
 using bench::get;
 

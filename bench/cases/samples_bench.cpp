@@ -5,9 +5,8 @@
 #include "bench/bench.hpp"
 #include "bench/platform/process.hpp"
 #include "platform/proxy.h"
-#include "platform/records/bandwidth.hpp"
-#include "platform/views/sample_config.hpp"
-#include "platform/views/wan_connection.hpp"
+#include "platform/sampling.hpp"
+#include "platform/wan.hpp"
 #include "pmapi/uplinkinfo.h"
 
 using bench::viewAnswer;

@@ -10,13 +10,8 @@
 #include "platform/host.h"
 #include "platform/ports.h"
 #include "platform/proxy.h"
-#include "platform/records/device.hpp"
-#include "platform/records/radio_info.hpp"
-#include "platform/records/station_statistics.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_hosts.hpp"
-#include "platform/views/access_device.hpp"
-#include "platform/views/associated_device.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/helpers.h"
 #include "pmapi/roaming.h"
 #include "pmapi/stainfo.h"
@@ -31,7 +26,7 @@ using namespace platform;
 namespace {
 
 constexpr int32_t kIpv4 = 1;
-constexpr uint32_t kMostHosts = WlanHostTable::kMaxEntries;
+constexpr uint32_t kMostHosts = WlanHostTable::Entries::kCount;
 constexpr char kMacText[] = "02a1b2c30000";
 constexpr uint32_t kMacBegin = 0xC3B2A102;
 constexpr char kAssociation[] = "IGD.LD1.WLAN1.AD1";

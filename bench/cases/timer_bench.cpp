@@ -2,17 +2,17 @@
 #include <cstring>
 
 #include "bench/bench.hpp"
-#include "platform/records/timer_control.hpp"
+#include "platform/timers.hpp"
 #include "platform/timers.h"
 #include "pmapi/timedtask.h"
 
+using namespace platform;
+
 using bench::answerTo;
-using platform::TimerControlRecord;
-using platform::TimerEntry;
 
 namespace {
 
-constexpr uint32_t kMostEntries = TimerControlRecord::kMaxEntries;
+constexpr uint32_t kMostEntries = TimerControlRecord::Entries::kCount;
 constexpr uint32_t kMostTasks = kMostEntries + kMostEntries / 2;
 constexpr uint32_t kWorkingDays = 0x3E;
 

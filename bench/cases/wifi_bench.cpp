@@ -3,11 +3,7 @@
 
 #include "bench/bench.hpp"
 #include "platform/host.h"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_driver.hpp"
-#include "platform/records/wlan_keys.hpp"
-#include "platform/records/wlan_scan.hpp"
-#include "platform/records/wlan_tx_power.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/set_radio.h"
 #include "pmapi/wifi_statsinfo.h"
 #include "pmapi/wifi_switch.h"
@@ -16,6 +12,8 @@
 #include "pmapi/wifiparameter.h"
 #include "pmapi/wlan_neighborinfo.h"
 #include "pmapi/wlanconnect.h"
+
+using namespace platform;
 
 using bench::answerTo;
 using bench::get;

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/record.hpp"
+#include "platform/layout.hpp"
 
 namespace bench {
 

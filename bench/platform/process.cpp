@@ -50,7 +50,7 @@ void restoreBlocks(const BlockState &state) {
 
 }  // namespace bench
 
-int32_t ProcUserLog(const char *sourceTag, int32_t line, const char *functionName, int32_t level,
+int32_t platform::ProcUserLog(const char *sourceTag, int32_t line, const char *functionName, int32_t level,
                     int32_t code, const char *format, ...) {
   if (bench::recorder.isOn()) [[unlikely]] {
     note<ProcUserLog>({}, sourceTag, line, functionName, level, code, format, 0, 0);
@@ -58,48 +58,48 @@ int32_t ProcUserLog(const char *sourceTag, int32_t line, const char *functionNam
   return 0;
 }
 
-void *GetUB(uint32_t size) {
+void *platform::GetUB(uint32_t size) {
   note<GetUB>({}, size);
   if (size > bench::kBlockSize || bench::freeCount == 0) return nullptr;
   return bench::freeBlocks[--bench::freeCount];
 }
 
-void RetUB(void *block) {
+void platform::RetUB(void *block) {
   note<RetUB>({}, block);
   bench::freeBlocks[bench::freeCount++] = block;
 }
 
-int32_t StrToMAC(const char *text, uint8_t mac[6]) {
+int32_t platform::StrToMAC(const char *text, uint8_t mac[6]) {
   note<StrToMAC>({}, text, mac);
   bench::answerTo<StrToMAC>.give(mac);
   return 1;
 }
 
-int32_t MACToStr(const uint8_t mac[6], char *text, uint32_t length) {
+int32_t platform::MACToStr(const uint8_t mac[6], char *text, uint32_t length) {
   note<MACToStr>({}, mac, text, length);
   return bench::answerTo<MACToStr>.give(text);
 }
 
-int32_t IPToStr(uint32_t address, char *text, uint32_t length) {
+int32_t platform::IPToStr(uint32_t address, char *text, uint32_t length) {
   note<IPToStr>({}, address, text, length);
   return bench::answerTo<IPToStr>.give(text);
 }
 
-int32_t StrToIP(const char *text, uint32_t *address) {
+int32_t platform::StrToIP(const char *text, uint32_t *address) {
   note<StrToIP>({}, text, address);
   return bench::answerTo<StrToIP>.give(address);
 }
 
-int32_t IPv6ToStr(const uint8_t address[16], char *text, uint32_t length) {
+int32_t platform::IPv6ToStr(const uint8_t address[16], char *text, uint32_t length) {
   note<IPv6ToStr>({}, address, text, length);
   return bench::answerTo<IPv6ToStr>.give(text);
 }
 
-int32_t ChkIPv6(const uint8_t address[16]) {
+int32_t platform::ChkIPv6(const uint8_t address[16]) {
   return plain<ChkIPv6>(address);
 }
 
-char *SafeStrncpy(char *destination, const char *source, uint32_t size) {
+char *platform::SafeStrncpy(char *destination, const char *source, uint32_t size) {
   note<SafeStrncpy>({}, destination, source, size);
   if (size == 0) return destination;
   uint32_t i = 0;
@@ -108,47 +108,47 @@ char *SafeStrncpy(char *destination, const char *source, uint32_t size) {
   return destination;
 }
 
-char *itoa(int32_t value, char *text, int32_t radix) {
+char *platform::itoa(int32_t value, char *text, int32_t radix) {
   note<itoa>({}, value, text, radix);
   bench::answerTo<itoa>.give(text);
   return text;
 }
 
-int32_t GetCpuType(int32_t *type) {
+int32_t platform::GetCpuType(int32_t *type) {
   note<GetCpuType>({}, type);
   return bench::answerTo<GetCpuType>.give(type);
 }
 
-int32_t GetFlashSizeTotal(uint32_t *size) {
+int32_t platform::GetFlashSizeTotal(uint32_t *size) {
   note<GetFlashSizeTotal>({}, size);
   return bench::answerTo<GetFlashSizeTotal>.give(size);
 }
 
-int32_t GetRamSizeTotal(uint32_t *size) {
+int32_t platform::GetRamSizeTotal(uint32_t *size) {
   note<GetRamSizeTotal>({}, size);
   return bench::answerTo<GetRamSizeTotal>.give(size);
 }
 
-int32_t GetMemInfo(MemInfo *figures) {
+int32_t platform::GetMemInfo(MemInfo *figures) {
   return fillTyped<GetMemInfo>(figures, figures);
 }
 
-int32_t GetUpMode(uint32_t *mask) {
+int32_t platform::GetUpMode(uint32_t *mask) {
   note<GetUpMode>({}, mask);
   return bench::answerTo<GetUpMode>.give(mask);
 }
 
-int32_t PcStartProgram(const char *program, const char *commandLine, int32_t reserved1,
+int32_t platform::PcStartProgram(const char *program, const char *commandLine, int32_t reserved1,
                        int32_t reserved2) {
   return plain<PcStartProgram>(program, commandLine, reserved1, reserved2);
 }
 
-void *mapd_interface_ctrl_open(const char *controlPath) {
+void *platform::mapd_interface_ctrl_open(const char *controlPath) {
   note<mapd_interface_ctrl_open>({}, controlPath);
   return bench::blocks;
 }
 
-int32_t mapd_interface_get_topology(void *handle, char *buffer, int32_t *length,
+int32_t platform::mapd_interface_get_topology(void *handle, char *buffer, int32_t *length,
                                     const char *dumpPath) {
   note<mapd_interface_get_topology>({static_cast<uint32_t>(*length)}, handle, buffer, length,
                                     dumpPath);
@@ -158,7 +158,7 @@ int32_t mapd_interface_get_topology(void *handle, char *buffer, int32_t *length,
   return 0;
 }
 
-void mapd_interface_ctrl_close(void *handle) {
+void platform::mapd_interface_ctrl_close(void *handle) {
   note<mapd_interface_ctrl_close>({}, handle);
 }
 

@@ -1,17 +1,13 @@
-// Stand-in for the multi-AP daemon's client library. Without hooks in its process it answers as if
-// the daemon were down.
-#include "gateway/multiap/hooks.h"
+// Stand-in for the multi-AP daemon's client library: the daemon is down. A process with a virtual
+// gateway has functions of its own under these names, which the loader finds first.
+#include "platform/multiap.h"
 
-void *mapd_interface_ctrl_open(const char *controlPath) {
-  return gateway_mapd_open == nullptr ? nullptr : gateway_mapd_open(controlPath);
+void *platform::mapd_interface_ctrl_open(const char *) {
+  return nullptr;
 }
 
-int32_t mapd_interface_get_topology(void *handle, char *buffer, int32_t *length,
-                                    const char *dumpPath) {
-  if (gateway_mapd_get_topology == nullptr) return MAPD_COMMAND_FAILED;
-  return gateway_mapd_get_topology(handle, buffer, length, dumpPath);
+int32_t platform::mapd_interface_get_topology(void *, char *, int32_t *, const char *) {
+  return MAPD_COMMAND_FAILED;
 }
 
-void mapd_interface_ctrl_close(void *handle) {
-  if (gateway_mapd_close != nullptr) gateway_mapd_close(handle);
-}
+void platform::mapd_interface_ctrl_close(void *) {}

@@ -6,6 +6,10 @@
 
 PLATFORM_BEGIN_DECLS
 
+/* Laid out in firewall.hpp. */
+typedef struct FirewallBaseRecord FirewallBaseRecord;
+typedef struct MacFilterEntryRecord MacFilterEntryRecord;
+
 /** As InstanceList, but without a marker. */
 typedef struct MacFilterList {
   uint32_t capacity; /**< paths that `instances` holds, set by the caller */
@@ -13,13 +17,14 @@ typedef struct MacFilterList {
   char (*instances)[PLATFORM_INSTANCE_SIZE];
 } MacFilterList;
 
-/** Fills platform::FirewallBaseRecord, zeroed by the caller; `instance` is "IGD". */
-PLATFORM_IMPORT int32_t pm_fw_get_base(const char *instance, void *record640);
+/** Fills FirewallBaseRecord, zeroed by the caller; `instance` is "IGD". */
+PLATFORM_IMPORT int32_t pm_fw_get_base(const char *instance, FirewallBaseRecord *record);
 /** Applies the marked fields of what pm_fw_get_base delivered. */
-PLATFORM_IMPORT int32_t pm_fw_set_base(const char *instance, void *record640);
+PLATFORM_IMPORT int32_t pm_fw_set_base(const char *instance, FirewallBaseRecord *record);
 
-/** Adds platform::MacFilterEntryRecord to the table and writes its instance into `identity`. */
-PLATFORM_IMPORT int32_t pm_mac_filterset(char identity[PLATFORM_INSTANCE_SIZE], void *record392);
+/** Adds MacFilterEntryRecord to the table and writes its instance into `identity`. */
+PLATFORM_IMPORT int32_t pm_mac_filterset(char identity[PLATFORM_INSTANCE_SIZE],
+                                         MacFilterEntryRecord *record);
 PLATFORM_IMPORT int32_t pm_mac_filterlist(const char *parent, MacFilterList *list);
 PLATFORM_IMPORT int32_t pm_mac_filterdel(const char *identity);
 

@@ -5,8 +5,13 @@
 #include <stdint.h>
 
 #ifdef __cplusplus
-#define PLATFORM_BEGIN_DECLS extern "C" {
-#define PLATFORM_END_DECLS }
+/* One namespace holds the functions and, in C++, the layouts of their records. */
+#define PLATFORM_BEGIN_DECLS \
+  namespace platform {       \
+  extern "C" {
+#define PLATFORM_END_DECLS \
+  }                        \
+  }
 #else
 #define PLATFORM_BEGIN_DECLS
 #define PLATFORM_END_DECLS

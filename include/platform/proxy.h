@@ -42,7 +42,7 @@ enum ManagerMessage {
 #define MANAGER_MODULE_LOG "log_mgr"
 #define MANAGER_MODULE_TIME_POLICY "time_policy"
 
-/** Completed in C++ by records/wlan_hosts.hpp. */
+/** Laid out in wlan.hpp. */
 typedef struct WlanHostTable WlanHostTable;
 
 /**

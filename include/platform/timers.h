@@ -6,14 +6,20 @@
 
 PLATFORM_BEGIN_DECLS
 
-/* A timer service takes a zeroed 32-byte request and platform::TimerControlRecord. A get fills the
+/* Laid out in timers.hpp. */
+typedef struct TimerRequest TimerRequest;
+typedef struct TimerControlRecord TimerControlRecord;
+
+/* A timer service takes a zeroed 32-byte request and TimerControlRecord. A get fills the
    record's entries; a set carries one entry and adds or deletes it; a refused set leaves its reason
    in the record. 0 is success. */
 
-PLATFORM_IMPORT int32_t pm_app_wake_up_control_get(void *request32, void *control7584);
-PLATFORM_IMPORT int32_t pm_app_wake_up_control_set(void *request32, void *control7584);
-PLATFORM_IMPORT int32_t pm_wlan_ex_control_get(void *request32, void *control7584);
-PLATFORM_IMPORT int32_t pm_wlan_ex_control_set(void *request32, void *control7584);
+PLATFORM_IMPORT int32_t pm_app_wake_up_control_get(TimerRequest *request,
+                                                   TimerControlRecord *control);
+PLATFORM_IMPORT int32_t pm_app_wake_up_control_set(TimerRequest *request,
+                                                   TimerControlRecord *control);
+PLATFORM_IMPORT int32_t pm_wlan_ex_control_get(TimerRequest *request, TimerControlRecord *control);
+PLATFORM_IMPORT int32_t pm_wlan_ex_control_set(TimerRequest *request, TimerControlRecord *control);
 
 PLATFORM_END_DECLS
 

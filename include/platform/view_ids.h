@@ -2,6 +2,10 @@
 #ifndef PLATFORM_VIEW_IDS_H
 #define PLATFORM_VIEW_IDS_H
 
+#include "platform/import.h"
+
+PLATFORM_BEGIN_DECLS
+
 enum PlatformViewId {
   DBVIEW_LANINFO = 1,
   DBVIEW_LAN_INFO = DBVIEW_LANINFO, /* the same view, as its reader calls it */
@@ -32,5 +36,7 @@ enum PlatformViewId {
   DBVIEW_IPTVLANBIND = 420,
   DBVIEW_UPLINKRATE_CONFIG = 422
 };
+
+PLATFORM_END_DECLS
 
 #endif

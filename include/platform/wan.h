@@ -6,6 +6,15 @@
 
 PLATFORM_BEGIN_DECLS
 
+/* Laid out in wan.hpp. */
+typedef struct UpModeBlock UpModeBlock;
+typedef struct WanDeviceTypeRecord WanDeviceTypeRecord;
+typedef struct WanPppExtRecord WanPppExtRecord;
+typedef struct WanIpExtRecord WanIpExtRecord;
+typedef struct PppoeAccountRecord PppoeAccountRecord;
+typedef struct WorkingModeRecord WorkingModeRecord;
+typedef struct RouteInfoRecord RouteInfoRecord;
+
 enum UpMode { UP_MODE_ETHERNET = 1, UP_MODE_WLAN = 512 };
 
 /** The kind of uplink and the port that carries it. */
@@ -35,32 +44,32 @@ typedef struct WanConnectionList {
 } WanConnectionList;
 
 PLATFORM_IMPORT int32_t pm_upmode_info_get(UpModeInfo *info);
-/** Switches the uplink; `block512` begins with what pm_upmode_info_get filled in. */
+/** Switches the uplink; `block` begins with what pm_upmode_info_get filled in. */
 PLATFORM_IMPORT int32_t pm_upmode_info_set(const UpModeInfo *oldMode, const UpModeInfo *newMode,
-                                           void *block512);
+                                           UpModeBlock *block);
 
-/** Fills platform::WanDeviceTypeRecord, zeroed by the caller. */
-PLATFORM_IMPORT int32_t pm_e8_wanc_get_current_wandtype(void *record32);
+/** Fills WanDeviceTypeRecord, zeroed by the caller. */
+PLATFORM_IMPORT int32_t pm_e8_wanc_get_current_wandtype(WanDeviceTypeRecord *record);
 /** Lists the connections of one WAN device type; marker and capacity are the caller's. */
 PLATFORM_IMPORT int32_t pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceType,
                                                          WanConnectionList *list);
 /**
- * Rewrites the Internet connection with the marked fields of platform::WanPppExtRecord (IP:
+ * Rewrites the Internet connection with the marked fields of WanPppExtRecord (IP:
  * WanIpExtRecord). `instance` is in and out: empty leaves the choice to the platform.
  * PLATFORM_NOTHING_CHANGED counts as success.
  */
-PLATFORM_IMPORT int32_t pm_e8_wanc_set_comm_ppp_ext(char instance[128], void *record6328);
-PLATFORM_IMPORT int32_t pm_e8_wanc_set_comm_ip_ext(char instance[128], void *record4868);
+PLATFORM_IMPORT int32_t pm_e8_wanc_set_comm_ppp_ext(char instance[128], WanPppExtRecord *record);
+PLATFORM_IMPORT int32_t pm_e8_wanc_set_comm_ip_ext(char instance[128], WanIpExtRecord *record);
 /** Forgets the adapter's view of the connections before one of them is rewritten. */
 PLATFORM_IMPORT int32_t si_ifsadapt_clear_wanc(void);
 
-/** Sets the PPPoE account, platform::PppoeAccountRecord; any other status than 0 is a failure. */
-PLATFORM_IMPORT int32_t pm_wanc_set_ppp_username_passwd(void *record192);
-/** Switches between bridge and route mode with platform::WorkingModeRecord; `flag` is 1. */
-PLATFORM_IMPORT int32_t pm_wanc_change_brg_route_mode(void *record6380, uint32_t flag);
+/** Sets the PPPoE account, PppoeAccountRecord; any other status than 0 is a failure. */
+PLATFORM_IMPORT int32_t pm_wanc_set_ppp_username_passwd(PppoeAccountRecord *record);
+/** Switches between bridge and route mode with WorkingModeRecord; `flag` is 1. */
+PLATFORM_IMPORT int32_t pm_wanc_change_brg_route_mode(WorkingModeRecord *record, uint32_t flag);
 
-/** Fills platform::RouteInfoRecord, zeroed by the caller, for one WAN connection. */
-PLATFORM_IMPORT int32_t plib_ifs_get_routeif_info(const char *instance, void *record1340);
+/** Fills RouteInfoRecord, zeroed by the caller, for one WAN connection. */
+PLATFORM_IMPORT int32_t plib_ifs_get_routeif_info(const char *instance, RouteInfoRecord *record);
 
 PLATFORM_END_DECLS
 

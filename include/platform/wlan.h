@@ -6,7 +6,10 @@
 
 PLATFORM_BEGIN_DECLS
 
-/* Completed in C++ by the headers of the same names in records/. */
+/* Laid out in wlan.hpp. */
+typedef struct AssociatedDeviceView AssociatedDeviceView;
+
+/* Laid out in wlan.hpp. */
 typedef struct WlanConfigRecord WlanConfigRecord;
 typedef struct WlanDriverRecord WlanDriverRecord;
 typedef struct WlanTxPowerRecord WlanTxPowerRecord;
@@ -77,10 +80,10 @@ PLATFORM_IMPORT int32_t pm_wlan_set_same_ssid_2G(const char *instance24G, const 
 
 /** Lists the associated stations of the SSID that `instance` belongs to. */
 PLATFORM_IMPORT int32_t pm_wlan_list_ad(const char *instance, InstanceList *list);
-/** Reads an associated station, by its name, into platform::AssociatedDeviceView. */
-PLATFORM_IMPORT int32_t pm_wlan_get_ad(const char *name, void *view1664);
+/** Reads an associated station, by its name, into AssociatedDeviceView. */
+PLATFORM_IMPORT int32_t pm_wlan_get_ad(const char *name, AssociatedDeviceView *view);
 /** Puts that station on the block list. */
-PLATFORM_IMPORT int32_t pm_wlan_add_blklist(const char *name, void *view1664);
+PLATFORM_IMPORT int32_t pm_wlan_add_blklist(const char *name, AssociatedDeviceView *view);
 /** Removes the association, which disconnects the station. */
 PLATFORM_IMPORT int32_t pm_wlan_del_ad(const char *name);
 

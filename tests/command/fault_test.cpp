@@ -1,25 +1,25 @@
-#include "tools/command/fault.hpp"
+#include "tools/session/fault.hpp"
 
 #include <gtest/gtest.h>
 
-#include "tools/catalogue/json.hpp"
+#include "records/json.hpp"
 
 namespace command {
 namespace {
 
 TEST(ParseFault, ReadsEveryPart) {
-  const gateway::Fault whole = parseFault("vcorDbGetView/DBVIEW_EASYMESH IGD@2x1=-5");
+  const boundary::Fault whole = parseFault("vcorDbGetView/DBVIEW_EASYMESH IGD@2x1=-5");
   EXPECT_EQ(whole.call, "vcorDbGetView");
   EXPECT_EQ(whole.match, "DBVIEW_EASYMESH IGD");
   EXPECT_EQ(whole.from, 2u);
   EXPECT_EQ(whole.times, 1u);
   EXPECT_EQ(whole.answer, -5);
 
-  const gateway::Fault least = parseFault("fopen//userconfig/nexumd_cfgfile");
+  const boundary::Fault least = parseFault("fopen//userconfig/nexumd_cfgfile");
   EXPECT_EQ(least.call, "fopen");
   EXPECT_EQ(least.match, "/userconfig/nexumd_cfgfile");
   EXPECT_EQ(least.from, 1u);
-  EXPECT_EQ(least.times, gateway::Fault::kUnlimited);
+  EXPECT_EQ(least.times, boundary::Fault::kUnlimited);
   EXPECT_FALSE(least.answer.has_value());
 
   EXPECT_EQ(parseFault("ctSgw_ssend_to_proxy=reply:3").replyStatus, 3);
@@ -32,7 +32,7 @@ TEST(ParseFault, RefusesWhatIsNoRule) {
        {"", "=1", "fopen=", "fopen=x", "fopen=1.5", "fopen=2147483648", "fopen@=1", "fopen@1x=1",
         "fopen@0x=1", "fopen=length:65536", "fopen=reply:", "fopen@0", "fopen@1x0",
         "pm_wlan_set_esaymesh", "printf", "fopen=count:1", "*=count:1"}) {
-    EXPECT_THROW(parseFault(rule), UsageError) << rule;
+    EXPECT_THROW(parseFault(rule), InputError) << rule;
   }
 }
 

@@ -3,15 +3,14 @@
 #include <cstring>
 #include <string>
 
-#include "platform/records/device.hpp"
-#include "platform/views/associated_device.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
-
-using platform::AssociatedDeviceView;
-using platform::DeviceRecord;
 
 constexpr uint8_t kMac[6] = {0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5e};
 

@@ -65,7 +65,7 @@ TEST_F(FileTest, NoOpenFileIsAStandardStream) {
     restart();
     fill();
     uint32_t uses = 0, wrongUses = 0;
-    gateway().boundary().onCall([&](const gateway::Call &call) {
+    gateway().boundary().onCall([&](const boundary::Call &call) {
       if (call.name != "read" && call.name != "write" && call.name != "fdopen") return;
       ++uses;
       if (ClosedStandardStreams::anyOpen()) ++wrongUses;
@@ -92,7 +92,7 @@ TEST_F(FileTest, WhatCannotMoveAwayIsNotOpened) {
       SCOPED_TRACE(std::string(call) + " " + path);
       restart();
       fill();
-      gateway::Fault fault{call};
+      boundary::Fault fault{call};
       // A duplicate's key is its number: the store is the first that is moved.
       if (std::strcmp(call, "fcntl") == 0) {
         fault.match = path;

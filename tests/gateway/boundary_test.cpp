@@ -1,12 +1,14 @@
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 
+#include "boundary/status.hpp"
 #include "gateway/host.hpp"
-#include "gateway/status.hpp"
 #include "platform/device.h"
+#include "platform/ports.hpp"
 #include "platform/proxy.h"
-#include "platform/views/lan_info.hpp"
 #include "platform/wan.h"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
@@ -17,7 +19,7 @@ using ::testing::SizeIs;
 class BoundaryTest : public GatewayTest {
  protected:
   static int32_t call(const char *key, int32_t answer = 0) {
-    return boundary::status("some_call", key, [&](Gateway &) { return answer; });
+    return boundary::status("some_call", key, [&]() { return answer; });
   }
 };
 
@@ -55,12 +57,12 @@ TEST_F(BoundaryTest, FaultThatNeverFiresIsReported) {
 
 TEST_F(BoundaryTest, WhatTheBodyThrowsIsComplainedOfAndFails) {
   expectComplaint("some_call(key): broken");
-  EXPECT_EQ(boundary::status("some_call", "key",
-                             [](Gateway &) -> int32_t { throw std::runtime_error("broken"); }),
-            kFailed);
+  EXPECT_EQ(
+      boundary::status("some_call", "key", []() -> int32_t { throw std::runtime_error("broken"); }),
+      kFailed);
   expectComplaint("some_call(key): refused");
   EXPECT_EQ(boundary::status("some_call", "key",
-                             [](Gateway &) -> int32_t { throw Refusal(kTableFull, "refused"); }),
+                             []() -> int32_t { throw Refusal(kTableFull, "refused"); }),
             kTableFull);
   EXPECT_THAT(trace(), ElementsAre("some_call(key) = -1", "some_call(key) = -2006"));
 }
@@ -126,7 +128,7 @@ TEST_F(BoundaryTest, CallMayHaveDoneItsWorkWhenItFails) {
   int32_t done = 0;
   for (const bool workDone : {false, true}) {
     fail({.call = "some_call", .times = 1, .answer = -7, .workDone = workDone});
-    EXPECT_EQ(boundary::status("some_call", "", [&](Gateway &) { return ++done; }), -7);
+    EXPECT_EQ(boundary::status("some_call", "", [&]() { return ++done; }), -7);
     EXPECT_EQ(done, workDone ? 1 : 0);
   }
 }

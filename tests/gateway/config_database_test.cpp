@@ -2,16 +2,16 @@
 
 #include <cstring>
 
-#include "gateway/status.hpp"
-#include "platform/views/gateway_identity.hpp"
-#include "platform/views/wan_connection.hpp"
+#include "boundary/status.hpp"
+#include "platform/device.hpp"
+#include "platform/wan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::GatewayIdentityView;
-using platform::WanConnectionView;
 using ::testing::ElementsAre;
 
 template <class View>

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "gateway/status.hpp"
+#include "boundary/status.hpp"
 #include "platform/logger.h"
 #include "tests/support/gateway_test.hpp"
 

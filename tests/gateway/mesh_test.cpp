@@ -3,14 +3,14 @@
 #include <cstring>
 
 #include "platform/multiap.h"
-#include "platform/records/wlan_easymesh.hpp"
-#include "platform/views/easymesh.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::EasyMeshView;
 using ::testing::ElementsAre;
 
 class MeshTest : public GatewayTest {

@@ -3,17 +3,23 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
-#include "platform/all_records.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
+#include "platform/limits.hpp"
+#include "platform/ports.hpp"
+#include "platform/sampling.hpp"
+#include "platform/timers.hpp"
+#include "platform/traffic_rules.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::DeviceRecord;
-using platform::GatewayIdentityView;
-using platform::LanDeviceView;
-using platform::PortStatisticsRecord;
-using platform::RouteInfoRecord;
 using ::testing::ElementsAre;
 
 class ProfileTest : public GatewayTest {
@@ -21,7 +27,7 @@ class ProfileTest : public GatewayTest {
   std::string refusal(const std::string &profile) {
     try {
       gateway().load(Json::parse(profile));
-    } catch (const ProfileError &error) {
+    } catch (const InputError &error) {
       return error.what();
     }
     return "accepted";
@@ -96,13 +102,13 @@ TEST_F(ProfileTest, WrongProfileIsRefusedWithPlaceAndReason) {
 }
 
 TEST_F(ProfileTest, FileThatIsNoProfileIsNamed) {
-  EXPECT_THROW(gateway().loadFile("/nowhere.json"), ProfileError);
+  EXPECT_THROW(gateway().loadFile("/nowhere.json"), InputError);
   const std::string name = (files().root() / "broken.json").string();
   std::ofstream(name) << "{\"views\": ";
   try {
     readProfile(name);
     FAIL() << "accepted";
-  } catch (const ProfileError &error) {
+  } catch (const InputError &error) {
     EXPECT_EQ(error.what(), name + ": not JSON at byte 11");
   }
 }
@@ -124,7 +130,7 @@ TEST_F(ProfileTest, TextThatIsNoProfileIsRefusedWithItsReason) {
     try {
       parseProfile(text, "p");
       ADD_FAILURE() << "accepted: " << expected;
-    } catch (const ProfileError &error) {
+    } catch (const InputError &error) {
       EXPECT_STREQ(error.what(), expected);
     }
   }
@@ -161,7 +167,7 @@ TEST_F(ProfileTest, SavedGatewayLoadsToTheSameState) {
       .setWord(RouteInfoRecord::wanType, static_cast<uint32_t>(-70));
   store()
       .create<PortStatisticsRecord>("IGD.LD1.ETH1")
-      .setCounter(PortStatisticsRecord::fields[0], 0xffffffffffffffffu);
+      .setCounter(PortStatisticsRecord::counter28, 0xffffffffffffffffu);
   store().create<DeviceRecord>("IGD.LD1.Hosts.Adev10");
   store().create<DeviceRecord>("IGD.LD1.Hosts.Adev2");
 

@@ -4,10 +4,12 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "gateway/status.hpp"
-#include "platform/records/wlan_scan.hpp"
+#include "boundary/status.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
@@ -83,7 +85,7 @@ TEST_F(ScansTest, ProfilesThatNoScanCouldHearAreRefused) {
              {"ssid": "a-name-of-all-thirty-three-letters", "bssid": "001122334455"}]}}})",
         R"({"scans": {"5G": {"accessPoints": [{"bssid": "001122334455", "rssi": -200}]}}})",
         R"({"blockList": {"stations": ["00:11"]}})"}) {
-    EXPECT_THROW(gateway().load(Json::parse(profile)), ProfileError) << profile;
+    EXPECT_THROW(gateway().load(Json::parse(profile)), InputError) << profile;
   }
 }
 

@@ -3,18 +3,25 @@
 
 #include <nlohmann/json.hpp>
 
-#include "gateway/status.hpp"
-#include "platform/all_records.hpp"
+#include "boundary/status.hpp"
 #include "platform/attached_devices.h"
+#include "platform/attached_devices.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
+#include "platform/limits.hpp"
 #include "platform/ports.h"
+#include "platform/ports.hpp"
+#include "platform/sampling.hpp"
+#include "platform/timers.hpp"
+#include "platform/traffic_rules.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
-
-using platform::AccessDeviceView;
-using platform::AssociatedDeviceView;
-using platform::StationStatisticsRecord;
 
 class StationsTest : public GatewayTest {
  protected:
@@ -101,7 +108,7 @@ TEST_F(StationsTest, ProfilesThatAreWrongAreRefusedAtTheirPlace) {
     try {
       gateway().load(Json::parse(std::string(R"({"stations": {"all": [)") + one.station + "]}}"));
       ADD_FAILURE() << one.station;
-    } catch (const ProfileError &error) {
+    } catch (const InputError &error) {
       EXPECT_THAT(error.what(), ::testing::HasSubstr(one.reason));
     }
   }

@@ -2,17 +2,24 @@
 
 #include <cstring>
 
-#include "gateway/status.hpp"
-#include "platform/all_records.hpp"
+#include "boundary/status.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
+#include "platform/limits.hpp"
+#include "platform/ports.hpp"
+#include "platform/sampling.hpp"
+#include "platform/timers.hpp"
+#include "platform/traffic_rules.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::GatewayIdentityView;
-using platform::LogConfigRecord;
-using platform::TimePolicyView;
-using platform::WanConnectionView;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -65,13 +72,13 @@ TEST_F(StoreTest, SetRefusesTheWholeRecordForOneInvalidText) {
 }
 
 TEST_F(StoreTest, SetReportsThatNothingChangedToThoseWhoAsk) {
-  store().create<LogConfigRecord>("IGD").setWord(LogConfigRecord::fields[0], 7);
+  store().create<LogConfigRecord>("IGD").setWord(LogConfigRecord::logEnable, 7);
   Request<LogConfigRecord> request;
-  request.mark(LogConfigRecord::fields[0], 1).setWord(LogConfigRecord::fields[0], 7);
+  request.mark(LogConfigRecord::logEnable, 1).setWord(LogConfigRecord::logEnable, 7);
 
   EXPECT_EQ(set("IGD", request, Unchanged::kReported), kNothingChanged);
   EXPECT_EQ(set("IGD", request), kOk);
-  request.row.setWord(LogConfigRecord::fields[0], 8);
+  request.row.setWord(LogConfigRecord::logEnable, 8);
   EXPECT_EQ(set("IGD", request, Unchanged::kReported), kOk);
 }
 

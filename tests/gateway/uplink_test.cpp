@@ -1,20 +1,27 @@
 // The WAN connections, the Wi-Fi card count and the version as the platform gives them.
 #include <cstring>
 
-#include "gateway/status.hpp"
+#include "boundary/status.hpp"
 #include "gateway/wan.hpp"
-#include "platform/all_records.hpp"
+#include "platform/attached_devices.hpp"
 #include "platform/device.h"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
+#include "platform/limits.hpp"
+#include "platform/ports.hpp"
 #include "platform/proxy.h"
+#include "platform/sampling.hpp"
+#include "platform/timers.hpp"
+#include "platform/traffic_rules.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::CardCountRequest;
-using platform::RouteInfoRecord;
-using platform::UpModeBlock;
-using platform::WanDeviceTypeRecord;
 using ::testing::ElementsAre;
 using ::testing::StrEq;
 

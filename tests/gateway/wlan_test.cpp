@@ -3,19 +3,16 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/status.hpp"
+#include "boundary/status.hpp"
 #include "platform/config_database.h"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_keys.hpp"
-#include "platform/records/wlan_wps.hpp"
-#include "platform/views/wlan_config.hpp"
 #include "platform/wlan.h"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
-
-using platform::WlanConfigView;
 
 /// A record with one marked word.
 template <class Record>

@@ -5,21 +5,15 @@
 
 #include "gateway/mesh.hpp"
 #include "gateway/wan.hpp"
-#include "platform/records/route_info.hpp"
-#include "platform/views/device_info.hpp"
-#include "platform/views/gateway_identity.hpp"
-#include "platform/views/interface_info.hpp"
-#include "platform/views/networking_device.hpp"
+#include "platform/device.hpp"
+#include "platform/wan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::DeviceInfoView;
-using platform::GatewayIdentityView;
-using platform::InterfaceInfoView;
-using platform::NetworkingDeviceView;
-using platform::RouteInfoRecord;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -425,7 +419,7 @@ TEST_F(WanSearchTest, DualStackIsReportedAsIpv6WithBothCachesFilled) {
 
 TEST_F(WanSearchTest, AddressThatThePlatformDoesNotEndEndsWithItsRoom) {
   addConnection({3, 0xC0A80101});
-  fail(gateway::Fault{.call = "IPv6ToStr", .count = 1000});
+  fail(boundary::Fault{.call = "IPv6ToStr", .count = 1000});
   EXPECT_EQ(search(), 0);
   EXPECT_THAT(logs(), HasLog(7, "host ipv6 : " + std::string(63, 'f') + "\n"));
 }

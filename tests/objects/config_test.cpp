@@ -446,7 +446,7 @@ TEST_F(ItemStoreRewrite, GivesUpTheOldFileOnlyForOneThatIsOnTheDisk) {
   fill("a=1\n");
   add("x", "1");
   std::vector<std::string> calls;
-  for (const gateway::Call &call : gateway().boundary().calls()) {
+  for (const boundary::Call &call : gateway().boundary().calls()) {
     if (call.name != "read") calls.push_back(call.name + " " + call.key);
   }
   const std::string path = kPath, temporary = kTemporary;
@@ -568,9 +568,9 @@ bool killed(Moment moment, uint32_t number, const Change &change, bool withoutSt
   // Not fork(): what libc does besides in its child crashes under the ARM emulator.
   const pid_t child = _Fork();
   if (child == 0) {
-    gateway::Boundary &boundary = gateway::Gateway::current().boundary();
+    boundary::Boundary &boundary = gateway::Gateway::current().boundary();
     if (moment == Moment::kWithinWrite) boundary.addFault({"write", kTemporary, number, 1, 100});
-    boundary.onCall([&](const gateway::Call &call) {
+    boundary.onCall([&](const boundary::Call &call) {
       const bool due =
           moment == Moment::kWithinWrite ? call.faulted : boundary.calls().size() + 1 == number;
       if (due) _exit(kKilled);

@@ -2,34 +2,23 @@
 
 #include <cstring>
 
+#include "boundary/status.hpp"
 #include "gateway/device.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/manager.hpp"
-#include "gateway/status.hpp"
 #include "gateway/wlan.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
 #include "platform/proxy.h"
-#include "platform/records/log_config.hpp"
-#include "platform/records/wan_ip_ext.hpp"
-#include "platform/records/wan_ppp_ext.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/views/firewall_base.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wan_connection.hpp"
-#include "platform/views/wan_ip_connection.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
-#include "platform/views/wlan_config.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::LogConfigRecord;
-using platform::NetworkingDeviceView;
-using platform::WanIpConnectionView;
-using platform::WanIpExtRecord;
-using platform::WanPppConnectionView;
-using platform::WanPppExtRecord;
-using platform::WlanConfigView;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -261,7 +250,7 @@ TEST_F(ControlTest, Ipv6IsWrittenWithAFreshHeader) {
 TEST_F(ControlTest, EnablingIpv6RewritesTheIpConnectionAndItsStaticAddressing) {
   networking().setText(NetworkingDeviceView::wanInstance, kIp);
   const Row ip = store().row<WanIpConnectionView>(kIp);
-  for (const platform::Field &field : WanIpConnectionView::fields) {
+  for (const platform::Field &field : records::layoutOf<WanIpConnectionView>().fields) {
     if (field.kind == platform::FieldKind::kWord) ip.setWord(field, field.offset);
   }
   const Words always = {{28, 1},   {860, 1},  {1020, -1}, {1212, 0}, {1760, 196}, {1792, 388},

@@ -4,20 +4,15 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "platform/records/pppoe_account.hpp"
-#include "platform/records/working_mode.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wan_ppp_connection.hpp"
+#include "platform/wan.hpp"
 #include "pmapi/pppoe.h"
 #include "pmapi/workingmode.h"
 #include "tests/support/gateway_test.hpp"
 
+using namespace platform;
+
 namespace gateway {
 namespace {
-
-using platform::NetworkingDeviceView;
-using platform::WanPppConnectionView;
-using platform::WorkingModeRecord;
 
 class DetectionTest : public GatewayTest {
  protected:

@@ -3,14 +3,15 @@
 #include <cstring>
 #include <string>
 
-#include "gateway/status.hpp"
-#include "platform/views/iptv_vlan_binding.hpp"
+#include "boundary/status.hpp"
+#include "platform/traffic_rules.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::IptvVlanBindingView;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;

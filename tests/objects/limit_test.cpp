@@ -9,9 +9,10 @@
 #include "gateway/host.hpp"
 #include "gateway/limits.hpp"
 #include "gateway/manager.hpp"
-#include "platform/views/device_limit.hpp"
-#include "platform/views/time_policy.hpp"
+#include "platform/limits.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace {
 
@@ -23,15 +24,13 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
+using boundary::Fault;
 using gateway::Bytes;
-using gateway::Fault;
 using gateway::FilterRule;
 using gateway::filterRules;
 using gateway::layoutOf;
 using gateway::Row;
 using gateway::timePolicies;
-using platform::DeviceLimitView;
-using platform::TimePolicyView;
 
 constexpr char kTag[] = "object_nexumd_limit_pmapi.c";
 constexpr char kProfile[] = R"({"ubusfilter": {}})";
@@ -70,7 +69,7 @@ UbusDeviceLimit timedLimit(const std::string &mac, const std::string &tx, const 
 std::vector<std::string> writtenFields(std::vector<uint8_t> message) {
   const Row policy = gateway::fieldsOf<TimePolicyView>(message.data() + sizeof(uint32_t));
   std::vector<std::string> names;
-  for (const platform::Field &field : TimePolicyView::fields) {
+  for (const platform::Field &field : records::layoutOf<TimePolicyView>().fields) {
     if (policy.mark(field) == 1) names.emplace_back(field.name);
   }
   return names;
@@ -187,7 +186,7 @@ TEST_F(DeviceLimitCfgData, UnknownDeviceIsStillDeletedAtTheProxy) {
               ElementsAre("ctSgw_ssend_to_proxy(CTSGW_EVENT_DEL_BW) = 0"));
   EXPECT_THAT(logs(), HasLogLine({4, "device_limit_cfg_data",
                                   "ctSgw_ssend_to_proxy CTSGW_EVENT_DEL_BW error",
-                                  gateway::kUnknownInstance}));
+                                  boundary::kUnknownInstance}));
 }
 
 TEST_F(DeviceLimitCfgData, ValidPeriodCarriesTheLimitInsteadOfTheProxy) {

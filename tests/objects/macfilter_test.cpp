@@ -2,9 +2,10 @@
 
 #include <cstring>
 
-#include "platform/records/firewall_base.hpp"
-#include "platform/views/mac_filter.hpp"
+#include "platform/firewall.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace {
 
@@ -16,11 +17,9 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-using gateway::Fault;
+using boundary::Fault;
 using gateway::printMac;
 using gateway::Row;
-using platform::FirewallBaseRecord;
-using platform::MacFilterView;
 
 constexpr char kGetTag[] = "object_nexumd_getmacfilter_pmapi.c";
 constexpr char kSetTag[] = "object_nexumd_setmacfilter_pmapi.c";

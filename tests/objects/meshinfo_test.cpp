@@ -3,15 +3,16 @@
 #include <cstring>
 
 #include "gateway/mesh.hpp"
-#include "platform/views/easymesh.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/mesh_role.h"
 #include "pmapi/setmeshroam.h"
 #include "tests/support/gateway_test.hpp"
 
+using namespace platform;
+
 namespace {
 
 using gateway::mesh;
-using platform::EasyMeshView;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

@@ -4,13 +4,13 @@
 
 #include "gateway/ports.hpp"
 #include "gateway/wan.hpp"
-#include "platform/views/eth_port_config.hpp"
+#include "platform/ports.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
-
-using platform::EthPortConfigView;
 
 class PortTest : public GatewayTest {
  protected:

@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/views/qos_classification.hpp"
+#include "platform/traffic_rules.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::QosClassificationView;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;

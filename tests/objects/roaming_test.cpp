@@ -5,15 +5,15 @@
 
 #include "gateway/associations.hpp"
 #include "gateway/stations.hpp"
-#include "platform/records/device.hpp"
-#include "platform/records/wlan_band_steering.hpp"
-#include "platform/views/associated_device.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/stainfo.h"
 #include "tests/objects/wlan_object_test.hpp"
 
+using namespace platform;
+
 namespace {
 
-using platform::DeviceRecord;
 using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -341,7 +341,7 @@ TEST_F(RoamingStations, SignalIgnoresWhatTheReplyCallsItsStatus) {
 }
 
 TEST_F(RoamingStations, SignalTakesAPositiveResultAndATornReplyForSuccess) {
-  const gateway::Fault faults[] = {
+  const boundary::Fault faults[] = {
       {.call = "ctSgw_ssend_to_proxy", .match = "WLANRADIOINFO", .times = 1, .answer = 7},
       {.call = "ctSgw_ssend_to_proxy",
        .match = "WLANRADIOINFO",
@@ -349,7 +349,7 @@ TEST_F(RoamingStations, SignalTakesAPositiveResultAndATornReplyForSuccess) {
        .replyStatus = 0,
        .replyPayload = {9, 9, 9, 9},
        .replyLength = uint16_t{3}}};
-  for (const gateway::Fault &fault : faults) {
+  for (const boundary::Fault &fault : faults) {
     fail(fault);
     StaRssiRecord record = asking(kTablet);
     EXPECT_EQ(pm_ubus_roaming_starssi_get(&record), 0);

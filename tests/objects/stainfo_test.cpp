@@ -4,16 +4,23 @@
 #include <cstring>
 
 #include "gateway/stations.hpp"
-#include "platform/all_records.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
+#include "platform/limits.hpp"
+#include "platform/ports.hpp"
+#include "platform/sampling.hpp"
+#include "platform/timers.hpp"
+#include "platform/traffic_rules.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::AccessDeviceView;
-using platform::AssociatedDeviceView;
-using platform::DeviceRecord;
-using platform::LanInfoView;
 using ::testing::HasSubstr;
 
 constexpr int32_t kLaptop = 3;   // 5 GHz

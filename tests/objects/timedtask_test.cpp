@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "boundary/status.hpp"
 #include "gateway/habits.hpp"
-#include "gateway/status.hpp"
 #include "gateway/timers.hpp"
 #include "tests/support/gateway_test.hpp"
 

@@ -4,15 +4,23 @@
 
 #include "gateway/stations.hpp"
 #include "gateway/uplink_traffic.hpp"
-#include "platform/all_records.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
+#include "platform/limits.hpp"
+#include "platform/ports.hpp"
+#include "platform/sampling.hpp"
+#include "platform/timers.hpp"
+#include "platform/traffic_rules.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/objects/uplink_fixture.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::DeviceRecord;
-using platform::LanInfoView;
-using platform::SampleConfigView;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;

@@ -8,19 +8,23 @@
 #include "gateway/ports.hpp"
 #include "gateway/uplink_traffic.hpp"
 #include "gateway/wan.hpp"
-#include "platform/all_records.hpp"
+#include "platform/attached_devices.hpp"
+#include "platform/device.hpp"
+#include "platform/firewall.hpp"
+#include "platform/limits.hpp"
+#include "platform/ports.hpp"
+#include "platform/sampling.hpp"
+#include "platform/timers.hpp"
+#include "platform/traffic_rules.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/objects/uplink_fixture.hpp"
+
+using namespace platform;
 
 namespace gateway {
 namespace {
 
-using platform::DssConfigView;
-using platform::DssInfoView;
-using platform::LinkStatusRecord;
-using platform::NetworkingDeviceView;
-using platform::PrefixConfigView;
-using platform::RouteInterfaceView;
-using platform::WanConnectionView;
 using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -301,7 +305,7 @@ TEST_F(UplinkInfoTest, AddressesThatThePlatformDoesNotEndEndWithTheirRoom) {
   dss.setBytes(DssInfoView::dnsServer1, std::vector<uint8_t>(16, 0x20));
   dss.setBytes(DssInfoView::dnsServer2, std::vector<uint8_t>(16, 0x20));
   dss.setBytes(DssInfoView::dnsServer3, std::vector<uint8_t>(16, 0));
-  fail(gateway::Fault{.call = "IPv6ToStr", .count = 1000});
+  fail(boundary::Fault{.call = "IPv6ToStr", .count = 1000});
   EXPECT_EQ(get(), 0);
   const std::string server(127, 'f');
   EXPECT_THAT(logs(), HasLog(5, "dhsv6_servers=" + server + "," + server + "\n"));

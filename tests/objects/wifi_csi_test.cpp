@@ -3,8 +3,10 @@
 #include <cstring>
 #include <memory>
 
-#include "platform/records/wlan_csi.hpp"
+#include "platform/wlan.hpp"
 #include "tests/objects/wlan_object_test.hpp"
+
+using namespace platform;
 
 namespace {
 
@@ -142,7 +144,7 @@ TEST_F(WifiCsi, ListsAsManyStationsAsThereIsRoomFor) {
   EXPECT_THAT(trace("pm_wlan_add_csi_mac").back(), ::testing::EndsWith("= -2006")) << "full";
   EXPECT_EQ(macs(), all);
   for (const int32_t reported : {33, INT32_MAX, -1, INT32_MIN}) {
-    fail(gateway::Fault{.call = "pm_wlan_list_csi_mac", .times = 1, .count = reported});
+    fail(boundary::Fault{.call = "pm_wlan_list_csi_mac", .times = 1, .count = reported});
     EXPECT_EQ(macs(), reported > 0 ? all : "") << reported;
   }
   for (const char *path : {"IGD.CsiMac1", "IGD.CsiMac32"}) {

@@ -2,13 +2,13 @@
 #include <cstring>
 #include <memory>
 
-#include "platform/records/wlan_card.hpp"
-#include "platform/records/wlan_tx_power.hpp"
-#include "platform/records/wlan_wps.hpp"
+#include "platform/wlan.hpp"
 #include "pmapi/set_radio.h"
 #include "pmapi/wifi_switch.h"
 #include "pmapi/wifi_wps.h"
 #include "tests/objects/wlan_object_test.hpp"
+
+using namespace platform;
 
 namespace {
 
@@ -234,7 +234,7 @@ TEST_F(PmUbusWifiWpsSet, KeepsTheFirstRadioStartedWhenTheSecondFails) {
 }
 
 TEST_F(PmUbusWifiWpsSet, LeavesAnUnknownRadioToThePlatform) {
-  EXPECT_EQ(static_cast<int32_t>(pm_ubus_wifi_wps_set("6G")), gateway::kUnknownInstance);
+  EXPECT_EQ(static_cast<int32_t>(pm_ubus_wifi_wps_set("6G")), boundary::kUnknownInstance);
   EXPECT_THAT(logs(), HasLog(4, "ubus_wifi_wps_set->radio error 6G \r\n"));
   EXPECT_THAT(logs(), HasLogLine({4, "pm_ubus_wifi_wps_set", "t_wlan_wps= fail=-2002\n", -2002}));
   EXPECT_EQ(pm_ubus_wifi_wps_set(nullptr), 0xfffffeffu);

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/records/wlan_driver.hpp"
-#include "platform/records/wlan_tx_power.hpp"
+#include "platform/wlan.hpp"
 #include "tests/objects/wlan_object_test.hpp"
+
+using namespace platform;
 
 namespace {
 

@@ -100,7 +100,7 @@ TEST_F(PmUbusWifiParameterSet, StoresA128BitKeyWhereTheIndexPoints) {
 
   const gateway::Row far = store().create<WlanConfigRecord>("IGD.LD1.WLAN1000000000");
   far.setWord(WlanConfigRecord::wepKeyIndex, 0x80000000);
-  EXPECT_EQ(set(request(1000000000, "WEP-64", "12345")), gateway::kUnknownInstance);
+  EXPECT_EQ(set(request(1000000000, "WEP-64", "12345")), boundary::kUnknownInstance);
   EXPECT_THAT(logs(), HasLog(4, "pm_wlan_get_wep=IGD.LD1.WLAN1000000000.WEP-2147 fail=-2002\n"))
       << "31 characters of the key's name";
 }
@@ -180,7 +180,7 @@ TEST_F(PmUbusWifiParameterSet, ReadsNoTextPastTheEndOfTheRequest) {
   // Exactly a record on the heap, so that a byte too many is noticed.
   const auto record = std::make_unique<WifiParameterRecord>();
   memset(record.get(), 'x', sizeof *record);
-  EXPECT_EQ(set(*record), gateway::kUnknownInstance);
+  EXPECT_EQ(set(*record), boundary::kUnknownInstance);
   const std::string atTheEnd(sizeof *record - offsetof(WifiParameterRecord, pwd), 'x');
   EXPECT_THAT(logs(), HasLog(5, ::testing::EndsWith("->pwd:" + atTheEnd + "\n")));
 
@@ -215,7 +215,7 @@ TEST_F(PmUbusWifiParameterSet, ReturnsTheCodeOfTheStepThatFails) {
     EXPECT_EQ(set(request(1, given.mode, "password")), gateway::kNothingChanged) << given.call;
     EXPECT_THAT(logs(), HasLogLine({4, kFunction, given.line, -9}));
   }
-  EXPECT_EQ(set(request(9, "None", "")), gateway::kUnknownInstance);
+  EXPECT_EQ(set(request(9, "None", "")), boundary::kUnknownInstance);
   EXPECT_EQ(pm_ubus_wifiParameter_set(nullptr), 0xfffffeffu);
   EXPECT_THAT(logs(), HasLog(4, "pm_ubus_wifiParameter_set para is null"));
 }
@@ -245,7 +245,7 @@ TEST_F(PmUbusWifiParameterSetMulti, GoesOnAfterAFailure) {
   EXPECT_THAT(logs(), HasLogLine({5, kBatch, "i =2..\n "}));
   EXPECT_THAT(logs(),
               HasLogLine({4, kBatch, "[pm_ubus_wifiParameter_set_Multi] set wifi parameter error\n",
-                          gateway::kUnknownInstance}));
+                          boundary::kUnknownInstance}));
 }
 
 TEST_F(PmUbusWifiParameterSetMulti, AppliesNothingWithoutRecords) {

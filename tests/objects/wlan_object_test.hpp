@@ -3,10 +3,11 @@
 
 #include <string>
 
-#include "gateway/status.hpp"
-#include "platform/records/wlan_config.hpp"
-#include "platform/records/wlan_keys.hpp"
+#include "boundary/status.hpp"
+#include "platform/wlan.hpp"
 #include "tests/support/gateway_test.hpp"
+
+using namespace platform;
 
 class WlanObjectTest : public GatewayTest {
  protected:

@@ -4,14 +4,14 @@
 
 #include "gateway/scans.hpp"
 #include "gateway/wan.hpp"
-#include "platform/views/networking_device.hpp"
-#include "platform/views/wlan_client.hpp"
+#include "platform/wan.hpp"
+#include "platform/wlan.hpp"
 #include "tests/objects/wlan_object_test.hpp"
+
+using namespace platform;
 
 namespace {
 
-using platform::NetworkingDeviceView;
-using platform::WlanClientView;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::MatchesRegex;

@@ -7,10 +7,10 @@ namespace gateway::testing {
 
 namespace {
 
-using command::Direction;
-using command::Json;
-using command::Method;
-using command::Parameter;
+using catalogue::Direction;
+using catalogue::Method;
+using catalogue::Parameter;
+using records::Json;
 
 /// What a method is asked for where the simplest arguments would lead nowhere.
 const std::map<std::string, const char *> kArguments = {
@@ -61,11 +61,11 @@ const std::map<std::string, const char *> kOtherArguments = {
     {"pm_ubus_set_devlogstats", R"({"logEnable": 1, "logLevel": 2, "logParam": 0})"},
 };
 
-void addRequired(const command::Shape &shape, Json &record) {
-  for (const command::Field &field : shape.fields) {
+void addRequired(const records::Shape &shape, Json &record) {
+  for (const records::Member &field : shape.members) {
     if (field.isOptional || shape.isCounter(field)) continue;
     record[field.name] = field.isArray                        ? Json::array()
-                         : field.kind == command::Kind::kText ? Json("")
+                         : field.kind == records::Kind::kText ? Json("")
                                                               : Json(0);
   }
 }

@@ -13,6 +13,8 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "catalogue/answer.hpp"
+#include "catalogue/catalogue.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/host.hpp"
 #include "gateway/mesh.hpp"
@@ -22,16 +24,14 @@
 #include "tests/sweep/arguments.hpp"
 #include "tests/sweep/contract.hpp"
 #include "tests/sweep/line_check.hpp"
-#include "tools/catalogue/answer.hpp"
-#include "tools/catalogue/catalogue.hpp"
 
 namespace gateway {
 namespace {
 
-using command::Json;
-using command::Method;
-using command::Object;
-using command::Parameter;
+using catalogue::Method;
+using catalogue::Object;
+using catalogue::Parameter;
+using records::Json;
 
 /// No call of the library fails by itself with this: where it comes back, it was handed on.
 constexpr int32_t kHandedOn = -77;
@@ -44,7 +44,7 @@ bool isHandedOn(int32_t status) {
 
 void *giveToCjson(size_t size) {
   return boundary::pointer<void *>("cJSON's malloc", std::to_string(size),
-                                   [size](Gateway &) { return std::malloc(size); });
+                                   [size] { return std::malloc(size); });
 }
 
 size_t nodesIn(const ListLink &head) {
@@ -96,8 +96,8 @@ class EveryMethodTest : public GatewayTest {
   }
 
   static int32_t call(const Object &object, const Method &method, const Json &arguments) {
-    command::Secrets secrets;
-    const command::Answer answer = command::invoke(object, method, arguments, secrets);
+    records::Secrets secrets;
+    const catalogue::Answer answer = catalogue::invoke(object, method, arguments, secrets);
     return method.returnsStatus() ? answer.full.at("status").get<int32_t>() : 0;
   }
 
@@ -147,7 +147,7 @@ class EveryMethodTest : public GatewayTest {
 TEST_F(EveryMethodTest, SurvivesEveryFault) {
   uint32_t methods = 0;
   uint32_t calls = 0;
-  for (const Object &object : command::catalogue()) {
+  for (const Object &object : catalogue::catalogue()) {
     for (const Method &method : object.methods) {
       SCOPED_TRACE(object.name + " " + method.name);
       ++methods;
@@ -170,7 +170,7 @@ bool takesAPath(const Method &method) {
 
 TEST_F(EveryMethodTest, HandsPathsOverInWholeZeroedFields) {
   const Habit copiesWholePaths(&Habits::copiesWholePaths);
-  for (const Object &object : command::catalogue()) {
+  for (const Object &object : catalogue::catalogue()) {
     for (const Method &method : object.methods) {
       if (takesAPath(method)) continue;
       restart();

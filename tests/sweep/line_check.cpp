@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "catalogue/catalogue.hpp"
 #include "platform/logger.h"
 #include "tests/support/gateway_test.hpp"
-#include "tools/catalogue/catalogue.hpp"
 
 namespace gateway::testing {
 
@@ -19,7 +19,7 @@ namespace {
 
 using Tags = std::set<std::string>;
 
-Tags tagsOf(const command::Object &object) {
+Tags tagsOf(const catalogue::Object &object) {
   Tags tags;
   size_t begin = 0;
   while (begin < object.source.size()) {
@@ -35,10 +35,10 @@ struct Catalogue {
   Tags all;
 
   Catalogue() {
-    for (const command::Object &object : command::catalogue()) {
+    for (const catalogue::Object &object : catalogue::catalogue()) {
       const Tags tags = tagsOf(object);
       all.insert(tags.begin(), tags.end());
-      for (const command::Method &method : object.methods) byFunction[method.function] = tags;
+      for (const catalogue::Method &method : object.methods) byFunction[method.function] = tags;
     }
   }
 };

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "gateway/boundary.hpp"
+#include "boundary/boundary.hpp"
 #include "gateway/gateway.hpp"
 
 namespace gateway::testing {

@@ -10,20 +10,20 @@
 #include <memory_resource>
 #include <vector>
 
+#include "catalogue/answer.hpp"
+#include "catalogue/catalogue.hpp"
 #include "tests/support/gateway_test.hpp"
 #include "tests/sweep/arguments.hpp"
-#include "tools/catalogue/answer.hpp"
-#include "tools/catalogue/catalogue.hpp"
 
 namespace gateway {
 namespace {
 
-using command::Field;
-using command::Json;
-using command::Kind;
-using command::Method;
-using command::Object;
-using command::Shape;
+using catalogue::Method;
+using catalogue::Object;
+using records::Json;
+using records::Kind;
+using records::Member;
+using records::Shape;
 
 /// Memory whose last byte is the last of its page; the page behind it cannot be touched.
 class GuardedMemory : public std::pmr::memory_resource {
@@ -55,7 +55,7 @@ constexpr char kFiller = '1';
 
 /// Fills the text of that number, counted in `met`; of a counted array all elements are in use.
 void fillTexts(const Shape &shape, uint8_t *record, uint32_t wanted, uint32_t &met) {
-  for (const Field &field : shape.fields) {
+  for (const Member &field : shape.members) {
     const uint32_t number = met;
     if (field.kind == Kind::kText) ++met;
     for (uint32_t i = 0; i < field.elements; ++i) {
@@ -67,7 +67,7 @@ void fillTexts(const Shape &shape, uint8_t *record, uint32_t wanted, uint32_t &m
         fillTexts(*field.shape, place, wanted, met);
       }
     }
-    if (field.counter != command::kUncounted) {
+    if (field.counter != records::kUncounted) {
       std::memcpy(record + field.counter, &field.elements, sizeof field.elements);
     }
   }
@@ -75,8 +75,8 @@ void fillTexts(const Shape &shape, uint8_t *record, uint32_t wanted, uint32_t &m
 
 uint32_t textsOf(const Method &method) {
   uint32_t texts = 0;
-  for (const command::Parameter &parameter : method.parameters) {
-    if (parameter.shape == nullptr || parameter.direction == command::Direction::kOut) continue;
+  for (const catalogue::Parameter &parameter : method.parameters) {
+    if (parameter.shape == nullptr || parameter.direction == catalogue::Direction::kOut) continue;
     std::vector<uint8_t> record(parameter.shape->allocation());
     fillTexts(*parameter.shape, record.data(), kEveryText, texts);
   }
@@ -89,9 +89,9 @@ class UnreadablePageTest : public GatewayTest {
 
   void call(const Object &object, const Method &method, uint32_t filled) {
     const Json arguments = testing::argumentsOf(method);
-    command::Answer answer;
-    command::Secrets secrets;
-    command::Call call(object.name + " " + method.name, arguments, answer, secrets);
+    catalogue::Answer answer;
+    records::Secrets secrets;
+    catalogue::Call call(object.name + " " + method.name, arguments, answer, secrets);
     uint32_t met = 0;
     call.onRecord = [&](const Shape &shape, void *record) {
       fillTexts(shape, static_cast<uint8_t *>(record), filled, met);
@@ -114,7 +114,7 @@ class UnreadablePageTest : public GatewayTest {
 
 TEST_F(UnreadablePageTest, NoMethodLeavesItsRecords) {
   uint32_t texts = 0;
-  for (const Object &object : command::catalogue()) {
+  for (const Object &object : catalogue::catalogue()) {
     for (const Method &method : object.methods) {
       expectInside(object, method, kEveryText);
       // One at a time gets further: what the method checks before is as it should be.

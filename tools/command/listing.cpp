@@ -2,12 +2,14 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tools/catalogue/catalogue.hpp"
+#include "catalogue/catalogue.hpp"
 
 namespace command {
+
+using namespace catalogue;
 namespace {
 
-std::string fieldType(const Field &field) {
+std::string fieldType(const Member &field) {
   std::string type;
   switch (field.kind) {
     case Kind::kText:
@@ -21,6 +23,9 @@ std::string fieldType(const Field &field) {
       break;
     case Kind::kRecord:
       type = field.shape->name;
+      break;
+    default:
+      break;
   }
   return field.isArray ? std::to_string(field.elements) + " x " + type : type;
 }
@@ -29,12 +34,12 @@ enum class Side : uint8_t { kArgument, kAsked, kAnswer };
 
 Json fieldsAsJson(const Shape &shape, Side side) {
   Json fields = Json::array();
-  for (const Field &field : shape.fields) {
+  for (const Member &field : shape.members) {
     if (side == Side::kAsked && !field.isInput) continue;
     Json entry{{"name", field.name}, {"type", fieldType(field)}};
     const bool isOptional = field.isOptional || shape.isCounter(field);
     if (isOptional && side != Side::kAnswer) entry["optional"] = true;
-    if (field.isSecret) entry["secret"] = true;
+    if (field.isSecret()) entry["secret"] = true;
     if (field.shape != nullptr) entry["fields"] = fieldsAsJson(*field.shape, side);
     fields.push_back(entry);
   }
@@ -104,7 +109,7 @@ void printMethod(const Json &method, std::string &out) {
 Json listingAsJson(const std::string &onlyObject) {
   if (!onlyObject.empty()) findObject(onlyObject);
   Json objects = Json::array();
-  for (const Object &object : catalogue()) {
+  for (const Object &object : catalogue::catalogue()) {
     if (!onlyObject.empty() && object.name != onlyObject) continue;
     Json methods = Json::array();
     for (const Method &method : object.methods) methods.push_back(methodAsJson(method));

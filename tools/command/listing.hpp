@@ -3,9 +3,11 @@
 
 #include <string>
 
-#include "tools/catalogue/json.hpp"
+#include "records/json.hpp"
 
 namespace command {
+
+using namespace records;
 
 /// Names of objects; `verbose` adds methods with their functions, arguments and answers.
 std::string listing(const std::string &onlyObject, bool verbose);

@@ -12,7 +12,7 @@
 #include <system_error>
 #include <vector>
 
-#include "gateway/json.hpp"
+#include "records/json.hpp"
 
 namespace command {
 namespace {
@@ -124,8 +124,8 @@ std::string reasonOf(const std::exception &error) {
   if (const auto *files = dynamic_cast<const std::filesystem::filesystem_error *>(&error)) {
     return files->path1().string() + ": " + files->code().message();
   }
-  if (dynamic_cast<const UsageError *>(&error) ||
-      dynamic_cast<const gateway::ProfileError *>(&error)) {
+  if (dynamic_cast<const InputError *>(&error) ||
+      dynamic_cast<const records::InputError *>(&error)) {
     return error.what();
   }
   if (const auto *system = dynamic_cast<const std::system_error *>(&error)) {

@@ -3,9 +3,11 @@
 #include <exception>
 #include <string>
 
-#include "tools/catalogue/json.hpp"
+#include "records/json.hpp"
 
 namespace command {
+
+using namespace records;
 
 /// One line of JSON, or for the eye: a line for each member, and a table where rows are listed.
 void printAnswer(const Json &answer, bool asTable);

@@ -6,7 +6,7 @@ namespace command {
 namespace {
 
 [[noreturn]] void refuse(const char *step) {
-  throw UsageError(step, "only a virtual gateway can do that");
+  throw InputError(step, "only a virtual gateway can do that");
 }
 
 }  // namespace

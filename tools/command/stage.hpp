@@ -5,11 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "tools/catalogue/answer.hpp"
-#include "tools/catalogue/catalogue.hpp"
+#include "catalogue/answer.hpp"
+#include "catalogue/catalogue.hpp"
 #include "tools/command/trail.hpp"
 
 namespace command {
+
+using namespace catalogue;
+using namespace records;
 
 /// How answers are printed.
 struct Printing {
@@ -28,7 +31,7 @@ class Stage {
   /// `value` as it may be printed: secrets that are known are masked in it.
   virtual Json shown(const Json &value) const = 0;
 
-  // Only a virtual gateway can do these; elsewhere they throw UsageError.
+  // Only a virtual gateway can do these; elsewhere they throw InputError.
   virtual void load(const std::string &profile);
   virtual void planFault(const std::string &rule);
   virtual void advance(int64_t seconds);

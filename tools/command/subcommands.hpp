@@ -5,11 +5,14 @@
 #include <iostream>
 #include <string>
 
-#include "gateway/json.hpp"
+#include "records/json.hpp"
 #include "tools/command/output.hpp"
 #include "tools/command/stage.hpp"
 
 namespace command {
+
+using namespace catalogue;
+using namespace records;
 
 enum Exit : int { kExitOk = 0, kExitFailed = 1, kExitUsage = 2 };
 

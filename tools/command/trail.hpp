@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "tools/catalogue/codec.hpp"
+#include "records/codec.hpp"
 
 namespace command {
+
+using namespace records;
 
 /// Keeps what is written to standard output out of the command's own, until it is taken.
 class OutputCapture {

@@ -7,7 +7,7 @@
 #include <map>
 #include <set>
 
-#include "gateway/json.hpp"
+#include "records/json.hpp"
 #include "tools/command/output.hpp"
 
 namespace command {
@@ -22,14 +22,14 @@ struct Step {
     try {
       return json.at(name).get<Value>();
     } catch (const Json::exception &) {
-      throw UsageError(where + ": " + name, "missing or of the wrong type");
+      throw InputError(where + ": " + name, "missing or of the wrong type");
     }
   }
   /// A text that the platform gets to see whole.
   std::string text(const char *name) const {
     const auto value = get<std::string>(name);
     if (value.find('\0') != std::string::npos) {
-      throw UsageError(where + ": " + name, "the text holds a zero");
+      throw InputError(where + ": " + name, "the text holds a zero");
     }
     return value;
   }
@@ -57,9 +57,9 @@ std::string missingFromTrail(const Step &step, const Trail &trail) {
 Outcome playCall(const Step &step, Stage &stage) {
   const std::string target = step.text("call");
   const size_t blank = target.find(' ');
-  if (blank == std::string::npos) throw UsageError(step.where, "expected \"OBJECT METHOD\"");
+  if (blank == std::string::npos) throw InputError(step.where, "expected \"OBJECT METHOD\"");
   if (step.has("expect") && !step.expected().is_object()) {
-    throw UsageError(step.where + ": expect", "an answer is an object");
+    throw InputError(step.where + ": expect", "an answer is an object");
   }
   const std::string object = target.substr(0, blank);
   const std::string method = target.substr(blank + 1);
@@ -74,7 +74,7 @@ Outcome playCall(const Step &step, Stage &stage) {
 }
 
 Outcome found(const Json &value, const Stage &stage) {
-  return {gateway::withTexts(value, printable), gateway::withTexts(stage.shown(value), printable)};
+  return {withTexts(value, printable), withTexts(stage.shown(value), printable)};
 }
 
 Outcome playRead(const Step &step, Stage &stage) {
@@ -89,7 +89,7 @@ Outcome playState(const Step &step, Stage &stage) {
     const Json::json_pointer pointer(place);
     return found(state.contains(pointer) ? state.at(pointer) : Json(), stage);
   } catch (const Json::exception &) {
-    throw UsageError(step.where, "\"" + place + "\" is no place in a profile");
+    throw InputError(step.where, "\"" + place + "\" is no place in a profile");
   }
 }
 
@@ -107,7 +107,7 @@ Outcome playStep(const Step &step, const std::string &fileName, Stage &stage) {
   } else if (step.has("advance")) {
     stage.advance(integerFromJson(step.json["advance"], step.where + ": advance", 0, UINT32_MAX));
   } else {
-    throw UsageError(step.where, "no such step");
+    throw InputError(step.where, "no such step");
   }
   return {};
 }
@@ -129,28 +129,28 @@ bool isKnown(const std::string &name) {
 }
 
 void checkMembers(const Step &step) {
-  if (!step.json.is_object()) throw UsageError(step.where, "expected a JSON object");
+  if (!step.json.is_object()) throw InputError(step.where, "expected a JSON object");
   std::string kind;
   for (const auto &[name, value] : step.json.items()) {
-    if (!isKnown(name)) throw UsageError(step.where + ": " + name, "no such member");
+    if (!isKnown(name)) throw InputError(step.where + ": " + name, "no such member");
     if (!kSteps.contains(name)) continue;
-    if (!kind.empty()) throw UsageError(step.where + ": " + name, "a step beside \"" + kind + "\"");
+    if (!kind.empty()) throw InputError(step.where + ": " + name, "a step beside \"" + kind + "\"");
     kind = name;
   }
-  if (kind.empty()) throw UsageError(step.where, "no such step");
+  if (kind.empty()) throw InputError(step.where, "no such step");
   for (const auto &[name, value] : step.json.items()) {
     if (name == kind || kSteps.at(kind).contains(name)) continue;
-    throw UsageError(step.where + ": " + name, "not with \"" + kind + "\"");
+    throw InputError(step.where + ": " + name, "not with \"" + kind + "\"");
   }
 }
 
 [[noreturn]] void refuseAt(const Step &step, const std::exception &error) {
   const std::string text = error.what();
-  throw UsageError(text.starts_with(step.where) ? text : step.where + ": " + text);
+  throw InputError(text.starts_with(step.where) ? text : step.where + ": " + text);
 }
 
 Step parseStep(const std::string &where, const std::string &line) {
-  Step step{where, gateway::parseJson(line, where)};
+  Step step{where, records::parseJson(line, where)};
   checkMembers(step);
   return step;
 }
@@ -197,9 +197,7 @@ bool playTranscript(std::istream &lines, const std::string &name, Playing playin
     Outcome outcome;
     try {
       outcome = playStep(step, name, stage);
-    } catch (const UsageError &error) {
-      refuseAt(step, error);
-    } catch (const gateway::ProfileError &error) {
+    } catch (const InputError &error) {
       refuseAt(step, error);
     }
     if (isRecording) {
@@ -216,14 +214,14 @@ bool playTranscript(std::istream &lines, const std::string &name, Playing playin
       asExpected = false;
     }
   }
-  if (lines.bad()) throw UsageError(name, "cannot be read");
+  if (lines.bad()) throw InputError(name, "cannot be read");
   return asExpected;
 }
 
 bool playFile(const std::string &name, Playing playing, const Printing &printing, Stage &stage) {
   if (name == "-") return playTranscript(std::cin, name, playing, printing, stage);
   std::ifstream file(name);
-  if (!file) throw UsageError(name, "cannot be read");
+  if (!file) throw InputError(name, "cannot be read");
   return playTranscript(file, name, playing, printing, stage);
 }
 

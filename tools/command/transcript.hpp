@@ -20,12 +20,15 @@
 
 namespace command {
 
+using namespace catalogue;
+using namespace records;
+
 enum class Playing {
   kCheck,   ///< print answers, complain of what was not expected
   kRecord,  ///< print the transcript itself, with the answers as what is expected
 };
 
-/// False when something was not as expected. Throws UsageError for a line that makes no sense.
+/// False when something was not as expected. Throws InputError for a line that makes no sense.
 bool playTranscript(std::istream &lines, const std::string &name, Playing playing,
                     const Printing &printing, Stage &stage);
 

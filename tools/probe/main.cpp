@@ -27,7 +27,7 @@ class Device : public Stage {
 };
 
 int call(const Target &target, const Printing &printing) {
-  const Json arguments = gateway::parseJson(target.arguments, "JSON");
+  const Json arguments = records::parseJson(target.arguments, "JSON");
   const Answer answer = Device().call(target.object, target.method, arguments);
   printAnswer(printing.showSecrets ? answer.full : answer.shown, printing.table);
   return answer.failed ? kExitFailed : kExitOk;

@@ -1,0 +1,17 @@
+#include "pmapi/wifi_wps.h"
+
+#include "catalogue/catalogue.hpp"
+
+namespace catalogue {
+namespace {
+
+const Entry kEntry{{
+    .name = "wifi_wps",
+    .source = "object_nexumd_wifi_wps_pmapi.c",
+    .summary = "Wi-Fi protected set-up",
+    .methods = {method("set", PM_FUNCTION(pm_ubus_wifi_wps_set),
+                       "Starts WPS on \"2.4G\", \"5G\" or \"all\".", TextIn{"radio"})},
+}};
+
+}  // namespace
+}  // namespace catalogue
