@@ -40,7 +40,7 @@ std::string hexadecimal(uint64_t number) {
 
 }  // namespace
 
-std::string keyOf(const Parameter &parameter, uint64_t number) {
+KeyPart keyOf(const Parameter &parameter, uint64_t number) {
   if (contains(kSilent, parameter.name)) return {};
   const auto word = static_cast<uint32_t>(number);
   if (parameter.name == "viewId") return records::viewName(word);
@@ -50,21 +50,30 @@ std::string keyOf(const Parameter &parameter, uint64_t number) {
   return std::to_string(word);
 }
 
-std::string keyOf(const Parameter &parameter, const char *given) {
-  return parameter.name == "program" ? "" : text(given);
+KeyPart keyOf(const Parameter &parameter, const char *given) {
+  if (parameter.name == "program") return {};
+  return text(given);
 }
 
-std::string keyOf(const Parameter &parameter, const uint8_t *bytes) {
+KeyPart keyOf(const Parameter &parameter, const uint8_t *bytes) {
   if (bytes == nullptr) return "(null)";
   if (parameter.elements == kMacSize) return records::printMac(bytesAt<kMacSize>(bytes));
   if (parameter.elements == kIpv6Size) return records::printIpv6(bytesAt<kIpv6Size>(bytes));
   return {};
 }
 
-std::string keyOfRequest(const void *request, uint32_t length) {
+KeyPart keyOfRequest(const void *request, uint32_t length) {
   const auto *begin = static_cast<const char *>(request);
   if (begin == nullptr || length < kShortestTextRequest || *begin < ' ') return {};
-  return {begin, strnlen(begin, length)};
+  return std::string(begin, strnlen(begin, length));
+}
+
+KeyPart keyOf(const Parameter &, const platform::UpModeInfo *uplink) {
+  return uplink == nullptr ? "(null)" : std::to_string(uplink->mode);
+}
+
+bool delivers(std::string_view name) {
+  return name.starts_with("Get") || name.starts_with("pm_get_");
 }
 
 int32_t naturalFailure(std::string_view name) {

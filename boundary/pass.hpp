@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <span>
 #include <string>
 #include <tuple>
@@ -15,6 +16,7 @@
 #include "platform/config_database.h"
 #include "platform/host.h"
 #include "platform/layout.hpp"
+#include "platform/wan.h"
 
 namespace boundary {
 
@@ -27,25 +29,31 @@ struct Parameter {
 };
 
 /// What stands in the key for a parameter; nothing for those that say how rather than what.
-std::string keyOf(const Parameter &parameter, uint64_t number);
-std::string keyOf(const Parameter &parameter, const char *given);
-std::string keyOf(const Parameter &parameter, const uint8_t *bytes);
+using KeyPart = std::optional<std::string>;
+KeyPart keyOf(const Parameter &parameter, uint64_t number);
+KeyPart keyOf(const Parameter &parameter, const char *given);
+KeyPart keyOf(const Parameter &parameter, const uint8_t *bytes);
+KeyPart keyOf(const Parameter &parameter, const platform::UpModeInfo *uplink);
 /// The text with which a request begins, if it begins with one: it names what the request is about.
-std::string keyOfRequest(const void *request, uint32_t length);
+KeyPart keyOfRequest(const void *request, uint32_t length);
 
 /// What a call answers when it fails by itself, where that is a status.
 int32_t naturalFailure(std::string_view name);
+
+/// Whether the call is a getter of numbers.
+bool delivers(std::string_view name);
 
 /// Throws Refusal for a path that no path of the platform can be.
 void checkPath(const Parameter &parameter, const char *given);
 
 template <class Type>
-std::string keyOfArgument(const Parameter &parameter, Type argument) {
+KeyPart keyOfArgument(const Parameter &parameter, Type argument) {
   if constexpr (std::is_integral_v<Type>) {
     return keyOf(parameter,
                  static_cast<uint64_t>(static_cast<std::make_unsigned_t<Type>>(argument)));
   } else if constexpr (std::is_same_v<Type, const char *> ||
-                       std::is_same_v<Type, const uint8_t *>) {
+                       std::is_same_v<Type, const uint8_t *> ||
+                       std::is_same_v<Type, const platform::UpModeInfo *>) {
     return keyOf(parameter, argument);
   } else {
     return {};
@@ -121,8 +129,11 @@ class Crossing {
   static std::string key(const Parameters &parameters, const Arguments &...arguments) {
     std::string all;
     size_t next = 0;
-    const auto append = [&](const std::string &part) {
-      if (!part.empty()) all += (all.empty() ? "" : " ") + part;
+    bool isFirst = true;
+    const auto append = [&](const KeyPart &part) {
+      if (!part) return;
+      all += (isFirst ? "" : " ") + *part;
+      isFirst = false;
     };
     (append(keyOfArgument(parameters[next++], arguments)), ...);
     appendRequest(std::tuple(arguments...), append, std::index_sequence_for<Arguments...>());
@@ -158,7 +169,7 @@ class Crossing {
       return failing;
     } else {
       if (fault->workDone) passage_.template run<Value>(failing, work);
-      if (!fault->workDone) (spoil(arguments), ...);
+      if (!fault->workDone && delivers(name_)) (spoil(arguments), ...);
       if (fault->replyStatus || fault->replyLength) {
         writeFaultyReply(*fault, std::tuple(arguments...));
         return answer(*fault, kOk);

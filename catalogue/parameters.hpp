@@ -69,7 +69,7 @@ template <class Record>
 Parameter argumentRecord(const char *name = nullptr) {
   return {.name = name == nullptr ? "" : name,
           .direction = Direction::kIn,
-          .type = kShape<Record>.name,
+          .type = std::string(kShape<Record>.name),
           .shape = &kShape<Record>};
 }
 
@@ -77,7 +77,7 @@ template <class Record>
 Parameter resultRecord(const char *name = nullptr) {
   return {.name = name == nullptr ? "" : name,
           .direction = Direction::kOut,
-          .type = kShape<Record>.name,
+          .type = std::string(kShape<Record>.name),
           .shape = &kShape<Record>};
 }
 

@@ -64,6 +64,7 @@ void copyAccount(const Row &from, const platform::Field &user, const platform::F
 using namespace gateway;
 
 int32_t gateway::si_ifsadapt_clear_wanc() {
+  settings.adapterCleared = true;
   return kOk;
 }
 

@@ -242,7 +242,7 @@ void recordFromJson(const Json &value, const std::string &where, const Shape &sh
   requireObject(value, where);
   for (const auto &entry : value.items()) {
     if (shape.find(entry.key()) == nullptr) {
-      throw InputError(placeOf(where, entry.key()), std::string("no such member in ") + shape.name);
+      throw InputError(placeOf(where, entry.key()), "no such member in " + std::string(shape.name));
     }
   }
   for (const Member &member : shape.members) {
@@ -540,7 +540,7 @@ const Shape &shapeOf(const Layout &layout) {
   LayoutShape &made = found->second;
   if (isNew) {
     for (const platform::Field &field : layout.fields) made.members.push_back(memberOf(field));
-    made.shape = {layout.name.data(), layout.size, made.members};
+    made.shape = {layout.name, layout.size, made.members};
   }
   return made.shape;
 }

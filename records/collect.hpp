@@ -49,16 +49,18 @@ concept DeclaresFieldAt = requires {
   Record::fieldAt(platform::Line<Number>{});
 };
 
+template <class Record, uint32_t Number, size_t Count>
+consteval void takeField(std::array<platform::Field, Count> &fields, size_t &next) {
+  if constexpr (DeclaresFieldAt<Record, Number>) {
+    fields[next++] = Record::fieldAt(platform::Line<Number>{});
+  }
+}
+
 template <class Record, uint32_t... Lines>
 consteval auto collectFields(std::integer_sequence<uint32_t, Lines...>) {
   std::array<platform::Field, (0 + ... + DeclaresFieldAt<Record, Lines>)> fields{};
   size_t next = 0;
-  const auto take = [&]<uint32_t Number>() {
-    if constexpr (DeclaresFieldAt<Record, Number>) {
-      fields[next++] = Record::fieldAt(platform::Line<Number>{});
-    }
-  };
-  (take.template operator()<Lines>(), ...);
+  (takeField<Record, Lines>(fields, next), ...);
   checkLayout(fields, Record::kFirst, Record::kSize);
   return fields;
 }

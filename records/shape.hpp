@@ -14,6 +14,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -114,7 +115,7 @@ struct Member {
 };
 
 struct Shape {
-  const char *name;
+  std::string_view name;
   uint32_t size;  ///< of the structure without its open tail
   std::span<const Member> members;
   /// A plain value stands for the first member alone.
@@ -146,8 +147,14 @@ struct Shape {
 template <class Record>
 struct RecordTable;
 
+/// "Host" of "gateway::Host".
+consteval std::string_view withoutScope(std::string_view name) {
+  const size_t scope = name.rfind("::");
+  return scope == std::string_view::npos ? name : name.substr(scope + 2);
+}
+
 template <class Record>
-inline constexpr Shape kShape{RecordTable<Record>::kName, sizeof(Record),
+inline constexpr Shape kShape{withoutScope(RecordTable<Record>::kName), sizeof(Record),
                               RecordTable<Record>::kMembers, RecordTable<Record>::kHasShortForm};
 
 template <class Element>

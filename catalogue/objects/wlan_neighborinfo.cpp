@@ -20,7 +20,7 @@ Method scan(const char *name, const char *function, Scan call, const char *count
             const char *summary) {
   const Parameter rows{.name = "entries",
                        .direction = Direction::kOut,
-                       .type = kShape<NeighborApEntry>.name,
+                       .type = std::string(kShape<NeighborApEntry>.name),
                        .shape = &kShape<NeighborApEntry>,
                        .isRows = true};
   return customMethod(

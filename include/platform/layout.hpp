@@ -196,7 +196,7 @@ struct LayoutList {};
 /// again by the lines on which they stand, so that each is written once.
 #define FIELD(Kind, name, ...)                                       \
   static constexpr Kind name{#name, __VA_ARGS__};                    \
-  static consteval const auto &fieldAt(::platform::Line<__LINE__>) { \
+  static constexpr const auto &fieldAt(::platform::Line<__LINE__>) { \
     return name;                                                     \
   }
 

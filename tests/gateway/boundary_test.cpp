@@ -76,7 +76,6 @@ TEST_F(BoundaryTest, WhatIsMissingSaysSo) {
 }
 
 TEST_F(BoundaryTest, ProxyFaultsAnswerThroughTheReplyToo) {
-  expectComplaint("8 bytes are offered for the reply");
   int32_t reply[2] = {11, 22};
   uint16_t length = sizeof reply;
   Fault refused{"ctSgw_ssend_to_proxy", "SET_LOCK", 1, 1};

@@ -55,7 +55,7 @@ TEST_F(ConfigDatabaseTest, BrokenRequestsAreComplainedOf) {
             kPathTooLong);
   expectComplaint("the header says 872 bytes, the view has 264");
   EXPECT_EQ(vcorDbGetView(DBVIEW_EASYMESH, "IGD", &identity.view), kBadHeader);
-  expectComplaint("no view buffer");
+  expectComplaint("no view");
   EXPECT_EQ(vcorDbSetView(DBVIEW_GATEWAY_IDENTITY, "IGD", nullptr), kNullArgument);
   expectComplaint("was not cleared");
   identity.row().setText(GatewayIdentityView::cmei, "left over");

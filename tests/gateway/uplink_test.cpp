@@ -88,7 +88,7 @@ TEST_F(UplinkTest, CardCountIsAnsweredForTheRadioBase) {
   EXPECT_EQ(ask(WLAN_MGR_GET_CARD_MAX), kOk);
   EXPECT_EQ(count, 2u);
   EXPECT_EQ(length, 4);
-  expectComplaint("pm_send_msg_2mm(wlan_mgr 0x1): this message is not there yet");
+  expectComplaint("pm_send_msg_2mm(wlan_mgr 0x1 IGD.LD1.WLANBase1): this message is not there yet");
   EXPECT_EQ(ask(1), kNotThereYet);
   expectComplaint("a reply of 4 bytes does not fit 2");
   length = 2;

@@ -223,7 +223,7 @@ TEST_F(DeviceLimitCfgData, ValidPeriodCarriesTheLimitInsteadOfTheProxy) {
   forgetCalls();
   EXPECT_EQ(set(timedLimit(kTablet, "0", "0", {127, 0, 86400})), 0);
   EXPECT_THAT(policies(), ElementsAre("1793 1 5-5"));
-  EXPECT_THAT(trace("ASEND"), ElementsAre("ASEND(time_policy 0x8101) = 0"));
+  EXPECT_THAT(trace("ASEND"), ElementsAre("ASEND(0x8101 time_policy) = 0"));
   EXPECT_THAT(logs(),
               HasLogLine({5, "device_limit_cfg_data",
                           "[device_limit_cfg_data] deal timepolicy wrong or del time policy\n"}));

@@ -61,7 +61,7 @@ TEST_F(PmUbusWlanconnectSet, JoinsANetworkFoundOnlyOn5G) {
   EXPECT_EQ(connect(kSsid, kPassphrase), 0);
   EXPECT_THAT(trace(), ElementsAre("pm_upmode_info_get() = 0",
                                    "vcorDbSetView(DBVIEW_NETWORKING_DEV_INFO IGD) = 0",
-                                   StartsWith("vcorDbSave"), "pm_upmode_info_set(512) = 0",
+                                   StartsWith("vcorDbSave"), "pm_upmode_info_set(1 512) = 0",
                                    "pm_wlan_set_scan_ap(IGD.LD1.WLANBase1) = 0",
                                    StartsWith("sleep(10)"), "pm_wlan_list_ap(IGD.LD1.WLAN1) = 0",
                                    "pm_wlan_set_scan_ap(IGD.LD1.WLANBase2) = 0",
