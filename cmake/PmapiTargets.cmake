@@ -10,16 +10,15 @@ endfunction()
 function(pmapi_add_process name)
   add_executable(${name} ${ARGN})
   target_compile_options(${name} PRIVATE ${PMAPI_PROGRAM_FLAGS})
+  target_compile_definitions(${name} PRIVATE PMAPI_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE pmapi_headers records mapd_interface_client pmapi cjson)
+  target_link_libraries(${name} PRIVATE pmapi_headers records mapd_interface_client pmapi cjson own_runtime)
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
   target_link_options(${name} PRIVATE
     # What only libpmapi.so uses, cJSON and the multi-AP client, is the process's to load.
     -Wl,--no-as-needed
     # A process may lack platform calls that it never reaches; binding is lazy.
-    -Wl,--allow-shlib-undefined
-    # The cross toolchain's libstdc++.so is not on the loader's path.
-    -static-libstdc++ -static-libgcc -Wl,--exclude-libs,libstdc++.a:libgcc.a:libgcc_eh.a)
+    -Wl,--allow-shlib-undefined)
 endfunction()
 
 # The process with the virtual gateway inside.
@@ -38,6 +37,11 @@ endfunction()
 
 add_library(pmapi_headers INTERFACE)
 target_include_directories(pmapi_headers INTERFACE ${PROJECT_SOURCE_DIR}/include)
+
+# For what is not the product: the cross toolchain's libstdc++.so is not on the loader's path.
+add_library(own_runtime INTERFACE)
+target_link_options(own_runtime INTERFACE
+  -static-libstdc++ -static-libgcc -Wl,--exclude-libs,libstdc++.a:libgcc.a:libgcc_eh.a)
 
 # How the product's own code is compiled. It must not need the C++ runtime, which gateways do not carry.
 function(pmapi_library_flags name)

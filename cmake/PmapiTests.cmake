@@ -15,12 +15,3 @@ function(pmapi_register_gtest name)
       ENVIRONMENT "GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${index}")
   endforeach()
 endfunction()
-
-# One test per transcript, with the profile that it names or the home router.
-function(pmapi_add_transcripts)
-  foreach(transcript IN LISTS ARGN)
-    cmake_path(GET transcript STEM name)
-    add_test(NAME transcript.${name}
-      COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:pmapi_command> run ${transcript})
-  endforeach()
-endfunction()

@@ -8,7 +8,7 @@ excuses=$root/bench/unmeasured.txt
 names() { LC_ALL=C sort -u; }
 lacking() { LC_ALL=C comm -23 "$@"; }
 
-exported=$(grep -v '^g_' "$root/cmake/exports.txt" | names)
+exported=$(grep -v '^g_' "${1%/bin/*}/generated/exports.txt" | names)
 # What the program needs of others, among it the library's functions that its cases call.
 called=$("$2" --wide --dyn-syms "$1" | awk '$7 == "UND" { sub(/@.*/, "", $8); print $8 }' | names)
 excused=$(awk '!/^#/ && NF > 1 { print $1 }' "$excuses" | names)

@@ -136,14 +136,13 @@ def print_table(rows):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("build", type=Path, help="a build directory of the arm preset")
-    parser.add_argument("--exports", type=Path,
-                        default=Path(__file__).resolve().parent.parent / "cmake" / "exports.txt")
+    parser.add_argument("--exports", type=Path, help="the names that the library exports")
     options = parser.parse_args()
 
     library = ElfFile(options.build / "lib" / "libpmapi.so")
     paths = (options.build / "library_objects.txt").read_text(encoding="utf-8").split()
     objects = [ElfFile(path) for path in paths]
-    exported = set(options.exports.read_text(encoding="utf-8").split())
+    exported = set((options.exports or options.build / "generated/exports.txt").read_text(encoding="utf-8").split())
 
     checks = [check_text(library), check_data(objects, exported), check_stack(objects), check_heap(objects)]
     print_table([row for rows, _ in checks for row in rows])

@@ -9,7 +9,7 @@ packages=(
   libcjson-dev:i386 libcjson-dev:armel
   libgtest-dev:i386 libgtest-dev:armel libgmock-dev:i386 libgmock-dev:armel
   libcli11-dev nlohmann-json3-dev
-  clang-format clang-tidy abigail-tools doxygen python3-jsonschema
+  clang-format clang-tidy gcovr abigail-tools doxygen python3-pyelftools python3-jsonschema
 )
 
 missing() {
