@@ -1,7 +1,7 @@
 .PHONY: run test check format coverage fuzz bench budgets abi abi-renew documents setup clean
 
 run: setup
-	@scripts/build.sh host
+	@scripts/build.sh host pmapi_command
 	@scripts/tour.sh
 
 test: setup
@@ -11,7 +11,7 @@ check: setup
 	@scripts/check.sh
 
 format: setup
-	@git ls-files '*.c' '*.h' '*.cpp' '*.hpp' | xargs clang-format -i
+	@git ls-files '*.[ch]' '*.[ch]pp' | xargs clang-format -i
 
 coverage: setup
 	@scripts/coverage.sh
@@ -26,16 +26,16 @@ budgets: setup
 	@scripts/budgets.sh
 
 abi: setup
-	@scripts/build.sh arm
+	@scripts/build.sh arm pmapi
 	@scripts/abi.sh check build/arm/lib/libpmapi.so
 
 abi-renew: setup
-	@scripts/build.sh arm
+	@scripts/build.sh arm pmapi
 	@scripts/abi.sh renew build/arm/lib/libpmapi.so
 
 # Renews what the documents show of the command, the reference and the schema of profiles.
 documents: setup
-	@scripts/build.sh host
+	@scripts/build.sh host pmapi_command
 	@scripts/documents.py
 	@scripts/reference.py
 	@scripts/profile_schema.py
