@@ -3,26 +3,27 @@
 # does not hide what the next ones would say; the closing lines of all runs are repeated at the end.
 set -uo pipefail
 cd "$(dirname "$0")/.."
+presets=(host sanitize arm fuzz)
+rm -f build/*/ctest.log
 
 failed=()
-for preset in host sanitize arm fuzz; do
+for preset in "${presets[@]}"; do
   echo "== $preset"
   scripts/build.sh "$preset" || { failed+=("$preset build"); continue; }
-  ctest --preset "$preset" --no-tests=ignore 2>&1 | tee "build/$preset/ctest.log"
-  [ "${PIPESTATUS[0]}" -eq 0 ] || failed+=("$preset tests")
+  ctest --preset "$preset" --output-log "build/$preset/ctest.log" || failed+=("$preset tests")
 done
 
 echo "== checks"
 scripts/check.sh || failed+=("checks")
 
 echo
-for preset in host sanitize arm fuzz; do
+for preset in "${presets[@]}"; do
   [ -f "build/$preset/ctest.log" ] || continue
   echo "$preset:"
-  grep -E 'tests passed|No tests were found|Total Test time' "build/$preset/ctest.log"
+  grep -hE 'tests passed|No tests were found|Total Test time' "build/$preset/ctest.log"
   # Under the emulator many tests share a process, which ctest counts as one.
-  sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?\.$/\1/p' "build/$preset/Testing/Temporary/LastTest.log" |
-    awk '{ sum += $1 } END { if (NR) print "  of these GoogleTest: " sum " tests in " NR " processes" }'
+  awk '/^\[  PASSED  \]/ { sum += $4; ++n } END { if (n) print "  of these GoogleTest: " sum " tests in " n " processes" }' \
+    "build/$preset/Testing/Temporary/LastTest.log"
 done
 if [ ${#failed[@]} -gt 0 ]; then
   printf 'FAILED: %s\n' "${failed[@]}"
