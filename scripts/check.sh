@@ -35,6 +35,7 @@ room fuzz $around tools tests
 forbid '#include <(vector|string|map|unordered_map|set|list|deque|memory|functional|iostream|sstream|fstream|thread|mutex|stdexcept)>' \
   'the library needs no C++ runtime' frame objects
 forbid '#include "[^"]*\.c(pp)?"' 'a source includes no source' '*.[ch]' '*.[ch]pp'
+forbid 'COVR?_EXCL_(LINE|START|STOP)' 'only a branch may be excused from being tested, never a line' frame objects
 
 diff <(cd include/pmapi && ls | grep -vx pmapi.h) <(sed -nE 's@^#include "pmapi/(.*)"@\1@p' include/pmapi/pmapi.h) || {
   echo 'check: pmapi.h includes other headers than there are'
