@@ -3,37 +3,29 @@
 # A record whose fields cannot lie where they are said to lie must not compile, and the compiler must
 # name the reason. Each faulty record has a sound twin that differs in one number only.
 set -u
-
+compiler=("$@")
 failures=0
 
+# compile KIND OFFSET KIND OFFSET
 compile() {
-  printf '#include "platform/record.hpp"
+  printf '#include "records/collect.hpp"
 struct Sample : platform::Record<64> {
-  static constexpr platform::%s first{"first", %s};
-  static constexpr platform::%s second{"second", %s};
-  static constexpr auto fields = layout(first, second);
-};\n' "${@:1:4}" | "${@:5}" -x c++ -fsyntax-only - 2>&1
+  FIELD(platform::%s, first, %s);
+  FIELD(platform::%s, second, %s);
+};
+LAYOUTS(Samples, Sample);
+constexpr auto described = records::describeAll(Samples{});\n' "$@" | "${compiler[@]}" -x c++ -fsyntax-only - 2>&1
 }
 
 # expect REASON KIND OFFSET KIND OFFSET_OF_SOUND OFFSET_OF_FAULTY; REASON is what the compiler reports.
 expect() {
   local output
-  if ! output=$(compile "${@:2:3}" "$5" "${compiler[@]}"); then
-    echo "FAIL: $4 at $5 after $2 at $3 should compile:"
-    echo "$output"
-    failures=1
-  fi
-  if output=$(compile "${@:2:3}" "$6" "${compiler[@]}"); then
-    echo "FAIL: $4 at $6 after $2 at $3 should not compile"
-    failures=1
-  elif ! grep -q "$1" <<<"$output"; then
-    echo "FAIL: $4 at $6 after $2 at $3 fails for another reason than $1:"
-    echo "$output"
+  output=$(compile "${@:2:4}") || { echo "FAIL: ${*:2:4} should compile: $output"; failures=1; }
+  if output=$(compile "${@:2:3}" "$6") || ! grep -q "$1" <<<"$output"; then
+    echo "FAIL: ${*:2:3} $6 should not compile, for the reason $1: $output"
     failures=1
   fi
 }
-
-compiler=("$@")
 
 expect fieldsOverlap        'Word'          28 'Word'          60 56  # the mark lies in the first field
 expect fieldsOverlap        'PlainWord'      0 'PlainByte'      4  3
