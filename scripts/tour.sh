@@ -1,15 +1,8 @@
 #!/usr/bin/env bash
 # Shows what the library does on the virtual gateway: who the gateway is, an item of the daemon's
-# own configuration in a real file, the mesh. Usage: tour.sh [PRESET]
+# own configuration in a real file, the mesh.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-
-preset=${1:-host}
-if [ "$preset" = arm ]; then
-  pmapi() { qemu-arm -L /usr/arm-linux-gnueabi build/arm/bin/pmapi "$@"; }
-else
-  pmapi() { "build/$preset/bin/pmapi" "$@"; }
-fi
 
 root=$(mktemp -d)
 trap 'rm -rf "$root"' EXIT
@@ -29,7 +22,7 @@ show() {
     esac
   done
   printf '%s\n' "$line"
-  pmapi --root "$root" "$@" 2>&1
+  build/host/bin/pmapi --root "$root" "$@" 2>&1
 }
 
 show_store() {
