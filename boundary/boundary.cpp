@@ -80,16 +80,12 @@ void Boundary::reset() {
 
 Passage::Passage(std::string name, std::string key, Kind kind)
     : call_{std::move(name), std::move(key), {}, false} {
-  Boundary &boundary = Boundary::current();
-  if (boundary.leaving_ != nullptr) boundary.leaving_();
-  if (kind == Kind::kFallible) fault_ = boundary.applicableFault(call_);
+  if (kind == Kind::kFallible) fault_ = Boundary::current().applicableFault(call_);
   call_.faulted = fault_ != nullptr;
 }
 
 Passage::~Passage() {
-  Boundary &boundary = Boundary::current();
-  boundary.record(std::move(call_));
-  if (boundary.returning_ != nullptr) boundary.returning_();
+  Boundary::current().record(std::move(call_));
 }
 
 void Passage::complain(const std::string &text) {

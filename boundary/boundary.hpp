@@ -86,12 +86,6 @@ class Boundary {
     complaintSink_ = std::move(sink);
   }
 
-  /// Called when control leaves the library for the platform, and when it comes back.
-  void onCrossing(void (*leaving)(), void (*returning)()) {
-    leaving_ = leaving;
-    returning_ = returning;
-  }
-
   void clearCalls();
   void reset();
 
@@ -108,8 +102,31 @@ class Boundary {
   uint32_t fallible_ = 0;
   std::function<void(const Call &)> callSink_;
   std::function<void(const std::string &)> complaintSink_;
-  void (*leaving_)() = nullptr;
-  void (*returning_)() = nullptr;
+};
+
+/// While one of these lives, control is on the platform's side. The entries make one before all
+/// else, so that none of their own work is taken for the library's.
+class Outside {
+ public:
+  Outside() {
+    if (depth_++ == 0 && leaving_ != nullptr) leaving_();
+  }
+  ~Outside() {
+    if (--depth_ == 0 && returning_ != nullptr) returning_();
+  }
+  Outside(const Outside &) = delete;
+  Outside &operator=(const Outside &) = delete;
+
+  /// Called when control leaves the library for the platform, and when it comes back.
+  static void onCrossing(void (*leaving)(), void (*returning)()) {
+    leaving_ = leaving;
+    returning_ = returning;
+  }
+
+ private:
+  static inline uint32_t depth_ = 0;
+  static inline void (*leaving_)() = nullptr;
+  static inline void (*returning_)() = nullptr;
 };
 
 /// One call on its way through the boundary; it is recorded when the object goes.

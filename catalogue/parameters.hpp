@@ -22,6 +22,33 @@
 
 namespace catalogue {
 
+/// Called right before an export is entered and right after it has returned.
+class CallObserver {
+ public:
+  static void onCall(void (*entering)(), void (*returned)()) {
+    entering_ = entering;
+    returned_ = returned;
+  }
+
+  CallObserver() {
+    if (entering_ != nullptr) entering_();
+  }
+  ~CallObserver() {
+    if (returned_ != nullptr) returned_();
+  }
+
+ private:
+  static inline void (*entering_)() = nullptr;
+  static inline void (*returned_)() = nullptr;
+};
+
+/// The one place where the catalogue's methods enter the library.
+template <class Result, class... C>
+Result callExport(Result (*function)(C...), std::type_identity_t<C>... arguments) {
+  const CallObserver observer;
+  return function(arguments...);
+}
+
 // The bytes that a handler reads or writes, and not one more. They lie where the default memory
 // resource puts them, aligned like the daemon's records as all memory for general use is.
 class Buffer {
@@ -472,7 +499,9 @@ Method method(const char *name, const char *function, Result (*call)(C...), cons
     // Braces: arguments are read from left to right.
     std::tuple<typename Description::template Bound<C>...> bound{
         typename Description::template Bound<C>(description, context)...};
-    const auto invoke = [call](auto &...parameter) { return call(parameter.value()...); };
+    const auto invoke = [call](auto &...parameter) {
+      return callExport(call, parameter.value()...);
+    };
     const auto finish = [&](auto &...parameter) { (parameter.finish(description, context), ...); };
     int64_t result = 0;
     if constexpr (std::is_void_v<Result>) {

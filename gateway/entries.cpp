@@ -14,6 +14,7 @@ namespace platform {
   }
 #define CALL(result, name, parameters, arguments, ...)                               \
   result name parameters {                                                           \
+    const ::boundary::Outside outside;                                               \
     return boundary::pass(#name, {__VA_ARGS__}, ::gateway::name UNPACKED arguments); \
   }
 #include "generated/calls.inc"

@@ -67,12 +67,14 @@ ssize_t transferred(const char *call, const Cookie &cookie, int failure, size_t 
 }
 
 ssize_t readCookie(void *opaque, char *buffer, size_t size) {
+  const boundary::Outside outside;
   const auto *cookie = static_cast<Cookie *>(opaque);
   return transferred("read", *cookie, EIO, size,
                      [&](size_t most) { return ::read(cookie->descriptor, buffer, most); });
 }
 
 ssize_t writeCookie(void *opaque, const char *buffer, size_t size) {
+  const boundary::Outside outside;
   const auto *cookie = static_cast<Cookie *>(opaque);
   const ssize_t done = transferred("write", *cookie, ENOSPC, size, [&](size_t most) {
     return ::write(cookie->descriptor, buffer, most);
@@ -81,6 +83,7 @@ ssize_t writeCookie(void *opaque, const char *buffer, size_t size) {
 }
 
 int seekCookie(void *opaque, off64_t *offset, int whence) {
+  const boundary::Outside outside;
   const auto *cookie = static_cast<Cookie *>(opaque);
   const off64_t reached = ::lseek64(cookie->descriptor, *offset, whence);
   if (reached < 0) return -1;
@@ -89,6 +92,7 @@ int seekCookie(void *opaque, off64_t *offset, int whence) {
 }
 
 int closeCookie(void *opaque) {
+  const boundary::Outside outside;
   auto *cookie = static_cast<Cookie *>(opaque);
   Gateway::current().files().closed(cookie->stream);
   const int32_t result =

@@ -123,6 +123,7 @@ using namespace gateway;
 
 int32_t platform::ProcUserLog(const char *sourceTag, int32_t line, const char *functionName,
                               int32_t level, int32_t code, const char *format, ...) {
+  const boundary::Outside outside;
   va_list arguments;
   va_start(arguments, format);
   va_list again;

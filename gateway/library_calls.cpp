@@ -105,18 +105,29 @@ int sysinfoForLibrary(struct sysinfo *info) {
   });
 }
 
-template <class Function>
-ReplacedCall replacement(std::string_view symbol, Function function) {
-  return {symbol, reinterpret_cast<uintptr_t>(function)};
+template <auto Function, class Result, class... Arguments>
+Result answer(Arguments... arguments) {
+  const boundary::Outside outside;
+  return Function(arguments...);
+}
+
+template <auto Function, class Result, class... Arguments>
+ReplacedCall replacement(std::string_view symbol, Result (*)(Arguments...)) {
+  return {symbol, reinterpret_cast<uintptr_t>(answer<Function, Result, Arguments...>)};
+}
+
+template <auto Function>
+ReplacedCall replacement(std::string_view symbol) {
+  return replacement<Function>(symbol, Function);
 }
 
 const ReplacedCall kReplacements[] = {
-    replacement("fopen", openForLibrary),      replacement("fileno", descriptorForLibrary),
-    replacement("fsync", syncForLibrary),      replacement("rename", renameForLibrary),
-    replacement("unlink", unlinkForLibrary),   replacement("calloc", allocateForLibrary),
-    replacement("fcntl", duplicateForLibrary), replacement("fdopen", openDuplicateForLibrary),
-    replacement("lstat", statForLibrary),      replacement("sleep", sleepForLibrary),
-    replacement("sysinfo", sysinfoForLibrary),
+    replacement<openForLibrary>("fopen"),      replacement<descriptorForLibrary>("fileno"),
+    replacement<syncForLibrary>("fsync"),      replacement<renameForLibrary>("rename"),
+    replacement<unlinkForLibrary>("unlink"),   replacement<allocateForLibrary>("calloc"),
+    replacement<duplicateForLibrary>("fcntl"), replacement<openDuplicateForLibrary>("fdopen"),
+    replacement<statForLibrary>("lstat"),      replacement<sleepForLibrary>("sleep"),
+    replacement<sysinfoForLibrary>("sysinfo"),
 };
 
 /// The tables of one loaded library that say which of its slots holds which import.

@@ -30,8 +30,8 @@ int64_t addItem(Call &call) {
   const std::string name(boundedText(item->item, sizeof item->item));
   if (holdsSecret(name))
     call.hide(std::string(boundedText(item->value, record.size() - sizeof *item)));
-  return pm_ubus_config_additem(item, call.text("path", kLongestPath, kStore).c_str(),
-                                call.text("temporaryPath", kLongestPath, kTemporary).c_str());
+  return callExport(pm_ubus_config_additem, item, call.text("path", kLongestPath, kStore).c_str(),
+                    call.text("temporaryPath", kLongestPath, kTemporary).c_str());
 }
 
 int32_t getAsJson(Call &call, const std::string &item, const std::string &path) {
@@ -39,7 +39,8 @@ int32_t getAsJson(Call &call, const std::string &item, const std::string &path) 
     void operator()(cJSON *tree) const { cJSON_Delete(tree); }
   };
   const std::unique_ptr<cJSON, Release> values(cJSON_CreateObject());
-  const int32_t status = pm_ubus_config_getitem(item.c_str(), values.get(), 0, path.c_str());
+  const int32_t status =
+      callExport(pm_ubus_config_getitem, item.c_str(), values.get(), 0, path.c_str());
   char *text = cJSON_PrintUnformatted(values.get());
   call.putJson("value", text);
   cJSON_free(text);
@@ -53,7 +54,8 @@ int64_t getItem(Call &call) {
   if (length < 0 || length > kLargestValue) call.refuse("length", "outside 0 to 4096");
   if (length == 0) return getAsJson(call, item, path);
   Buffer value(static_cast<size_t>(length));
-  const int32_t status = pm_ubus_config_getitem(item.c_str(), value.data(), length, path.c_str());
+  const int32_t status =
+      callExport(pm_ubus_config_getitem, item.c_str(), value.data(), length, path.c_str());
   call.putText("value", boundedText(value.data(), value.size()), holdsSecret(item));
   return status;
 }

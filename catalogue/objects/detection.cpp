@@ -25,7 +25,7 @@ int64_t startTest(Call &call) {
     request.as<HttpSpeedRequest *>()->parameter = parameter;
   }
   call.handOver(kShape<HttpSpeedRequest>, request.data());
-  return ubus_set_httpspeed_diagnostics(request.as<const HttpSpeedRequest *>());
+  return callExport(ubus_set_httpspeed_diagnostics, request.as<const HttpSpeedRequest *>());
 }
 
 const Entry kEntry{{

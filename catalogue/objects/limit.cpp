@@ -24,7 +24,7 @@ Parameter resultLimits(const char *name) {
 int64_t getLimits(Call &call) {
   std::vector<UbusDeviceLimit> limits(g_ubus_devlmt_inst + 1);
   int32_t count = 0;
-  const int32_t status = pm_ubus_nexumd_limit_get(limits.data(), &count);
+  const int32_t status = callExport(pm_ubus_nexumd_limit_get, limits.data(), &count);
   call.putRows("records", kShape<UbusDeviceLimit>, limits.data(), static_cast<uint32_t>(count));
   return status;
 }

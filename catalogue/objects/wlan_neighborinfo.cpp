@@ -27,7 +27,7 @@ Method scan(const char *name, const char *function, Scan call, const char *count
       name, function, summary, {result(countName, "int32"), rows}, [=](Call &context) -> int64_t {
         Buffer buffer(sizeof(NeighborInfoRecord));
         auto *record = buffer.as<NeighborInfoRecord *>();
-        const auto status = static_cast<int32_t>(call(record));
+        const auto status = static_cast<int32_t>(callExport(call, record));
         const int32_t found = record->*count;
         context.putInteger(countName, found);
         const auto listed =
