@@ -1,221 +1,221 @@
-// bench COUNT: prints instructions per call of every case, as the emulator's plugin counts them
-// into the file COUNT. Ends with 1 when a case exceeds its limit or does not repeat to the
-// instruction.
-#include "bench/bench.hpp"
-
+// pmapi_bench COUNT MEASURED [--renew]: prints the instructions that each call of the library
+// takes, as the emulator's plugin counts them into the file COUNT, beside the figures of the file
+// MEASURED. Ends with 1 when a figure has grown, lacks, or exceeds its limit. With --renew it
+// writes MEASURED.
+#include <sys/mman.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cinttypes>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <map>
 #include <optional>
 #include <string>
 
-#include "bench/counter/instruction_count.hpp"
-#include "bench/platform/process.hpp"
-#include "bench/platform/recorder.hpp"
+#include "bench/cases.hpp"
+#include "bench/meter.hpp"
+#include "gateway/gateway.hpp"
 #include "platform/logger.h"
 
 namespace bench {
 namespace {
 
-constexpr int kWarmUps = 3;
-constexpr int kRepetitions = 15;
-constexpr uint32_t kMostSpreadPercent = 5;
+constexpr uint64_t kMostGrowthPercent = 2;
 
-std::vector<Case> &allCases() {
-  static std::vector<Case> cases;
-  return cases;
-}
-
-std::vector<Case> &allSingles() {
-  static std::vector<Case> singles;
-  return singles;
-}
+using Figures = std::map<std::string, uint32_t>;
 
 struct Figure {
   uint32_t instructions;
-  uint32_t spread;
-
-  Figure &operator+=(const Figure &other) {
-    instructions += other.instructions;
-    spread += other.spread;
-    return *this;
-  }
+  /// Lines of the error level: the platform's answers may have led the call astray.
+  bool logsErrors;
 };
 
-struct Figures {
-  Figure handler;
-  Figure floor;
-  bool failed;
-};
+/// Where a child process leaves its figure.
+Figure *sharedFigure() {
+  static void *page =
+      mmap(nullptr, sizeof(Figure), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  return static_cast<Figure *>(page);
+}
 
-/// Instructions of `work`: the median of some runs, and by how much they differ. Before counting it
-/// runs a few times: by then symbols are bound, the heap is grown, and what is cached is cached.
-template <class Before, class Work>
-Figure instructionsOf(Before before, Work work) {
-  const auto once = [&] {
-    before();
+[[noreturn]] void measureHere(const Case &which, const std::function<void()> &work) {
+  gateway::Gateway &gateway = gateway::Gateway::current();
+  int failed = 0;
+  try {
+    gateway.load(which.profile ? which.profile() : example("home_router.json"));
     fflush(stdout);
-    return rawInstructionsOf(work) - rawInstructionsOf([] {});
-  };
-  for (int i = 0; i < kWarmUps; ++i) once();
-  std::array<uint32_t, kRepetitions> counts;
-  std::generate(counts.begin(), counts.end(), once);
-  std::sort(counts.begin(), counts.end());
-  return {counts[kRepetitions / 2], counts.back() - counts.front()};
-}
-
-std::vector<Call> recordCalls(const Case &which, uint32_t items) {
-  if (which.before != nullptr) which.before(items);
-  recorder.start();
-  which.handler(items);
-  return recorder.stop();
-}
-
-bool isErrorLine(const Call &call) {
-  const auto level = static_cast<int32_t>(call.arguments[3]);
-  return call.function == reinterpret_cast<void *>(ProcUserLog) && level <= LOG_LEVEL_ERROR;
-}
-
-Figure floorOf(const Case &which, uint32_t items, const std::vector<Call> &calls) {
-  const auto before = [&] {
-    if (which.before != nullptr) which.before(items);
-  };
-  if (which.floor != nullptr) {
-    return instructionsOf(before, [&] { which.floor(items); });
+    work();
+    const bool logsErrors = std::ranges::any_of(
+        gateway.logs(), [](const auto &line) { return line.level <= platform::LOG_LEVEL_ERROR; });
+    *sharedFigure() = {lastCall(), logsErrors};
+  } catch (const std::exception &error) {
+    fprintf(stderr, "bench: %s: %s\n", which.name.c_str(), error.what());
+    failed = 1;
   }
-  const BlockState blocks = saveBlocks();
-  Figure floor = instructionsOf([&] { restoreBlocks(blocks); }, [&] { replay(calls); });
-  restoreBlocks(blocks);
-  floor.instructions -= replayOverhead(calls);
-  if (which.besides != nullptr) {
-    floor += instructionsOf(before, [&] { which.besides(items); });
-  }
-  return floor;
+  gateway.reset();
+  _exit(failed);
 }
 
-Figures measure(const Case &which, uint32_t items) {
-  Answer::forgetAll();
-  if (which.platform != nullptr) which.platform(items);
-  const auto before = [&] {
-    if (which.before != nullptr) which.before(items);
-  };
-  const Figure handler = instructionsOf(before, [&] { which.handler(items); });
-  const std::vector<Call> calls = recordCalls(which, items);
-  const bool failed = !which.logsErrors && std::any_of(calls.begin(), calls.end(), isErrorLine);
-  return {handler, floorOf(which, items, calls), failed};
+/// In a process of its own: what one case leaves in the library, its heap or its lists is not there
+/// in the next, and the same build always gives the same figure.
+std::optional<Figure> measure(const Case &which, const std::function<void()> &work) {
+  const pid_t child = fork();
+  if (child == 0) measureHere(which, work);
+  int status = 0;
+  if (child < 0 || waitpid(child, &status, 0) != child || status != 0) return std::nullopt;
+  return *sharedFigure();
 }
 
 class Table {
  public:
-  Table(FILE *out, const char *title, const char *measured) : out_(out) {
-    fprintf(out_, "%-50s %10s %10s %7s %6s %10s %7s\n", title, measured, "floor", "ratio", "limit",
-            "per item", "varies");
+  Table(FILE *out, Figures last) : out_(out), last_(std::move(last)) {
+    fprintf(out_, "%-50s %12s %8s %10s %6s %6s %10s\n", "call", "instructions", "change", "floor",
+            "ratio", "limit", "per item");
   }
 
-  /// Prints a row; false when a figure is not what it may be.
-  bool add(const std::string &name, const Figures &figures, uint32_t limitPercent,
-           std::optional<double> perItem) {
-    const uint64_t handler = figures.handler.instructions;
-    const uint64_t floor = figures.floor.instructions;
-    const uint32_t spread = std::max(figures.handler.spread, figures.floor.spread);
-    const bool within = limitPercent == 0 || handler * 100 <= floor * limitPercent;
-    const bool steady = uint64_t{spread} * 100 <= handler * kMostSpreadPercent;
+  void add(const Case &which, std::optional<Figure> found, std::optional<Figure> floor) {
+    if (!found || (which.floor && !floor)) {
+      fprintf(out_, "%-50s  FAILED\n", which.name.c_str());
+      good_ = false;
+      return;
+    }
+    const uint32_t figure = found->instructions;
+    measured_[which.name] = figure;
+    fprintf(out_, "%-50s %12" PRIu32, which.name.c_str(), figure);
+    const bool grew = printChange(which.name, figure);
+    const bool above = printRatio(which, figure, floor);
+    printPerItem(which, figure);
+    fprintf(out_, "%s%s%s\n", found->logsErrors ? "  logs errors" : "", grew ? "  GREW" : "",
+            above ? "  ABOVE ITS LIMIT" : "");
+    withinLimits_ = withinLimits_ && !above;
+    good_ = good_ && !grew;
+  }
 
-    fprintf(out_, "%-50s %10" PRIu64 " %10" PRIu64 " %7.3f", name.c_str(), handler, floor,
-            static_cast<double>(handler) / static_cast<double>(floor));
-    printCell(6, 2, limitPercent == 0 ? std::nullopt : std::optional(limitPercent / 100.0));
-    printCell(10, 1, perItem);
-    printCell(7, 0, spread == 0 ? std::nullopt : std::optional<double>(spread));
-    fprintf(out_, "%s%s%s\n", within ? "" : "  ABOVE ITS LIMIT", steady ? "" : "  UNSTEADY",
-            figures.failed ? "  LOGS AN ERROR" : "");
-    return within && steady && !figures.failed;
+  const Figures &measured() const { return measured_; }
+  bool withinLimits() const { return withinLimits_; }
+
+  /// Whether every figure stands beside one measured before, and none has grown.
+  bool isAsMeasured() {
+    for (const auto &[name, figure] : last_) {
+      if (measured_.contains(name)) continue;
+      fprintf(out_, "%-50s  IS MEASURED NO MORE\n", name.c_str());
+      good_ = false;
+    }
+    return good_;
   }
 
  private:
-  void printCell(int width, int digits, std::optional<double> value) {
-    if (value) {
-      fprintf(out_, " %*.*f", width, digits, *value);
-    } else {
-      fprintf(out_, " %*s", width, "");
+  bool printChange(const std::string &name, uint32_t figure) {
+    const auto last = last_.find(name);
+    if (last == last_.end()) {
+      fprintf(out_, " %8s", "new");
+      good_ = false;
+      return false;
     }
+    const double change = 100.0 * (static_cast<double>(figure) - last->second) / last->second;
+    if (figure == last->second) {
+      fprintf(out_, " %8s", "");
+    } else {
+      fprintf(out_, " %+7.1f%%", change);
+    }
+    return uint64_t{figure} * 100 > uint64_t{last->second} * (100 + kMostGrowthPercent);
+  }
+
+  bool printRatio(const Case &which, uint32_t figure, const std::optional<Figure> &floor) {
+    if (!floor) {
+      fprintf(out_, " %10s %6s %6s", "", "", "");
+      return false;
+    }
+    const double ratio = static_cast<double>(figure) / floor->instructions;
+    const double limit = which.limitPercent / 100.0;
+    fprintf(out_, " %10" PRIu32 " %6.3f %6.2f", floor->instructions, ratio, limit);
+    return ratio > limit;
+  }
+
+  /// Counted from the family's first case.
+  void printPerItem(const Case &which, uint32_t figure) {
+    if (which.family.empty() || which.family != family_) {
+      family_ = which.family;
+      firstItems_ = which.items;
+      firstFigure_ = figure;
+      fprintf(out_, " %10s", "");
+      return;
+    }
+    fprintf(out_, " %10.1f",
+            (static_cast<double>(figure) - firstFigure_) / (which.items - firstItems_));
   }
 
   FILE *out_;
+  const Figures last_;
+  Figures measured_;
+  bool good_ = true;
+  bool withinLimits_ = true;
+  std::string family_;
+  uint32_t firstItems_ = 0;
+  uint32_t firstFigure_ = 0;
 };
 
-bool runCase(const Case &which, Table &table) {
-  bool good = true;
-  std::optional<Figures> first;
-  const bool grows = !which.items.empty();
-  for (const uint32_t items : grows ? which.items : std::vector<uint32_t>{0}) {
-    const Figures figures = measure(which, items);
-    std::optional<double> perItem;
-    if (first) {
-      const uint32_t more = figures.handler.instructions - first->handler.instructions;
-      perItem = static_cast<double>(more) / (items - which.items.front());
-    } else {
-      first = figures;
+/// Lines "NAME FIGURE"; names may have blanks.
+Figures readFigures(const char *path) {
+  Figures figures;
+  std::ifstream file(path);
+  for (std::string line; std::getline(file, line);) {
+    const size_t end = line.rfind(' ');
+    if (end != std::string::npos) {
+      figures[line.substr(0, end)] = static_cast<uint32_t>(std::stoul(line.substr(end + 1)));
     }
-    std::string name = which.name;
-    if (grows) name += ", " + std::to_string(items);
-    good = table.add(name, figures, which.limitPercent, perItem) && good;
   }
-  return good;
+  return figures;
+}
+
+void writeFigures(const char *path, const Figures &figures) {
+  std::ofstream file(path);
+  for (const auto &[name, figure] : figures) file << name << ' ' << figure << '\n';
 }
 
 /// The handlers' own lines on standard output are part of what they cost, but not of the table.
 FILE *keepStandardOutput() {
   FILE *table = fdopen(dup(STDOUT_FILENO), "w");
   if (table == nullptr || freopen("/dev/null", "w", stdout) == nullptr) return nullptr;
+  // The stream's buffer is there before anybody is charged for it.
+  puts("");
   return table;
 }
 
-int run(const char *countFile) {
-  if (!openInstructionCount(countFile)) {
+int run(const char *countFile, const char *measuredFile, bool renew) {
+  if (!openMeter(countFile)) {
     fprintf(stderr, "bench: nothing counts instructions into %s: run me with scripts/bench.sh\n",
             countFile);
     return 2;
   }
   FILE *out = keepStandardOutput();
-  if (out == nullptr) {
+  if (out == nullptr || sharedFigure() == MAP_FAILED) {
     perror("bench");
     return 2;
   }
-  Table handlers(out, "instructions per call", "handler");
-  bool good = true;
-  for (const Case &which : allCases()) good = runCase(which, handlers) && good;
-  fputc('\n', out);
-  Table singles(out, "single answers and helpers", "function");
-  for (const Case &which : allSingles()) good = runCase(which, singles) && good;
+  Table table(out, renew ? Figures() : readFigures(measuredFile));
+  for (const Case &which : allCases()) {
+    fflush(out);
+    const std::optional<Figure> figure = measure(which, which.call);
+    table.add(which, figure, which.floor ? measure(which, which.floor) : std::nullopt);
+  }
+  if (renew) writeFigures(measuredFile, table.measured());
+  const bool good = (renew || table.isAsMeasured()) && table.withinLimits();
   fclose(out);
   return good ? 0 : 1;
 }
 
 }  // namespace
-
-Cases::Cases(std::initializer_list<Case> cases) {
-  allCases().insert(allCases().end(), cases.begin(), cases.end());
-}
-
-Singles::Singles(std::initializer_list<Case> cases) {
-  allSingles().insert(allSingles().end(), cases.begin(), cases.end());
-}
-
-Singles::Singles(void (*platform)(uint32_t items), std::initializer_list<Single> singles) {
-  for (const Single &single : singles) {
-    allSingles().push_back({.name = single.name, .platform = platform, .handler = single.call});
-  }
-}
-
 }  // namespace bench
 
 int main(int argc, char **argv) {
-  if (argc != 2) {
-    fprintf(stderr, "usage: pmapi_bench COUNT\n");
+  const bool renew = argc == 4 && strcmp(argv[3], "--renew") == 0;
+  if (argc != 3 && !renew) {
+    fprintf(stderr, "usage: pmapi_bench COUNT MEASURED [--renew]\n");
     return 2;
   }
-  return bench::run(argv[1]);
+  return bench::run(argv[1], argv[2], renew);
 }

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Prints the instructions that the library's calls take on the ARM build, each beside its floor. Ends with
-# an error when a figure exceeds its limit.
+# bench.sh [--renew]: prints the instructions that the library's calls take on the ARM build. Ends with an error
+# when a call takes more than it did; --renew keeps the figures as those to compare with.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/build.sh arm
-exec scripts/count-instructions.sh build/arm
+scripts/count-instructions.sh build/arm "$@"
