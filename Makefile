@@ -1,4 +1,4 @@
-.PHONY: run test check format coverage fuzz bench budgets abi abi-renew documents setup clean
+.PHONY: run test check format coverage fuzz bench bench-renew budgets abi abi-renew documents setup clean
 
 run: setup
 	@scripts/build.sh host pmapi_command
@@ -21,6 +21,10 @@ fuzz: setup
 
 bench: setup
 	@scripts/bench.sh
+
+# Keeps today's figures as those to compare with.
+bench-renew: setup
+	@scripts/bench.sh --renew
 
 budgets: setup
 	@scripts/budgets.sh

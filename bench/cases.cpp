@@ -50,11 +50,15 @@ std::vector<Case> catalogueCases() {
   return cases;
 }
 
+std::string twoDigits(uint32_t number) {
+  std::array<char, 3> text;
+  std::snprintf(text.data(), text.size(), "%02X", number & 0xffu);
+  return text.data();
+}
+
 /// No two begin alike, and none has a zero.
 std::string mac(uint32_t number) {
-  std::array<char, 13> text;
-  std::snprintf(text.data(), text.size(), "%02XA1B2C3D4E5", number % 255 + 1);
-  return text.data();
+  return twoDigits(number + 1) + "A1B2C3D4E5";
 }
 
 template <class Item>
@@ -119,22 +123,27 @@ void addTasks(uint32_t tasks) {
 
 constexpr int32_t kUplinkIpv4 = 3;
 
-void addSample(const std::string &key) {
+void addSample(const std::string &ring) {
   call("si_sample_list_add",
-       Json{{"sample", {{"tx", 1200}, {"rx", 3400}}}, {"key", key}, {"mode", kUplinkIpv4}});
+       Json{{"sample", {{"tx", 1200}, {"rx", 3400}}}, {"key", ring}, {"mode", kUplinkIpv4}});
 }
 
-void fillRing(const std::string &key, uint32_t samples) {
-  for (uint32_t i = 0; i < samples; ++i) addSample(key);
+void fillRing(const std::string &ring, uint32_t samples) {
+  for (uint32_t i = 0; i < samples; ++i) addSample(ring);
+}
+
+/// They differ at their ends only.
+std::string key(uint32_t number) {
+  return "02:a1:b2:c3:d4:" + twoDigits(number);
 }
 
 /// So many keys with full rings; the one that is asked for comes last.
 void fillRings(uint32_t keys) {
-  for (uint32_t i = 1; i <= keys; ++i) fillRing(mac(i), 10);
+  for (uint32_t i = 1; i <= keys; ++i) fillRing(key(i), 10);
 }
 
-void reduce(const std::string &key) {
-  call("si_net_sample_list_statics", Json{{"key", {{"name", key}}}, {"mode", kUplinkIpv4}});
+void reduce(const std::string &ring) {
+  call("si_net_sample_list_statics", Json{{"key", {{"name", ring}}}, {"mode", kUplinkIpv4}});
 }
 
 void deleteSample(uint32_t samples) {
@@ -331,13 +340,13 @@ std::vector<Family> listFamilies() {
        {1, 10, 100},
        [](uint32_t keys) {
          fillRings(keys);
-         addSample(mac(keys));
+         addSample(key(keys));
        }},
       {"samples: reduce a ring, keys",
        {1, 10, 100},
        [](uint32_t keys) {
          fillRings(keys);
-         reduce(mac(keys));
+         reduce(key(keys));
        }},
       {"samples: reduce a ring, samples",
        {1, 10},

@@ -4,6 +4,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <stdexcept>
+
 #include "boundary/boundary.hpp"
 #include "catalogue/parameters.hpp"
 #include "platform/host.h"
@@ -17,11 +19,13 @@ const volatile uint32_t *executed = nullptr;
 uint32_t since;
 uint32_t counted;
 uint32_t crossings;
+bool entered = false;
 /// What measuring adds to each call, and to each crossing of the boundary.
 uint32_t callOverhead;
 uint32_t crossingOverhead;
 
 void enter() {
+  entered = true;
   counted = 0;
   crossings = 0;
   since = *executed;
@@ -49,6 +53,7 @@ void calibrate() {
     platform::GetFlashSizeTotal(&size);
   }
   crossingOverhead = counted - callOverhead;
+  entered = false;
 }
 
 }  // namespace
@@ -69,6 +74,7 @@ bool openMeter(const char *path) {
 }
 
 uint32_t lastCall() {
+  if (!entered) throw std::logic_error("calls the library past catalogue::callExport()");
   return counted - callOverhead - crossings * crossingOverhead;
 }
 

@@ -10,7 +10,7 @@ namespace bench {
 bool openMeter(const char *path);
 
 /// Instructions of the last call that went through catalogue::callExport(), without those that
-/// measuring takes.
+/// measuring takes. Throws when there was none.
 uint32_t lastCall();
 
 }  // namespace bench
