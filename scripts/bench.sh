@@ -4,5 +4,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/build.sh arm
+[ -f build/arm/build.ninja ] || cmake --preset arm
+cmake --build --preset arm --target pmapi_bench
 scripts/count-instructions.sh build/arm "$@"

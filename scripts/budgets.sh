@@ -3,5 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/build.sh arm
+[ -f build/arm/build.ninja ] || cmake --preset arm
+cmake --build --preset arm --target pmapi
 exec scripts/budgets.py build/arm
