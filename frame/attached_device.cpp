@@ -7,20 +7,19 @@
 
 namespace pm {
 
-int32_t queryDevice(const LogOrigin &origin, const InstancePath &path, ProxyExchange &reply,
+int32_t queryDevice(const Trail &log, const InstancePath &path, ProxyExchange &reply,
                     DeviceBuffer &device) {
   device.put(device.path, path.text);
   const int32_t result = reply.send(CTSGW_EVENT_QUERY_ADEV_PARAM, device.bytes, device.kSize);
   const int32_t outcome = reply.outcome(result);
   if (outcome != kOk) {
-    PM_LOG_FOR(origin, kError, outcome,
-               "ctSgw_ssend_to_proxy CTSGW_EVENT_QUERY_ADEV_PARAM error!\n");
+    PM_LOG(log, kError, outcome, "ctSgw_ssend_to_proxy CTSGW_EVENT_QUERY_ADEV_PARAM error!\n");
   }
   reply.copyPayload(device.bytes, device.kSize);
   return outcome;
 }
 
-bool queryStationStatistics(const LogOrigin &origin, uint32_t event, const uint8_t mac[6],
+bool queryStationStatistics(const Trail &log, uint32_t event, const uint8_t mac[6],
                             StationStatisticsBuffer &statistics) {
   statistics.set(statistics.mac, mac);
   RecordBuffer<StationStatisticsRequest> request;
@@ -34,9 +33,9 @@ bool queryStationStatistics(const LogOrigin &origin, uint32_t event, const uint8
     return true;
   }
   if (event == CTSGW_EVENT_GET_HARD_STATS) {
-    PM_LOG_FOR(origin, kError, outcome, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_HARD_STATS error!\n");
+    PM_LOG(log, kError, outcome, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_HARD_STATS error!\n");
   } else {
-    PM_LOG_FOR(origin, kError, outcome, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_BW_STATS error!\n");
+    PM_LOG(log, kError, outcome, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_BW_STATS error!\n");
   }
   return false;
 }

@@ -37,13 +37,13 @@ using DeviceReply = ProxyReply<4096>;
 
 /// Asks the proxy for the device at `path`; `device` is empty before. A failure is logged, and what
 /// came of the reply is copied all the same. Returns the call's result, else the reply's status.
-int32_t queryDevice(const LogOrigin &origin, const InstancePath &path, ProxyExchange &reply,
+int32_t queryDevice(const Trail &log, const InstancePath &path, ProxyExchange &reply,
                     DeviceBuffer &device);
 
 /// Asks for the traffic of one station with `event` (the measured or the hardware counters).
 /// `statistics` is empty before; it keeps the request when the event fails, which is logged.
 /// Returns whether the event succeeded.
-bool queryStationStatistics(const LogOrigin &origin, uint32_t event, const uint8_t mac[6],
+bool queryStationStatistics(const Trail &log, uint32_t event, const uint8_t mac[6],
                             StationStatisticsBuffer &statistics);
 
 /// Finds the LAN interface of that name and reads it into `lan`. Its failures are printed on

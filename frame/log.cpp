@@ -4,9 +4,14 @@
 
 namespace pm {
 
-int32_t reportedRead(const LogOrigin &origin, int32_t status) {
+void Trail::reportMissing(const char *tag, const char *function, int line) {
+  ProcUserLog(tag, line, function, kError, 0, "%s para is null", function);
+}
+
+int32_t Trail::readResult(int32_t status, int line) const {
   if (status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "[%s] dbgetview fail(%d)\r\n", origin.function, status);
+    ProcUserLog(tag, line, function, kError, status, "[%s] dbgetview fail(%d)\r\n", function,
+                status);
   }
   return status;
 }

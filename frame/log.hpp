@@ -1,8 +1,12 @@
-// The trail through the daemon's logger. A source file names itself once:
+// The trail that the library leaves through the daemon's logger. A source file names its tag once,
 //
 //   static constexpr char kSourceTag[] = "object_nexumd_port_pmapi.c";
 //
-// and then logs with the macros below; formats are checked against their arguments.
+// an exported function begins its trail, and its steps go on with it:
+//
+//   const Trail log = entered(kSourceTag);
+//   if (log.lacks(record)) return kFailure;
+//   PM_LOG(log, kError, status, "pm_log_get_config failed!\n");
 #pragma once
 
 #include "platform/logger.h"
@@ -17,31 +21,43 @@ inline constexpr int32_t kInfo = LOG_LEVEL_INFO;
 inline constexpr int32_t kTrace = LOG_LEVEL_TRACE;
 inline constexpr int32_t kVerbose = LOG_LEVEL_VERBOSE;
 
-/// Whose lines a shared step writes.
-struct LogOrigin {
+/// Under which tag and function name lines are written: those of the function that begins the
+/// trail.
+struct Trail {
   const char *tag;
   const char *function;
-};
 
-/// Returns the status of a read, with the line that most handlers write when it failed.
-int32_t reportedRead(const LogOrigin &origin, int32_t status);
+  constexpr explicit Trail(const char *sourceTag, const char *name = __builtin_FUNCTION())
+      : tag(sourceTag), function(name) {}
+
+  /// Whether an argument that the function needs is missing, with the line that says so.
+  [[gnu::always_inline]] bool lacks(const void *argument, int line = __builtin_LINE()) const {
+    if (argument == nullptr) reportMissing(tag, function, line);
+    return argument == nullptr;
+  }
+
+  /// Returns the status of a read, with the line that most handlers write when it failed.
+  int32_t readResult(int32_t status, int line = __builtin_LINE()) const;
+
+ private:
+  static void reportMissing(const char *tag, const char *function, int line);
+};
 
 }  // namespace pm
 
-#define PM_LOG_CODE(level, code, ...) \
-  ProcUserLog(kSourceTag, __LINE__, __func__, (level), (code), __VA_ARGS__)
+/// Writes a line; `code` is the status that is its reason, or 0. The format is checked.
+#define PM_LOG(log, level, code, ...) \
+  ::platform::ProcUserLog((log).tag, __LINE__, (log).function, (level), (code), __VA_ARGS__)
 
-#define PM_LOG(level, ...) PM_LOG_CODE(level, 0, __VA_ARGS__)
+namespace pm {
 
-/// A failure line; `status` is what failed.
-#define PM_FAIL(status, ...) PM_LOG_CODE(::pm::kError, status, __VA_ARGS__)
+/// Begins a trail with the line that most functions begin with.
+[[gnu::always_inline]] inline Trail entered(const char *sourceTag,
+                                            const char *name = __builtin_FUNCTION(),
+                                            int line = __builtin_LINE()) {
+  const Trail log(sourceTag, name);
+  ProcUserLog(log.tag, line, log.function, kInfo, 0, "now in %s\n", log.function);
+  return log;
+}
 
-#define PM_ENTER() PM_LOG(::pm::kInfo, "now in %s\n", __func__)
-
-#define PM_ORIGIN        \
-  ::pm::LogOrigin {      \
-    kSourceTag, __func__ \
-  }
-
-#define PM_LOG_FOR(origin, level, code, ...) \
-  ProcUserLog((origin).tag, __LINE__, (origin).function, (level), (code), __VA_ARGS__)
+}  // namespace pm

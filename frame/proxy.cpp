@@ -27,12 +27,12 @@ uint32_t ProxyExchange::copyPayload(void *record, uint32_t size) const {
   return copied;
 }
 
-int32_t sendEvent(const LogOrigin &origin, uint32_t event, const void *request,
-                  uint32_t requestLength, const char *failure) {
+int32_t sendEvent(const Trail &log, uint32_t event, const void *request, uint32_t requestLength,
+                  const char *failure) {
   ProxyReply<2048> reply;
   const int32_t status = reply.send(event, request, requestLength);
   if (!reply.succeeded(status)) {
-    PM_LOG_FOR(origin, kError, reply.outcome(status), "%s", failure);
+    PM_LOG(log, kError, reply.outcome(status), "%s", failure);
   }
   return status;
 }

@@ -53,8 +53,8 @@ class ProxyReply : public ProxyExchange {
 
 /// Sends an event whose reply is a status alone. A failure is logged as the line `failure`; the
 /// call's own result is what counts: a refusal that stands in the reply only is forgiven.
-int32_t sendEvent(const LogOrigin &origin, uint32_t event, const void *request,
-                  uint32_t requestLength, const char *failure);
+int32_t sendEvent(const Trail &log, uint32_t event, const void *request, uint32_t requestLength,
+                  const char *failure);
 
 /// Sends one request of the gateway-management class to a manager module; `replyLength` goes in as
 /// the capacity and comes back as the length copied.

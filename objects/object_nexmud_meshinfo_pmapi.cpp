@@ -21,14 +21,14 @@ constexpr uint32_t kCopySize = 32;
 using EasyMeshBuffer = ViewBuffer<EasyMeshView>;
 
 /// Reads the view with the trail that both of its getters leave.
-int32_t readEasyMesh(const LogOrigin &origin, EasyMeshBuffer &view) {
-  PM_LOG_FOR(origin, kInfo, 0, "now in %s\n", origin.function);
-  PM_LOG_FOR(origin, kInfo, 0, "now in VIEW_INIT\n");
-  PM_LOG_FOR(origin, kInfo, 0, "after VIEW_INIT\n");
-  PM_LOG_FOR(origin, kInfo, 0, "now in vcorDbGetView\n");
+int32_t readEasyMesh(const Trail &log, EasyMeshBuffer &view) {
+  PM_LOG(log, kInfo, 0, "now in %s\n", log.function);
+  PM_LOG(log, kInfo, 0, "now in VIEW_INIT\n");
+  PM_LOG(log, kInfo, 0, "after VIEW_INIT\n");
+  PM_LOG(log, kInfo, 0, "now in vcorDbGetView\n");
   const int32_t status = view.read(kGatewayPath);
-  PM_LOG_FOR(origin, kInfo, 0, "after vcorDbGetView\n");
-  return reportedRead(origin, status);
+  PM_LOG(log, kInfo, 0, "after vcorDbGetView\n");
+  return log.readResult(status);
 }
 
 /// What the gateway tells of itself, so that the topology's 2.3 MB go back at once.
@@ -79,50 +79,52 @@ void copyBackhaul(const MeshBackhaulEntry &backhaul, MeshInfoRecord *record) {
 }  // namespace
 
 int32_t ubus_getmeshRole(void) {
+  const Trail log(kSourceTag);
   EasyMeshBuffer view;
-  if (readEasyMesh(PM_ORIGIN, view) != kOk) return kFailure;
-  PM_LOG(kInfo, "now in VCORGET_INT32\n");
+  if (readEasyMesh(log, view) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "now in VCORGET_INT32\n");
   const int32_t meshRole = view.getSigned(view.meshRole);
-  PM_LOG(kInfo, "after VCORGET_INT32\n");
-  PM_LOG(kInfo, "sy:%d\n", meshRole);
+  PM_LOG(log, kInfo, 0, "after VCORGET_INT32\n");
+  PM_LOG(log, kInfo, 0, "sy:%d\n", meshRole);
   return meshRole;
 }
 
 int32_t ubus_getroamingEnable(void) {
+  const Trail log(kSourceTag);
   EasyMeshBuffer view;
-  if (readEasyMesh(PM_ORIGIN, view) != kOk) return kFailure;
-  PM_LOG(kInfo, "now in VCORGET_BOOL\n");
+  if (readEasyMesh(log, view) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "now in VCORGET_BOOL\n");
   const int32_t roamingEnable = view.getSigned(view.roamingEnable);
-  PM_LOG(kInfo, "after VCORGET_BOOL\n");
-  PM_LOG(kInfo, "sy:%d\n", roamingEnable);
+  PM_LOG(log, kInfo, 0, "after VCORGET_BOOL\n");
+  PM_LOG(log, kInfo, 0, "sy:%d\n", roamingEnable);
   return roamingEnable;
 }
 
 int32_t pm_ubus_get_meshinfo(MeshInfoRecord *record) {
-  PM_LOG(kInfo, "enter pm_ubus_get_meshinfo\n ");
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "enter pm_ubus_get_meshinfo\n ");
+  if (log.lacks(record)) return kFailure;
   OwnMesh own{};
   if (const int32_t status = readOwnMesh(&own); status != kOk) {
-    PM_FAIL(status, "pm_nexumi_map_get_mesh_topology_backhaulbss fail iRet =%d\n ", status);
+    PM_LOG(log, kError, status, "pm_nexumi_map_get_mesh_topology_backhaulbss fail iRet =%d\n ",
+           status);
   }
   copyIdentity(own, record);
   record->roamingEnable = ubus_getroamingEnable();
 
   const auto neighborRoleLength = static_cast<int32_t>(strlen(own.neighborRole));
-  PM_LOG(kInfo, "meshtopology[1].mode = %s, len = %d\n", own.neighborRole, neighborRoleLength);
+  PM_LOG(log, kInfo, 0, "meshtopology[1].mode = %s, len = %d\n", own.neighborRole,
+         neighborRoleLength);
   record->meshStatus = neighborRoleLength > 0 ? 1 : 0;
   record->staTotal = own.staTotal;
   copyBackhaul(own.backhaul, record);
 
-  PM_LOG(kInfo, "p_ubus_meshinfo->meshRole=%s, p_ubus_meshinfo->meshAlmac=%s\n", record->meshRole,
-         record->meshAlmac);
-  PM_LOG(kInfo, "p_ubus_meshinfo->roamingEnable=%d, p_ubus_meshinfo->meshStatus=%d, \n",
+  PM_LOG(log, kInfo, 0, "p_ubus_meshinfo->meshRole=%s, p_ubus_meshinfo->meshAlmac=%s\n",
+         record->meshRole, record->meshAlmac);
+  PM_LOG(log, kInfo, 0, "p_ubus_meshinfo->roamingEnable=%d, p_ubus_meshinfo->meshStatus=%d, \n",
          record->roamingEnable, record->meshStatus);
-  PM_LOG(kTrace, "p_ubus_meshinfo->bhType=%s, p_ubus_meshinfo->bhalmac=%s, \n", record->bhType,
-         record->bhalmac);
-  PM_LOG(kInfo, "after pm_ubus_get_meshinfo\n ");
+  PM_LOG(log, kTrace, 0, "p_ubus_meshinfo->bhType=%s, p_ubus_meshinfo->bhalmac=%s, \n",
+         record->bhType, record->bhalmac);
+  PM_LOG(log, kInfo, 0, "after pm_ubus_get_meshinfo\n ");
   return kOk;
 }

@@ -55,117 +55,119 @@ consteval TextPlace place(TypedField<FieldKind::kText, true, Width> field, const
 
 /// Delivers a text of a view that has been read, as far as the getter's `size` reaches, and logs
 /// what it delivered.
-void deliverText(const LogOrigin &origin, uint8_t *view, const TextPlace &text, char *destination,
+void deliverText(const Trail &log, uint8_t *view, const TextPlace &text, char *destination,
                  uint32_t size) {
   char *const delivered = reinterpret_cast<char *>(view + text.offset);
   delivered[(size < text.width ? size : text.width) - 1] = '\0';
   copyExact(destination, delivered, size);
-  PM_LOG_FOR(origin, kInfo, 0, "%s:%s\n", text.label, delivered);
+  PM_LOG(log, kInfo, 0, "%s:%s\n", text.label, delivered);
 }
 
 /// The whole of a getter of one text.
 template <class View>
-int32_t getText(const LogOrigin &origin, const InstancePath &instance, const TextPlace &text,
+int32_t getText(const Trail &log, const InstancePath &instance, const TextPlace &text,
                 char *destination, uint32_t size = kTextSize) {
-  PM_LOG_FOR(origin, kInfo, 0, "now in %s\n", origin.function);
+  PM_LOG(log, kInfo, 0, "now in %s\n", log.function);
   if (destination == nullptr) return kFailure;
   ViewBuffer<View> view;
-  if (reportedRead(origin, view.read(instance)) != kOk) return kFailure;
-  deliverText(origin, view.bytes, text, destination, size);
+  if (log.readResult(view.read(instance)) != kOk) return kFailure;
+  deliverText(log, view.bytes, text, destination, size);
   return kOk;
 }
 
-int32_t getIdentity(const LogOrigin &origin, const TextPlace &text, char *destination,
+int32_t getIdentity(const Trail &log, const TextPlace &text, char *destination,
                     uint32_t size = kTextSize) {
-  return getText<GatewayIdentityView>(origin, kGatewayPath, text, destination, size);
+  return getText<GatewayIdentityView>(log, kGatewayPath, text, destination, size);
 }
 
-int32_t getDevice(const LogOrigin &origin, const TextPlace &text, char *destination) {
-  return getText<DeviceInfoView>(origin, kGatewayPath, text, destination);
+int32_t getDevice(const Trail &log, const TextPlace &text, char *destination) {
+  return getText<DeviceInfoView>(log, kGatewayPath, text, destination);
 }
 
 }  // namespace
 
 int32_t ubus_getProductToken(char *destination) {
-  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::productToken, "token"), destination);
+  return getIdentity(Trail(kSourceTag), place(GatewayIdentityView::productToken, "token"),
+                     destination);
 }
 
 int32_t ubus_getDeviceType(char *destination) {
-  return getDevice(PM_ORIGIN, place(DeviceInfoView::deviceType, "type"), destination);
+  return getDevice(Trail(kSourceTag), place(DeviceInfoView::deviceType, "type"), destination);
 }
 
 int32_t ubus_getdeviceVendor(char *destination) {
-  return getDevice(PM_ORIGIN, place(DeviceInfoView::vendor, "vendor"), destination);
+  return getDevice(Trail(kSourceTag), place(DeviceInfoView::vendor, "vendor"), destination);
 }
 
 int32_t ubus_getDeviceModel(char *destination) {
-  return getDevice(PM_ORIGIN, place(DeviceInfoView::model, "model"), destination);
+  return getDevice(Trail(kSourceTag), place(DeviceInfoView::model, "model"), destination);
 }
 
 int32_t ubus_getDeviceSn(char *destination) {
-  return getDevice(PM_ORIGIN, place(DeviceInfoView::serialNumber, "sn"), destination);
+  return getDevice(Trail(kSourceTag), place(DeviceInfoView::serialNumber, "sn"), destination);
 }
 
 int32_t ubus_getCMEI(char *destination) {
-  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::cmei, "cmei"), destination);
+  return getIdentity(Trail(kSourceTag), place(GatewayIdentityView::cmei, "cmei"), destination);
 }
 
 int32_t ubus_getSWVersion(char *destination) {
-  return getDevice(PM_ORIGIN, place(DeviceInfoView::softwareVersion, "sw_ver"), destination);
+  return getDevice(Trail(kSourceTag), place(DeviceInfoView::softwareVersion, "sw_ver"),
+                   destination);
 }
 
 int32_t ubus_getFWVersion(char *destination) {
-  return getDevice(PM_ORIGIN, place(DeviceInfoView::firmwareVersion, "ver"), destination);
+  return getDevice(Trail(kSourceTag), place(DeviceInfoView::firmwareVersion, "ver"), destination);
 }
 
 int32_t ubus_getAuthID(char *destination) {
-  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::authId, "authid"), destination);
+  return getIdentity(Trail(kSourceTag), place(GatewayIdentityView::authId, "authid"), destination);
 }
 
 int32_t ubus_getDevKey(char *destination) {
-  return getIdentity(PM_ORIGIN, place(GatewayIdentityView::devKey, "devkey"), destination,
+  return getIdentity(Trail(kSourceTag), place(GatewayIdentityView::devKey, "devkey"), destination,
                      kDevKeySize);
 }
 
 int32_t ubus_getPPPOEUser(char *destination) {
-  return getText<WanPppConnectionView>(PM_ORIGIN, kFirstPppConnection,
+  return getText<WanPppConnectionView>(Trail(kSourceTag), kFirstPppConnection,
                                        place(WanPppConnectionView::userName, "pUser"), destination);
 }
 
 int32_t ubus_getCaptureEth(char *destination) {
-  PM_LOG(kInfo, "now in si_getCaptureEth\n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in si_getCaptureEth\n");
   if (destination == nullptr) return kFailure;
   ViewBuffer<GatewayIdentityView> identity;
   if (const int32_t status = identity.read(kGatewayPath); status != kOk) {
-    PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
+    PM_LOG(log, kError, status, "[%s] dbsetview fail(%d)\r\n", log.function, status);
     return status;
   }
-  deliverText(PM_ORIGIN, identity.bytes, place(GatewayIdentityView::captureEth, "eth"), destination,
+  deliverText(log, identity.bytes, place(GatewayIdentityView::captureEth, "eth"), destination,
               kTextSize);
   return kOk;
 }
 
 int32_t ubus_setCaptureEth(const char *name) {
-  if (name == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
-  PM_LOG(kInfo, "eth:%s\n", name);
+  const Trail log(kSourceTag);
+  if (log.lacks(name)) return kFailure;
+  PM_LOG(log, kInfo, 0, "eth:%s\n", name);
   ViewBuffer<GatewayIdentityView> identity;
   identity.set(identity.captureEth, name);
   if (const int32_t status = identity.write(kGatewayPath); status != kOk) {
-    PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
+    PM_LOG(log, kError, status, "[%s] dbsetview fail(%d)\r\n", log.function, status);
     return kFailure;
   }
   return kOk;
 }
 
 int32_t ubus_getDeviceMac(char *destination) {
-  PM_LOG(kInfo, "now in si_getDeviceMac\n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in si_getDeviceMac\n");
   if (destination == nullptr) return kFailure;
   ViewBuffer<LanDeviceView> lan;
   if (const int32_t status = lan.read(kLanDevice); status != kOk) {
-    PM_FAIL(status, "[%s] dbsetview fail(%d)\r\n", __func__, status);
+    PM_LOG(log, kError, status, "[%s] dbsetview fail(%d)\r\n", log.function, status);
     return kFailure;
   }
   MacToString(lan.get(lan.mac), destination, kTextSize);
@@ -173,11 +175,12 @@ int32_t ubus_getDeviceMac(char *destination) {
 }
 
 int32_t ubus_getUplinkType(char *text, int32_t length) {
-  PM_LOG(kInfo, "now in si_getUplinkType\n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in si_getUplinkType\n");
   if (text == nullptr) return kFailure;
   UpModeInfo uplink{};
   if (const int32_t status = pm_upmode_info_get(&uplink); status != kOk) {
-    PM_FAIL(status, "[%s] pm_upmode_info_get error, iret = %d\n", __func__, status);
+    PM_LOG(log, kError, status, "[%s] pm_upmode_info_get error, iret = %d\n", log.function, status);
     return status;
   }
   const auto bound = length > 0 ? static_cast<uint32_t>(length) : 0;
@@ -187,11 +190,13 @@ int32_t ubus_getUplinkType(char *text, int32_t length) {
 }
 
 int32_t ubus_getWorkingMode(uint32_t *mode) {
-  PM_LOG(kInfo, "now in si_getUplinkType\n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in si_getUplinkType\n");
   if (mode == nullptr) return kFailure;
   ViewBuffer<NetworkingDeviceView> networking;
   if (const int32_t status = networking.read(kGatewayPath); status != kOk) {
-    PM_FAIL(status, "vcorDbGetView DBVIEW_NETWORKING_DEV_INFO failed!, iRet = %d\n", status);
+    PM_LOG(log, kError, status, "vcorDbGetView DBVIEW_NETWORKING_DEV_INFO failed!, iRet = %d\n",
+           status);
     return status;
   }
   *mode = networking.get(networking.workingMode);
@@ -199,14 +204,15 @@ int32_t ubus_getWorkingMode(uint32_t *mode) {
 }
 
 int32_t ubus_getRadio5() {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   ViewBuffer<GatewayIdentityView> identity;
-  return reportedRead(PM_ORIGIN, identity.read(kGatewayPath)) == kOk ? kOk : kFailure;
+  return log.readResult(identity.read(kGatewayPath)) == kOk ? kOk : kFailure;
 }
 
 int32_t ubus_wlan_get_card_max(uint32_t *count) {
+  const Trail log(kSourceTag);
   if (count == nullptr) {
-    PM_FAIL(0, "max_card_num is NULL\n");
+    PM_LOG(log, kError, 0, "max_card_num is NULL\n");
     return kFailure;
   }
   uint32_t answer = 0;
@@ -214,7 +220,7 @@ int32_t ubus_wlan_get_card_max(uint32_t *count) {
   const int32_t status = askManager(MANAGER_MODULE_WLAN, WLAN_MGR_GET_CARD_MAX, kFirstRadio.text,
                                     sizeof kFirstRadio.text, &answer, &answerLength);
   if (status != kOk) {
-    PM_FAIL(status, "pm_send_msg_2mm(LINE(%d)) fail=%d\n", __LINE__, status);
+    PM_LOG(log, kError, status, "pm_send_msg_2mm(LINE(%d)) fail=%d\n", __LINE__, status);
     return status;
   }
   memcpy(count, &answer, answerLength < sizeof answer ? answerLength : sizeof answer);
@@ -222,10 +228,11 @@ int32_t ubus_wlan_get_card_max(uint32_t *count) {
 }
 
 int32_t ubus_get_current_version_code() {
+  const Trail log(kSourceTag);
   if (cachedVersionCode != kVersionUnread) return cachedVersionCode;
   const int32_t status = pm_get_version_config_type_int(&cachedVersionCode);
   if (status != kOk) {
-    PM_LOG_CODE(kFault, kVersionFault, "pm_get_version_config_type_int failed: %d!", status);
+    PM_LOG(log, kFault, kVersionFault, "pm_get_version_config_type_int failed: %d!", status);
     cachedVersionCode = kVersionUnread;
   }
   return cachedVersionCode;
@@ -269,14 +276,14 @@ void fillIdentity(BasicInfoRecord *record) {
 }  // namespace
 
 int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   fillIdentity(record);
 
   uint32_t ipv4 = 0;
   uint8_t ipv6[16] = {};
   char wanInterface[PLATFORM_INSTANCE_SIZE] = {};
   const int32_t wan = ubus_get_router_ip_host_ipv46(&ipv4, ipv6, wanInterface, &g_ipmode);
-  if (wan != kOk) PM_FAIL(wan, "ubus_get_router_ip_host_ipv46 failed!!\n");
+  if (wan != kOk) PM_LOG(log, kError, wan, "ubus_get_router_ip_host_ipv46 failed!!\n");
   copyText(record->wanIpv4, g_wanIPv4Addr);
   copyText(record->wanIpv6, g_wanIPv6Addr);
   fillText(record->captureEth, ubus_getCaptureEth);
@@ -284,7 +291,8 @@ int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
   record->meshSupport = 1;
   MeshInfoRecord mesh{};
   const int32_t meshStatus = pm_ubus_get_meshinfo(&mesh);
-  if (meshStatus != kOk) PM_FAIL(meshStatus, "pm_ubus_get_meshinfo fail iRet =%d\n ", meshStatus);
+  if (meshStatus != kOk)
+    PM_LOG(log, kError, meshStatus, "pm_ubus_get_meshinfo fail iRet =%d\n ", meshStatus);
   record->meshInfoCode = numberIn(mesh.meshRole);
 
   char uplinkType[kTextSize] = {};
@@ -299,7 +307,7 @@ int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
 
   uint32_t cards = 0;
   ubus_wlan_get_card_max(&cards);
-  PM_LOG(kInfo, "Wlan_Card_Max=%d\n", cards);
+  PM_LOG(log, kInfo, 0, "Wlan_Card_Max=%d\n", cards);
   record->dualBand = cards == kDualBandCards ? 1 : 0;
 
   fillText(record->pppoeUser, ubus_getPPPOEUser);

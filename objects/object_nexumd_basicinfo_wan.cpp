@@ -46,24 +46,23 @@ struct WanConnectionTable {
 };
 
 /// Lists the connections of the WAN device in use; the lines stand under the search's name.
-int32_t listConnections(const LogOrigin &origin, WanConnectionTable &table) {
+int32_t listConnections(const Trail &log, WanConnectionTable &table) {
   RecordBuffer<WanDeviceTypeRecord> wanDevice;
   if (const int32_t status = pm_e8_wanc_get_current_wandtype(&wanDevice); status != kOk) {
-    PM_LOG_FOR(origin, kInfo, status, "func pm_e8_wanc_get_current_wandtype fail,iRet=%d", status);
+    PM_LOG(log, kInfo, status, "func pm_e8_wanc_get_current_wandtype fail,iRet=%d", status);
     return status;
   }
   const uint32_t deviceType = wanDevice.get(wanDevice.wanDeviceType);
-  PM_LOG_FOR(origin, kTrace, 0, "tWANDType=%d", deviceType);
+  PM_LOG(log, kTrace, 0, "tWANDType=%d", deviceType);
   if (const int32_t status =
           pm_e8_wanc_list_all_wanc_by_wand(kGatewayPath.text, deviceType, &table.list);
       status != kOk) {
-    PM_LOG_FOR(origin, kInfo, status, "func CmListAllWANCByWAND fail,iRet=%d", status);
+    PM_LOG(log, kInfo, status, "func CmListAllWANCByWAND fail,iRet=%d", status);
     return status;
   }
-  PM_LOG_FOR(origin, kTrace, 0, "tWancList.tGeneralPara.dwCount=%d", table.list.dwCount);
+  PM_LOG(log, kTrace, 0, "tWancList.tGeneralPara.dwCount=%d", table.list.dwCount);
   if (table.list.dwCount > kMaxWanConnections) {
-    PM_LOG_FOR(origin, kInfo, 0, "wanc count=%d, WANCID_MAX=%d", table.list.dwCount,
-               kMaxWanConnections);
+    PM_LOG(log, kInfo, 0, "wanc count=%d, WANCID_MAX=%d", table.list.dwCount, kMaxWanConnections);
     return PM_STATUS_TOO_MANY_CONNECTIONS;
   }
   return kOk;
@@ -75,37 +74,36 @@ bool isInternetRoute(const RouteBuffer &route) {
 }
 
 /// Reads the route of one connection; false when the search has to go on with the next one.
-bool readInternetRoute(const LogOrigin &origin, const InstancePath &connection,
-                       RouteBuffer &route) {
+bool readInternetRoute(const Trail &log, const InstancePath &connection, RouteBuffer &route) {
   if (const int32_t status = plib_ifs_get_routeif_info(connection.text, &route); status != kOk) {
-    PM_LOG_FOR(origin, kTrace, status, "plib_ifs_get_routeif_info error !,szInstIdentity=%s\n",
-               connection.text);
+    PM_LOG(log, kTrace, status, "plib_ifs_get_routeif_info error !,szInstIdentity=%s\n",
+           connection.text);
     return false;
   }
   if (!isInternetRoute(route)) {
-    PM_LOG_FOR(origin, kTrace, 0, " this route wanctype is not internet, continue to find\n");
+    PM_LOG(log, kTrace, 0, " this route wanctype is not internet, continue to find\n");
     return false;
   }
-  PM_LOG_FOR(origin, kTrace, 0,
-             "tRouteInfo mod=%d. (1:E_IPV4,2:E_IPV6,3:E_BOTH),tRouteInfo.WANCType<%d>;"
-             "szInstIdentity=%s\n",
-             route.get(route.addressMode), route.get(route.wanType), connection.text);
+  PM_LOG(log, kTrace, 0,
+         "tRouteInfo mod=%d. (1:E_IPV4,2:E_IPV6,3:E_BOTH),tRouteInfo.WANCType<%d>;"
+         "szInstIdentity=%s\n",
+         route.get(route.addressMode), route.get(route.wanType), connection.text);
   return true;
 }
 
-void cacheIpv4(const LogOrigin &origin, uint32_t ipv4, const InstancePath &connection) {
+void cacheIpv4(const Trail &log, uint32_t ipv4, const InstancePath &connection) {
   memset(g_wanIPv4Addr, 0, sizeof g_wanIPv4Addr);
   copyText(g_wanIPv4Addr, inet_ntoa(in_addr{htonl(ipv4)}));
-  PM_LOG_FOR(origin, kInfo, 0, "g_wanIPv4Addr:%s\n", g_wanIPv4Addr);
+  PM_LOG(log, kInfo, 0, "g_wanIPv4Addr:%s\n", g_wanIPv4Addr);
   copyText(g_waninst, connection.text);
 }
 
 /// The cache is written over, not replaced: a shorter address keeps the tail of a longer one.
-void cacheIpv6(const LogOrigin &origin, const uint8_t *ipv6) {
+void cacheIpv6(const Trail &log, const uint8_t *ipv6) {
   char text[64] = {};
   IPv6ToStr(ipv6, text, sizeof text);
   text[sizeof text - 1] = '\0';
-  PM_LOG_FOR(origin, kTrace, 0, "host ipv6 : %s\n", text);
+  PM_LOG(log, kTrace, 0, "host ipv6 : %s\n", text);
   copyExact(g_wanIPv6Addr, text, sizeof text - 1);
 }
 
@@ -113,18 +111,18 @@ void cacheIpv6(const LogOrigin &origin, const uint8_t *ipv6) {
 
 int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[16], char *ifname,
                                       uint32_t *mode) {
+  const Trail log(kSourceTag);
   if (ipv4 == nullptr || ipv6 == nullptr || ifname == nullptr || mode == nullptr) {
-    PM_LOG(kInfo, "Para is NULL");
+    PM_LOG(log, kInfo, 0, "Para is NULL");
     return kNullRecord;
   }
-  const LogOrigin origin = PM_ORIGIN;
   WanConnectionTable table;
-  if (const int32_t status = listConnections(origin, table); status != kOk) return status;
+  if (const int32_t status = listConnections(log, table); status != kOk) return status;
 
   for (uint32_t i = 0; i < table.list.dwCount; ++i) {
     const InstancePath connection(table.paths[i]);
     RouteBuffer route;
-    if (!readInternetRoute(origin, connection, route)) continue;
+    if (!readInternetRoute(log, connection, route)) continue;
     ubus_get_ifname_from_ifid(connection.text);
     copyExact(ifname, connection.text, sizeof connection.text);
 
@@ -132,49 +130,50 @@ int32_t ubus_get_router_ip_host_ipv46(uint32_t *ipv4, uint8_t ipv6[16], char *if
     if (found == kIpv4Only || found == kDualStack) {
       *mode = found;
       *ipv4 = route.get(route.ipv4Address);
-      PM_LOG(kInfo, "host ipv4 : %08X   \n", *ipv4);
+      PM_LOG(log, kInfo, 0, "host ipv4 : %08X   \n", *ipv4);
       if (*ipv4 == 0) {
-        PM_LOG(kInfo, "cannot get wan ipv4, continue to find!!!\n");
+        PM_LOG(log, kInfo, 0, "cannot get wan ipv4, continue to find!!!\n");
         continue;
       }
-      cacheIpv4(origin, *ipv4, connection);
+      cacheIpv4(log, *ipv4, connection);
     }
     if (found == kIpv4Only) return kOk;
     if (found != kIpv6Only && found != kDualStack) return kFailure;
     // A connection that has both is reported as IPv6 once that address is taken.
     *mode = kIpv6Only;
     memcpy(ipv6, route.get(route.ipv6Address), 16);
-    cacheIpv6(origin, ipv6);
+    cacheIpv6(log, ipv6);
     return kOk;
   }
   return kFailure;
 }
 
 int32_t ubus_get_ifname_from_ifid(const char *ifId) {
-  PM_LOG(kInfo, "now in get_ifname_from_ifid\n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in get_ifname_from_ifid\n");
   if (ifId == nullptr) {
-    PM_FAIL(0, "if_id is null!!\n");
+    PM_LOG(log, kError, 0, "if_id is null!!\n");
     return kFailure;
   }
   ViewBuffer<InterfaceInfoView> view;
   view.match(view.interfaceId, ifId);
   InstanceTable<16> found;
   if (const int32_t status = view.query(&found.list); status != kOk) {
-    PM_FAIL(status, "vcorDbQryView DBVIEW_INTERFACE_INFO failed!!\n");
+    PM_LOG(log, kError, status, "vcorDbQryView DBVIEW_INTERFACE_INFO failed!!\n");
     return status;
   }
   if (found.reported() != 1) {
-    PM_FAIL(0, "tList.dwCount != 1 !!\n");
+    PM_LOG(log, kError, 0, "tList.dwCount != 1 !!\n");
     return kFailure;
   }
   view.reset();
   if (const int32_t status = view.read(found.at(0)); status != kOk) {
-    PM_FAIL(status, "vcorDbGetView DBVIEW_INTERFACE_INFO failed!!\n");
+    PM_LOG(log, kError, status, "vcorDbGetView DBVIEW_INTERFACE_INFO failed!!\n");
     return status;
   }
   const char *interfaceName = view.text(view.interfaceName);
-  PM_LOG(kInfo, "CaptureEth:%s\n", interfaceName);
+  PM_LOG(log, kInfo, 0, "CaptureEth:%s\n", interfaceName);
   const int32_t status = ubus_setCaptureEth(interfaceName);
-  if (status != kOk) PM_FAIL(status, "ubus_setCaptureEth failed!!\n");
+  if (status != kOk) PM_LOG(log, kError, status, "ubus_setCaptureEth failed!!\n");
   return status;
 }

@@ -60,10 +60,10 @@ const char *printable(const char *text) {
 }
 
 /// A name without letters would match every line, a line feed would make lines of its own.
-bool isRefused(const LogOrigin &origin, const char *item, const char *value) {
+bool isRefused(const Trail &log, const char *item, const char *value) {
   if (*item != '\0' && strchr(item, '\n') == nullptr && strchr(value, '\n') == nullptr)
     return false;
-  PM_LOG_FOR(origin, kError, 0, "[%s] item %s is refused\n", origin.function, item);
+  PM_LOG(log, kError, 0, "[%s] item %s is refused\n", log.function, item);
   return true;
 }
 
@@ -214,22 +214,23 @@ int32_t StoreRewrite::commit() {
 
 int32_t pm_ubus_config_additem(const UbusAddItem *given, const char *path,
                                const char *temporaryPath) {
+  const Trail log(kSourceTag);
   if (given == nullptr) {
-    PM_LOG(kInfo, "now in function %s\n", __func__);
-    PM_FAIL(0, "pm_ubus_config_additem para is null");
+    PM_LOG(log, kInfo, 0, "now in function %s\n", log.function);
+    PM_LOG(log, kError, 0, "pm_ubus_config_additem para is null");
     return kNullRecord;
   }
   const BoundedTailRequest<UbusAddItem, kValueRoom> bounded(*given);
   const UbusAddItem *record = &bounded.request();
   printf("line:%d, ubusadditem->item:%s, ubusadditem->value:%s\n", kAddCalled, record->item,
          record->value);
-  PM_LOG(kInfo, "now in function %s\n", __func__);
-  if (isRefused(PM_ORIGIN, record->item, record->value)) return kFailure;
+  PM_LOG(log, kInfo, 0, "now in function %s\n", log.function);
+  if (isRefused(log, record->item, record->value)) return kFailure;
   printf("line:%d, item:%s, value:%s\n", kAddAccepted, record->item, record->value);
 
   StoreRewrite rewrite(path, temporaryPath);
   if (!rewrite.openStore()) {
-    PM_FAIL(0, "fopen path error\r\n");
+    PM_LOG(log, kError, 0, "fopen path error\r\n");
     return kFailure;
   }
   if (!rewrite.openCopy()) return kFailure;
@@ -262,13 +263,14 @@ int32_t pm_ubus_config_additem(const UbusAddItem *given, const char *path,
 
 int32_t pm_ubus_config_getitem(const char *item, void *destination, int32_t length,
                                const char *path) {
+  const Trail log(kSourceTag);
   printf("%s %d  item:%s bufsize:%d\n", __func__, kGetCalled, printable(item), length);
   if (item == nullptr || destination == nullptr || length < 0) return kFailure;
 
   char line[kLineSize];
   const char *value = findValue(item, path, line);
   if (value == nullptr) return kFailure;
-  PM_LOG(kInfo, "%s %d:item exist  %s = %s---\r\n", __func__, __LINE__, item, value);
+  PM_LOG(log, kInfo, 0, "%s %d:item exist  %s = %s---\r\n", log.function, __LINE__, item, value);
 
   if (length == 0) {
     auto *object = static_cast<cJSON *>(destination);
@@ -287,21 +289,22 @@ int32_t pm_ubus_config_getitem(const char *item, void *destination, int32_t leng
     return kOk;
   }
   memset(text, 0, size);
-  PM_LOG(kInfo, "%s %d : %s\n", __func__, __LINE__, text);
+  PM_LOG(log, kInfo, 0, "%s %d : %s\n", log.function, __LINE__, text);
   return kOk;
 }
 
 int32_t pm_ubus_config_deleteitem(const char *item, const char *path, const char *temporaryPath) {
+  const Trail log(kSourceTag);
   printf("line:%d, %s %d %s\n", kDeleteCalled, __func__, kDeleteCalled, printable(item));
   if (item == nullptr) {
-    PM_LOG(kInfo, "%s  %d delete error\r\n", __func__, __LINE__);
+    PM_LOG(log, kInfo, 0, "%s  %d delete error\r\n", log.function, __LINE__);
     return kFailure;
   }
-  if (isRefused(PM_ORIGIN, item, "")) return kFailure;
+  if (isRefused(log, item, "")) return kFailure;
 
   StoreRewrite rewrite(path, temporaryPath);
   if (!rewrite.openStore()) {
-    PM_LOG(kInfo, "%s  %d fopen path\r\n", __func__, __LINE__);
+    PM_LOG(log, kInfo, 0, "%s  %d fopen path\r\n", log.function, __LINE__);
     return kFailure;
   }
   if (!rewrite.openCopy()) return kFailure;
@@ -312,7 +315,7 @@ int32_t pm_ubus_config_deleteitem(const char *item, const char *path, const char
       continue;
     }
     rewrite.line[0] = '\0';
-    PM_LOG(kInfo, "item new value %s\r\n", rewrite.line);
+    PM_LOG(log, kInfo, 0, "item new value %s\r\n", rewrite.line);
     rewrite.writeLine();
   }
   return rewrite.commit();

@@ -22,11 +22,9 @@ using SpeedReply = ProxyReply<HttpDownloadReply::kSize>;
 }  // namespace
 
 int32_t ubus_set_httpspeed_diagnostics(const HttpSpeedRequest *record) {
-  PM_LOG(kInfo, "now in function ubus_set_httpspeed_diagnostics\n");
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in function ubus_set_httpspeed_diagnostics\n");
+  if (log.lacks(record)) return kFailure;
   RecordBuffer<HttpDownloadRequest> request;
   request.put(request.requestText, reinterpret_cast<const char *>(record));
   request.put(request.requestWord, record->parameter);
@@ -36,21 +34,18 @@ int32_t ubus_set_httpspeed_diagnostics(const HttpSpeedRequest *record) {
 }
 
 int32_t ubus_get_httpspeed_result(HttpSpeedResult *record) {
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   SpeedReply reply;
   const int32_t status = reply.send(CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT, nullptr, 0);
   if (status < kOk) {
-    return PM_LOG_CODE(kInfo, status,
-                       "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d\n", status);
+    return PM_LOG(log, kInfo, status,
+                  "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d\n", status);
   }
   if (const int32_t refusal = reply.replyStatus(); refusal != kOk) {
-    return PM_LOG_CODE(
-        kInfo, refusal,
-        "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d, pAck->iRet=%d\n", status,
-        refusal);
+    return PM_LOG(log, kInfo, refusal,
+                  "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d, pAck->iRet=%d\n",
+                  status, refusal);
   }
   const auto rate = loadAs<uint32_t>(reply.bytes, HttpDownloadReply::rate.offset);
   snprintf(record->speed, sizeof record->speed, "%dMpbs", rate >> kRateShift);

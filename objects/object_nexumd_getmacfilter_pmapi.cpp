@@ -19,10 +19,10 @@ constexpr uint32_t kWhiteList = 1;
 constexpr uint32_t kEntriesSize = 128;
 constexpr char kItemStore[] = "/userconfig/nexumd_cfgfile";
 
-bool readFirewallBase(const LogOrigin &origin, FirewallBase &base) {
+bool readFirewallBase(const Trail &log, FirewallBase &base) {
   const int32_t status = pm_fw_get_base(kGatewayPath.text, &base);
   if (status == kOk) return true;
-  PM_LOG_FOR(origin, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
+  PM_LOG(log, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
   return false;
 }
 
@@ -30,20 +30,18 @@ bool readFirewallBase(const LogOrigin &origin, FirewallBase &base) {
 
 int32_t ubus_getmacFilterEnable(void) {
   FirewallBase base;
-  return readFirewallBase(PM_ORIGIN, base) ? base.get(base.macFilterEnable) : kFailure;
+  return readFirewallBase(Trail(kSourceTag), base) ? base.get(base.macFilterEnable) : kFailure;
 }
 
 int32_t ubus_getmacFilterPolicy(void) {
   FirewallBase base;
-  return readFirewallBase(PM_ORIGIN, base) ? base.getSigned(base.macFilterPolicy) : kFailure;
+  return readFirewallBase(Trail(kSourceTag), base) ? base.getSigned(base.macFilterPolicy)
+                                                   : kFailure;
 }
 
 int32_t pm_ubus_get_mac_filter(UbusMacFilter *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_LOG(kError, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   record->macFilterEnable = static_cast<uint32_t>(ubus_getmacFilterEnable());
   record->macFilterPolicy = static_cast<uint32_t>(ubus_getmacFilterPolicy());
 
@@ -54,7 +52,7 @@ int32_t pm_ubus_get_mac_filter(UbusMacFilter *record) {
   const int32_t status =
       pm_ubus_config_getitem(item, value, static_cast<int32_t>(strlen(item)), kItemStore);
   if (status != kOk) {
-    PM_FAIL(status, "pm_ubus_config_getitem failed, iRet=%d\n", status);
+    PM_LOG(log, kError, status, "pm_ubus_config_getitem failed, iRet=%d\n", status);
     return kFailure;
   }
   copyText(record->entries, kEntriesSize, value);

@@ -34,7 +34,7 @@ bool readProcessor(char (&cpuType)[8]) {
 uint32_t readMemoryUsage() {
   MemInfo memory{};
   if (const int32_t status = GetMemInfo(&memory); status != kOk) {
-    PM_LOG_FOR((LogOrigin{kSourceTag, "nexumd_get_ramusage"}), kError, status, "GetMemInfo fail");
+    PM_LOG(Trail(kSourceTag, "nexumd_get_ramusage"), kError, status, "GetMemInfo fail");
     memory = {};
   }
   if (memory.total == 0) return 0;
@@ -46,26 +46,24 @@ uint32_t readMemoryUsage() {
 }  // namespace
 
 int32_t pm_ubus_get_hardware_info(HardwareInfoRecord *record) {
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   if (!readProcessor(record->cpuType)) {
     printf("get cpuType failed! \n");
     return kFailure;
   }
   if (const int32_t status = GetFlashSizeTotal(&record->flashSize); status != kOk) {
-    PM_FAIL(status, "get flashSize failed! \n");
+    PM_LOG(log, kError, status, "get flashSize failed! \n");
     return kFailure;
   }
   if (const int32_t status = GetRamSizeTotal(&record->ramSize); status != kOk) {
-    PM_FAIL(status, "get ramSize failed! \n");
+    PM_LOG(log, kError, status, "get ramSize failed! \n");
     return kFailure;
   }
   RecordBuffer<CpuInfoRecord> processor;
   if (const int32_t status = pm_srm_get_update_cpu_info(kGatewayPath.text, &processor);
       status != kOk) {
-    PM_FAIL(status, "pm_srm_get_update_cpu_info fail\n");
+    PM_LOG(log, kError, status, "pm_srm_get_update_cpu_info fail\n");
     return kFailure;
   }
   record->cpuUsage = processor.get(processor.cpuUsage);

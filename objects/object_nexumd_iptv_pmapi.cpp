@@ -44,24 +44,26 @@ void appendPort(uint32_t (&ports)[Size], uint32_t &count, uint32_t port) {
 }  // namespace
 
 int32_t pm_ubus_nexumd_iptv_set(UbusIptv record) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (record.enable == 0) return pm_iptv_del();
   if (record.vlanId > kMaxAcceptedVlan) {
-    PM_FAIL(0, "pm_ubus_nexumd_iptv_set vlanid is out of range (0~4096)\n");
+    PM_LOG(log, kError, 0, "pm_ubus_nexumd_iptv_set vlanid is out of range (0~4096)\n");
     return kFailure;
   }
   bindPorts(kEthPort, record.ethPorts, record.vlanId);
   bindPorts(kWlanPort, record.wlanPorts, record.vlanId);
-  return PM_LOG(kInfo, "pm_ubus_nexumd_iptv_set success \n");
+  return PM_LOG(log, kInfo, 0, "pm_ubus_nexumd_iptv_set success \n");
 }
 
 int32_t pm_iptv_del(void) {
+  const Trail log(kSourceTag);
   BindingTable table;
   if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND); status != kOk) {
-    PM_FAIL(status, "vcorDbQryView DBVIEW_IPTVLANBIND failure! iRet = %d.\n", status);
+    PM_LOG(log, kError, status, "vcorDbQryView DBVIEW_IPTVLANBIND failure! iRet = %d.\n", status);
     return status;
   }
-  PM_LOG(kInfo, "vcorDbQryView DBVIEW_IPTVIVLANBIND tList.dwCount is %d \n", table.reported());
+  PM_LOG(log, kInfo, 0, "vcorDbQryView DBVIEW_IPTVIVLANBIND tList.dwCount is %d \n",
+         table.reported());
   for (uint32_t i = 0; i < table.count(); ++i) {
     ViewBuffer<IptvVlanBindingView> binding;
     // Kept as it was: for one that cannot be read, the platform is given the empty path.
@@ -73,14 +75,11 @@ int32_t pm_iptv_del(void) {
 }
 
 int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   BindingTable table;
   if (const int32_t status = table.listView(DBVIEW_IPTVLANBIND); status != kOk) {
-    PM_FAIL(status, "list vlan fail!");
+    PM_LOG(log, kError, status, "list vlan fail!");
     return kFailure;
   }
   if (table.count() == 0) return kFailure;
@@ -100,6 +99,6 @@ int32_t pm_ubus_nexumd_iptv_get(UbusIptv *record) {
       appendPort(record->wlanPorts, wlanCount, portNumber(path, kWlanPort));
     }
   }
-  PM_LOG(kInfo, "pm_ubus_nexumd_iptv_get success end ");
+  PM_LOG(log, kInfo, 0, "pm_ubus_nexumd_iptv_get success end ");
   return kOk;
 }

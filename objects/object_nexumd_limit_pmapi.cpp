@@ -85,30 +85,31 @@ void unlinkBehind(ListLink *head, ListLink *before, const ListLink *node) {
 }
 
 template <class Node>
-Node *allocateNode(const LogOrigin &origin) {
+Node *allocateNode(const Trail &log) {
   void *block = GetUB(sizeof(Node));
   if (block == nullptr) {
-    PM_LOG_FOR(origin, kFault, kNoBlockFault, "[%s] GetUB error", origin.function);
+    PM_LOG(log, kFault, kNoBlockFault, "[%s] GetUB error", log.function);
   }
   return static_cast<Node *>(block);
 }
 
 /// Adds or removes the rules of each keyword. The lines are the exported command's, whoever asks.
 void runRules(const LmtUrlCfg &config, const char *operation) {
-  runUrlRules({kSourceTag, "si_ubus_lmturl_command"}, config, operation);
+  runUrlRules(Trail(kSourceTag, "si_ubus_lmturl_command"), config, operation);
 }
 
 bool si_ubus_check_timepolicy_data(const DevLmtCfg &limit) {
+  const Trail log(kSourceTag);
   if (static_cast<uint32_t>(numberIn(limit.limitWeek)) >= kWeekMasks) {
-    PM_LOG(kError, "[%s] Cycle week out of range\n", __func__);
+    PM_LOG(log, kError, 0, "[%s] Cycle week out of range\n", log.function);
     return false;
   }
   if (limit.limitStartTime > kSecondsOfDay || limit.limitEndTime > kSecondsOfDay) {
-    PM_LOG(kError, "[%s] Cycle time out of range\n", __func__);
+    PM_LOG(log, kError, 0, "[%s] Cycle time out of range\n", log.function);
     return false;
   }
   if (limit.limitStartTime > limit.limitEndTime) {
-    PM_LOG(kError, "[%s] Cycle start time is larger then end time\n", __func__);
+    PM_LOG(log, kError, 0, "[%s] Cycle start time is larger then end time\n", log.function);
     return false;
   }
   return true;
@@ -116,33 +117,34 @@ bool si_ubus_check_timepolicy_data(const DevLmtCfg &limit) {
 
 /// Makes the rules of the device those of `wanted`; false when the device cannot be remembered.
 bool si_ubus_deal_limiturl_data(const LmtUrlCfg &wanted) {
+  const Trail log(kSourceTag);
   LmtUrlCfg *node = findUrls(wanted.mac, kMacTextSize - 1);
   if (node != nullptr) {
     if (node->LimitURL[0] != '\0') {
-      PM_LOG(kInfo, "the url ptLmtUrlCfgtmp->LimitURL is %s\n", node->LimitURL);
+      PM_LOG(log, kInfo, 0, "the url ptLmtUrlCfgtmp->LimitURL is %s\n", node->LimitURL);
       runRules(*node, "-D");
     }
     if (wanted.LimitURL[0] != '\0') {
-      PM_LOG(kInfo, "the url ptLmtUrlCfg->LimitURL is %s\n", wanted.LimitURL);
+      PM_LOG(log, kInfo, 0, "the url ptLmtUrlCfg->LimitURL is %s\n", wanted.LimitURL);
       runRules(wanted, "-A");
     }
     memcpy(node->LimitURL, wanted.LimitURL, sizeof node->LimitURL);
     return true;
   }
 
-  node = allocateNode<LmtUrlCfg>(PM_ORIGIN);
+  node = allocateNode<LmtUrlCfg>(log);
   if (node == nullptr) return false;
   *node = wanted;
   if (wanted.LimitURL[0] != '\0') {
-    PM_LOG(kInfo, "the url that list saved is %s\n", node->LimitURL);
+    PM_LOG(log, kInfo, 0, "the url that list saved is %s\n", node->LimitURL);
     runRules(*node, "-A");
   }
   listAppend(&g_ubus_lmtUrl_list, &node->link);
   return true;
 }
 
-DevLmtCfg *appendLimit(const LogOrigin &origin, const DevLmtCfg &wanted) {
-  auto *node = allocateNode<DevLmtCfg>(origin);
+DevLmtCfg *appendLimit(const Trail &log, const DevLmtCfg &wanted) {
+  auto *node = allocateNode<DevLmtCfg>(log);
   if (node == nullptr) return nullptr;
   *node = wanted;
   node->instance = kFirstPolicy + g_ubus_devlmt_inst++;
@@ -153,11 +155,12 @@ DevLmtCfg *appendLimit(const LogOrigin &origin, const DevLmtCfg &wanted) {
 /// Brings the list in line and returns the device's node, which is out of the list after a
 /// deletion; nullptr when there is none.
 DevLmtCfg *si_ubus_deal_devlmt_list(const DevLmtCfg &wanted, bool isDel) {
+  const Trail log(kSourceTag);
   ListLink *before;
   DevLmtCfg *node = findLimit(wanted.mac, before);
   if (node == nullptr) {
-    if (!isDel) return appendLimit(PM_ORIGIN, wanted);
-    PM_LOG(kError, "[%s] data is not record \n", __func__);
+    if (!isDel) return appendLimit(log, wanted);
+    PM_LOG(log, kError, 0, "[%s] data is not record \n", log.function);
     return nullptr;
   }
   if (isDel) {
@@ -172,12 +175,12 @@ DevLmtCfg *si_ubus_deal_devlmt_list(const DevLmtCfg &wanted, bool isDel) {
 }
 
 /// Reads the policy that was found, or creates one; `identity` is its path in either case.
-bool openTimePolicy(const LogOrigin &origin, const PolicyTable &found, uint32_t instance,
+bool openTimePolicy(const Trail &log, const PolicyTable &found, uint32_t instance,
                     InstancePath &identity, TimePolicy &policy) {
   if (found.count() == 0) {
     if (const int32_t status = vcorDbAddView(policy.kId, kGatewayPath.text, identity.text);
         status != kOk) {
-      PM_LOG_FOR(origin, kError, status, "[%s]  vcorDbSetView error\n", origin.function);
+      PM_LOG(log, kError, status, "[%s]  vcorDbSetView error\n", log.function);
       return false;
     }
     identity.end();
@@ -189,7 +192,7 @@ bool openTimePolicy(const LogOrigin &origin, const PolicyTable &found, uint32_t 
   identity = found.at(0);
   const int32_t status = policy.read(identity);
   if (status == kOk) return true;
-  PM_LOG_FOR(origin, kError, status, "[%s] vcorDbGetView error\n", origin.function);
+  PM_LOG(log, kError, status, "[%s] vcorDbGetView error\n", log.function);
   return false;
 }
 
@@ -201,52 +204,52 @@ void announceTimePolicy(const DevLmtCfg &limit, const TimePolicy &policy) {
   ASEND(TIME_POLICY_SET, message.bytes, message.kSize, MANAGER_MODULE_TIME_POLICY);
 }
 
-bool writeTimePolicy(const LogOrigin &origin, const PolicyTable &found, const DevLmtCfg &limit) {
+bool writeTimePolicy(const Trail &log, const PolicyTable &found, const DevLmtCfg &limit) {
   TimePolicy policy;
   InstancePath identity("");
-  if (!openTimePolicy(origin, found, limit.instance, identity, policy)) return false;
+  if (!openTimePolicy(log, found, limit.instance, identity, policy)) return false;
   policy.set(policy.week, limit.limitWeek);
   policy.set(policy.startTime, limit.limitStartTime);
   policy.set(policy.endTime, limit.limitEndTime);
   if (const int32_t status = policy.write(identity); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "[%s] vcorDbSetView error\n", origin.function);
+    PM_LOG(log, kError, status, "[%s] vcorDbSetView error\n", log.function);
     return false;
   }
   announceTimePolicy(limit, policy);
   return true;
 }
 
-void deleteTimePolicy(const LogOrigin &origin, const PolicyTable &found, const DevLmtCfg &limit) {
+void deleteTimePolicy(const Trail &log, const PolicyTable &found, const DevLmtCfg &limit) {
   if (found.count() == 0) {
-    PM_LOG_FOR(origin, kError, 0, "[%s] have not time policy\n", origin.function);
+    PM_LOG(log, kError, 0, "[%s] have not time policy\n", log.function);
     return;
   }
   si_ubus_devLimit_register_timepolicy(static_cast<uint32_t>(limit.lmtMode), limit.instance);
   const int32_t status = vcorDbDelView(DBVIEW_TIME_POLICY, found.at(0).text);
   if (status == kOk) return;
-  PM_LOG_FOR(origin, kError, status, "[%s] vcorDbDelView error\n", origin.function);
+  PM_LOG(log, kError, status, "[%s] vcorDbDelView error\n", log.function);
 }
 
 /// Writes or deletes the policy of the device; whether a policy now carries the limit.
 bool si_ubus_deal_timepolicy_data(const DevLmtCfg &limit, bool isDel) {
+  const Trail log(kSourceTag);
   TimePolicy key;
   key.match(key.instance, limit.instance);
   PolicyTable found;
   if (const int32_t status = key.query(&found.list); status != kOk) {
-    PM_FAIL(status, "[si_deal_timepolicy_data] vcorDbQryView error");
+    PM_LOG(log, kError, status, "[si_deal_timepolicy_data] vcorDbQryView error");
     return false;
   }
-  if (!isDel) return writeTimePolicy(PM_ORIGIN, found, limit);
-  deleteTimePolicy(PM_ORIGIN, found, limit);
+  if (!isDel) return writeTimePolicy(log, found, limit);
+  deleteTimePolicy(log, found, limit);
   return false;
 }
 
 /// Whether the limit is to be bound to its time period.
-bool hasTimePeriod(const LogOrigin &origin, const DevLmtCfg &limit) {
+bool hasTimePeriod(const Trail &log, const DevLmtCfg &limit) {
   if (limit.lmtMode != kModeTimePeriod) return false;
   if (si_ubus_check_timepolicy_data(limit)) return true;
-  PM_LOG_FOR(origin, kError, 0, "[%s] Cycle time is wrong , not set time policy\n",
-             origin.function);
+  PM_LOG(log, kError, 0, "[%s] Cycle time is wrong , not set time policy\n", log.function);
   return false;
 }
 
@@ -254,13 +257,12 @@ uint32_t scaledRate(int32_t rate) {
   return static_cast<uint32_t>(rate) * kRateUnit;
 }
 
-int32_t deleteBandwidth(const LogOrigin &origin, const InstancePath &identity) {
-  return sendEvent(origin, CTSGW_EVENT_DEL_BW, identity.text, sizeof identity.text,
+int32_t deleteBandwidth(const Trail &log, const InstancePath &identity) {
+  return sendEvent(log, CTSGW_EVENT_DEL_BW, identity.text, sizeof identity.text,
                    "ctSgw_ssend_to_proxy CTSGW_EVENT_DEL_BW error");
 }
 
-int32_t setBandwidth(const LogOrigin &origin, const InstancePath &identity,
-                     const DevLmtCfg &limit) {
+int32_t setBandwidth(const Trail &log, const InstancePath &identity, const DevLmtCfg &limit) {
   RecordBuffer<BandwidthLimitRecord> bandwidth;
   bandwidth.set(bandwidth.mac, limit.mac);
   bandwidth.set(bandwidth.txRate, scaledRate(limit.txRate));
@@ -268,18 +270,17 @@ int32_t setBandwidth(const LogOrigin &origin, const InstancePath &identity,
   RecordBuffer<BandwidthLimitRequest> request;
   request.put(request.identity, identity.text);
   request.put(request.limit, bandwidth.bytes);
-  return sendEvent(origin, CTSGW_EVENT_SET_BW, request.bytes, request.kSize,
+  return sendEvent(log, CTSGW_EVENT_SET_BW, request.bytes, request.kSize,
                    "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_BW error");
 }
 
-int32_t applyBandwidth(const LogOrigin &origin, const DevLmtCfg &limit, bool isDel) {
+int32_t applyBandwidth(const Trail &log, const DevLmtCfg &limit, bool isDel) {
   InstancePath identity("");
   if (is_mac_exist(limit.mac, identity.text) == 1) {
-    PM_LOG_FOR(origin, kInfo, 0, "[%s] set/del device limit: %s !\n", origin.function,
-               identity.text);
+    PM_LOG(log, kInfo, 0, "[%s] set/del device limit: %s !\n", log.function, identity.text);
   }
-  PM_LOG_FOR(origin, kInfo, 0, "bIsDel=%d\n", isDel);
-  return isDel ? deleteBandwidth(origin, identity) : setBandwidth(origin, identity, limit);
+  PM_LOG(log, kInfo, 0, "bIsDel=%d\n", isDel);
+  return isDel ? deleteBandwidth(log, identity) : setBandwidth(log, identity, limit);
 }
 
 int32_t rateOf(const char *text) {
@@ -319,10 +320,11 @@ void describeLimit(const DevLmtCfg &limit, UbusDeviceLimit &record) {
 }  // namespace
 
 void si_ubus_lmturl_command(LmtUrlCfg *config, const char *operation) {
+  const Trail log(kSourceTag);
   if (strcmp(operation, "-I") != 0 && strcmp(operation, "-A") != 0 && strcmp(operation, "-D") != 0)
     return;
   if (config == nullptr) {
-    PM_LOG(kError, "tDevLmtCfg is NULL \n");
+    PM_LOG(log, kError, 0, "tDevLmtCfg is NULL \n");
     return;
   }
   const BoundedRequest<LmtUrlCfg> bounded(*config);
@@ -354,57 +356,58 @@ int32_t is_mac_exist(const uint8_t mac[6], char identity[32]) {
 }
 
 int32_t device_limit_cfg_data(const UbusDeviceLimit *record) {
+  const Trail log(kSourceTag);
   if (record == nullptr) {
-    PM_LOG(kError, "[%s] input para is NULL\n", __func__);
+    PM_LOG(log, kError, 0, "[%s] input para is NULL\n", log.function);
     return kFailure;
   }
   char digits[13];
   copyText(digits, record->deviceMac);
   DevLmtCfg limit = {};
   if (!parseMacDigits(digits, limit.mac)) {
-    PM_LOG(kError, "[%s] StrToMAC Error !\n", __func__);
+    PM_LOG(log, kError, 0, "[%s] StrToMAC Error !\n", log.function);
     return kFailure;
   }
   readLimits(*record, limit);
   LmtUrlCfg urls = {};
   MACToStr2(limit.mac, urls.mac, sizeof urls.mac);
   copyText(urls.LimitURL, record->LimitUrl);
-  PM_LOG(kInfo,
+  PM_LOG(log, kInfo, 0,
          "mac=%s RxRate=%d TxRate=%d LmtMode=%d LimitWeek=%s LimitStartTime=%d LimitEndTime=%d \n",
          digits, limit.rxRate, limit.txRate, limit.lmtMode, limit.limitWeek, limit.limitStartTime,
          limit.limitEndTime);
-  PM_LOG(kInfo, "LimitUrl=%s \n", urls.LimitURL);
+  PM_LOG(log, kInfo, 0, "LimitUrl=%s \n", urls.LimitURL);
 
-  const bool inPeriod = hasTimePeriod(PM_ORIGIN, limit);
+  const bool inPeriod = hasTimePeriod(log, limit);
   if (!si_ubus_deal_limiturl_data(urls)) {
-    PM_LOG(kError, "[%s] set URL config failed \n", __func__);
+    PM_LOG(log, kError, 0, "[%s] set URL config failed \n", log.function);
   }
 
   const bool isDel = limit.txRate == 0 && limit.rxRate == 0;
   const DevLmtCfg *node = si_ubus_deal_devlmt_list(limit, isDel);
   if (inPeriod && node != nullptr) {
     if (si_ubus_deal_timepolicy_data(*node, isDel)) {
-      PM_LOG(kInfo, "[%s] have set time policy return\n", __func__);
+      PM_LOG(log, kInfo, 0, "[%s] have set time policy return\n", log.function);
       return kOk;
     }
-    PM_LOG(kInfo, "[%s] deal timepolicy wrong or del time policy\n", __func__);
+    PM_LOG(log, kInfo, 0, "[%s] deal timepolicy wrong or del time policy\n", log.function);
   }
-  return applyBandwidth(PM_ORIGIN, node != nullptr ? *node : limit, isDel);
+  return applyBandwidth(log, node != nullptr ? *node : limit, isDel);
 }
 
 int32_t pm_ubus_nexumd_limit_set(const UbusDeviceLimit *records, int32_t count) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (records == nullptr) return kOk;
   for (int32_t i = 0; i < count; ++i) {
     if (const int32_t status = device_limit_cfg_data(&records[i]); status != kOk) {
-      PM_FAIL(status, "[%s] set device limit data error\n", __func__);
+      PM_LOG(log, kError, status, "[%s] set device limit data error\n", log.function);
     }
   }
   return kOk;
 }
 
 int32_t pm_ubus_nexumd_limit_get(UbusDeviceLimit *records, int32_t *count) {
-  PM_ENTER();
+  entered(kSourceTag);
   if (records == nullptr || count == nullptr) return kOk;
   *count = 0;
   const DevLmtCfg *limit = limitBehind(&g_ubus_devlmt_list);

@@ -27,7 +27,7 @@ constexpr uint32_t kShortSize = 18;
 constexpr uint32_t kTextSize = 32;
 
 /// The walk's lines bear the name of its entry point at every depth.
-constexpr LogOrigin kWalk{kSourceTag, "pm_get_dumpbuf_info"};
+constexpr Trail kWalk(kSourceTag, "pm_get_dumpbuf_info");
 
 /// Texts of the mesh's first BSS, by which every backhaul link is described.
 struct NetworkTexts {
@@ -107,25 +107,25 @@ NetworkTexts firstNetwork(const cJSON *devices) {
 void readStations(const cJSON *bss, MeshBssEntry *entry) {
   const cJSON *stations = memberOf(bss, "connected sta info");
   if (stations == nullptr) {
-    PM_LOG_FOR(kWalk, kError, 0, "staDevices parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "staDevices parse failed!!\n");
     return;
   }
   entry->staNum = fitting(stations, entry->staMac);
   const cJSON *station = stations->child;
   for (uint32_t i = 0; i < entry->staNum; ++i, station = station->next) {
     if (!copyMember(station, "STA MAC address", entry->staMac[i], kShortSize)) {
-      PM_LOG_FOR(kWalk, kError, 0, "macAddress parse failed!!\n");
+      PM_LOG(kWalk, kError, 0, "macAddress parse failed!!\n");
     }
   }
 }
 
 int32_t readBss(const cJSON *bss, MeshBssEntry *entry) {
   if (!copyMember(bss, "BSSID", entry->bssid, kShortSize)) {
-    PM_LOG_FOR(kWalk, kError, 0, "bssid parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "bssid parse failed!!\n");
     return kFailure;
   }
   if (!copyMember(bss, "SSID", entry->ssid, kShortSize)) {
-    PM_LOG_FOR(kWalk, kError, 0, "ssid parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "ssid parse failed!!\n");
     return kFailure;
   }
   readStations(bss, entry);
@@ -135,7 +135,7 @@ int32_t readBss(const cJSON *bss, MeshBssEntry *entry) {
 int32_t readRadio(const cJSON *radio, MeshRadioBlock *block) {
   const cJSON *bssInfo = memberOf(radio, "BSSINFO");
   if (bssInfo == nullptr) {
-    PM_LOG_FOR(kWalk, kError, 0, "bssinfo parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "bssinfo parse failed!!\n");
     return kFailure;
   }
   block->bssNum = fitting(bssInfo, block->bss);
@@ -151,10 +151,10 @@ int32_t readRadio(const cJSON *radio, MeshRadioBlock *block) {
 int32_t readRadios(const cJSON *device, MeshDeviceSlot *slot) {
   const cJSON *radios = memberOf(device, "Radio Info");
   if (radios == nullptr) {
-    PM_LOG_FOR(kWalk, kError, 0, "radio parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "radio parse failed!!\n");
     return kOk;
   }
-  PM_LOG_FOR(kWalk, kInfo, 0, "\n*****radio_array_size=%d!!*****\n", cJSON_GetArraySize(radios));
+  PM_LOG(kWalk, kInfo, 0, "\n*****radio_array_size=%d!!*****\n", cJSON_GetArraySize(radios));
   for (const cJSON *radio = radios->child; radio != nullptr; radio = radio->next) {
     if (hasType(radio, cJSON_NULL)) continue;
     MeshRadioBlock *block = radio == radios->child ? &slot->radioA : &slot->radioB;
@@ -165,10 +165,10 @@ int32_t readRadios(const cJSON *device, MeshDeviceSlot *slot) {
 
 void readBackhaul(const cJSON *link, const NetworkTexts &network, MeshBackhaulEntry *entry) {
   if (!copyMember(link, "Backhaul Medium Type", entry->bhType, kTextSize)) {
-    PM_LOG_FOR(kWalk, kError, 0, "bhType parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "bhType parse failed!!\n");
   }
   if (!copyMember(link, "neighbor almac addr", entry->neighborAlMac, kTextSize)) {
-    PM_LOG_FOR(kWalk, kError, 0, "bhalmac parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "bhalmac parse failed!!\n");
   }
   copyText(entry->ssid, network.ssid);
   copyText(entry->passPhrase, network.passPhrase);
@@ -178,7 +178,7 @@ void readBackhaul(const cJSON *link, const NetworkTexts &network, MeshBackhaulEn
 void readBackhauls(const cJSON *device, const NetworkTexts &network, MeshDeviceSlot *slot) {
   const cJSON *links = memberOf(device, "BH Info");
   if (links == nullptr) {
-    PM_LOG_FOR(kWalk, kError, 0, "BH Info parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "BH Info parse failed!!\n");
     return;
   }
   slot->bhNum = fitting(links, slot->bhInfo);
@@ -191,26 +191,26 @@ void readBackhauls(const cJSON *device, const NetworkTexts &network, MeshDeviceS
 void readOtherClients(const cJSON *device, MeshDeviceSlot *slot) {
   const cJSON *clients = memberOf(device, "Other Clients Info");
   if (clients == nullptr) {
-    // The daemon's log readers know the backhaul's line for this too.
-    PM_LOG_FOR(kWalk, kError, 0, "BH Info parse failed!!\n");
+    // The daemon's Trail(kSourceTag) readers know the backhaul's line for this too.
+    PM_LOG(kWalk, kError, 0, "BH Info parse failed!!\n");
     return;
   }
   slot->otherClientNum = fitting(clients, slot->otherClientMac);
   const cJSON *client = clients->child;
   for (uint32_t i = 0; i < slot->otherClientNum; ++i, client = client->next) {
     if (!copyMember(client, "Client Address", slot->otherClientMac[i], kShortSize)) {
-      PM_LOG_FOR(kWalk, kError, 0, "clients_macAddrss Parse failed!!");
+      PM_LOG(kWalk, kError, 0, "clients_macAddrss Parse failed!!");
     }
   }
 }
 
 int32_t readDevice(const cJSON *device, const NetworkTexts &network, MeshDeviceSlot *slot) {
   if (!copyMember(device, "AL MAC", slot->alMac, kTextSize)) {
-    PM_LOG_FOR(kWalk, kError, 0, "meshAlmac parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "meshAlmac parse failed!!\n");
     return kFailure;
   }
   if (!copyMember(device, "Device role", slot->meshRole, kRoleSize)) {
-    PM_LOG_FOR(kWalk, kError, 0, "meshRole parse failed!!\n");
+    PM_LOG(kWalk, kError, 0, "meshRole parse failed!!\n");
     return kFailure;
   }
   if (readRadios(device, slot) != kOk) return kFailure;
@@ -222,10 +222,10 @@ int32_t readDevice(const cJSON *device, const NetworkTexts &network, MeshDeviceS
 int32_t readTopology(const cJSON *root, MeshTopologyRecord *record) {
   const cJSON *devices = root != nullptr ? memberOf(root, "topology information") : nullptr;
   if (devices == nullptr) {
-    PM_LOG_FOR(kWalk, kError, 0, "TopologyInformation is NULL !\n");
+    PM_LOG(kWalk, kError, 0, "TopologyInformation is NULL !\n");
     return kFailure;
   }
-  PM_LOG_FOR(kWalk, kInfo, 0, "topoinfo_array_size = %d !\n", cJSON_GetArraySize(devices));
+  PM_LOG(kWalk, kInfo, 0, "topoinfo_array_size = %d !\n", cJSON_GetArraySize(devices));
 
   const NetworkTexts network = firstNetwork(devices);
   const uint32_t deviceNum = fitting(devices, record->devices);
@@ -274,11 +274,8 @@ int32_t MeshGetTopology(char *buffer, int32_t *length) {
 }
 
 int32_t pm_get_dumpbuf_info(const char *text, void * /*scratch*/, MeshTopologyRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   cJSON *root = cJSON_Parse(text);
   const int32_t status = readTopology(root, record);
   cJSON_Delete(root);
@@ -286,24 +283,21 @@ int32_t pm_get_dumpbuf_info(const char *text, void * /*scratch*/, MeshTopologyRe
 }
 
 int32_t pm_ubus_get_meshtopology(MeshTopologyRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   char dump[kDumpSize] = {};
   int32_t length = kDumpSize;
   uint8_t scratch[kScratchSize] = {};
 
   const int32_t fetched = MeshGetTopology(dump, &length);
   dump[kDumpSize - 1] = '\0';
-  PM_LOG(kError, "buf: %s --------------------------------\r\n", dump);
+  PM_LOG(log, kError, 0, "buf: %s --------------------------------\r\n", dump);
   if (fetched != kOk) {
-    PM_FAIL(fetched, "MeshGetTopology failed!!! iRet:%d\n", fetched);
+    PM_LOG(log, kError, fetched, "MeshGetTopology failed!!! iRet:%d\n", fetched);
     return fetched;
   }
   if (const int32_t walked = pm_get_dumpbuf_info(dump, scratch, record); walked != kOk) {
-    PM_FAIL(walked, "pm_get_dumpbuf_info failed!! iRet:%d\n", walked);
+    PM_LOG(log, kError, walked, "pm_get_dumpbuf_info failed!! iRet:%d\n", walked);
     return walked;
   }
   totalStations(record);

@@ -68,11 +68,11 @@ void reportRule(RuleView &rule, UbusQosRule &reported) {
   MACToStr(rule.get(rule.mac2), reported.mac2, sizeof reported.mac2);
 }
 
-int32_t listRules(const LogOrigin &origin, RuleTable &table) {
+int32_t listRules(const Trail &log, RuleTable &table) {
   const int32_t status = table.listView(DBVIEW_QOS_CLASSIFICATION);
   if (status != kOk) {
-    PM_LOG_FOR(origin, kError, status,
-               "vcorDbQryView DBVIEW_QOS_CLASSIFICATION failure! iRet = %d.\n", status);
+    PM_LOG(log, kError, status, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION failure! iRet = %d.\n",
+           status);
   }
   return status;
 }
@@ -80,9 +80,9 @@ int32_t listRules(const LogOrigin &origin, RuleTable &table) {
 }  // namespace
 
 int32_t pm_ubus_nexumd_qos_set(const UbusQos *record) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_nexumd_qos_set argument is NULL");
+    PM_LOG(log, kError, 0, "pm_ubus_nexumd_qos_set argument is NULL");
     return kFailure;
   }
   RuleBuffer rule;
@@ -90,42 +90,42 @@ int32_t pm_ubus_nexumd_qos_set(const UbusQos *record) {
   for (uint32_t i = 0; i < count; ++i) {
     const BoundedRequest<UbusQosRule> asked(record->rules[i]);
     fillRule(rule, record->qosCommon, asked.request);
-    PM_LOG(kInfo, " paraseOK before pm_ubus_nexumd ");
+    PM_LOG(log, kInfo, 0, " paraseOK before pm_ubus_nexumd ");
     char identity[PLATFORM_INSTANCE_SIZE] = {};
     pm_qos_qc_set_config(identity, &rule);
   }
-  PM_LOG(kInfo, " pm_ubus_nexumd_qos_set success");
+  PM_LOG(log, kInfo, 0, " pm_ubus_nexumd_qos_set success");
   return kOk;
 }
 
 int32_t pm_ubus_nexumd_qos_get(UbusQos *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   RuleTable table;
-  if (const int32_t status = listRules(PM_ORIGIN, table); status != kOk) return status;
+  if (const int32_t status = listRules(log, table); status != kOk) return status;
   if (table.count() == 0) return kFailure;
-  PM_LOG(kInfo, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is %d \n", table.reported());
+  PM_LOG(log, kInfo, 0, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is %d \n",
+         table.reported());
   for (uint32_t i = 0; i < table.count(); ++i) {
     RuleView rule;
     if (const int32_t status = rule.read(table.at(i)); status != kOk) {
-      PM_FAIL(status, "vcorDbGetView DBVIEW_QOS_CLASSIFICATION failure");
+      PM_LOG(log, kError, status, "vcorDbGetView DBVIEW_QOS_CLASSIFICATION failure");
       continue;
     }
     record->qosCommon = rule.get(rule.qosCommon);
     ++record->count;
     reportRule(rule, record->rules[i]);
   }
-  PM_LOG(kInfo, " pm_ubus_nexumd_qos_get success");
+  PM_LOG(log, kInfo, 0, " pm_ubus_nexumd_qos_get success");
   return kOk;
 }
 
 int32_t pm_qc_clear_all(void) {
+  const Trail log(kSourceTag);
   RuleTable table;
-  if (const int32_t status = listRules(PM_ORIGIN, table); status != kOk) return status;
-  PM_LOG(kInfo, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is %d \n", table.reported());
+  if (const int32_t status = listRules(log, table); status != kOk) return status;
+  PM_LOG(log, kInfo, 0, "vcorDbQryView DBVIEW_QOS_CLASSIFICATION tList.dwCount is %d \n",
+         table.reported());
   for (uint32_t i = 0; i < table.count(); ++i) {
     const InstancePath instance = table.at(i);
     RuleView rule;

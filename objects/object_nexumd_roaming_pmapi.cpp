@@ -25,13 +25,13 @@ constexpr int32_t kAssociationFault = 1566;
 constexpr uint32_t kLast24GSsid = 4;
 
 /// Reads one word of the record that roaming and band steering share.
-int32_t readSteeringWord(const LogOrigin &origin, uint32_t offset, uint32_t *out) {
-  PM_LOG_FOR(origin, kInfo, 0, "now in %s\n", origin.function);
+int32_t readSteeringWord(const Trail &log, uint32_t offset, uint32_t *out) {
+  PM_LOG(log, kInfo, 0, "now in %s\n", log.function);
   if (out == nullptr) return kFailure;
   SteeringBuffer steering;
   if (const int32_t status = pm_wlan_get_wifibandsteering(&steering); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "[%s] pm_wlan_get_wifibandsteering fail(%d)\r\n",
-               origin.function, status);
+    PM_LOG(log, kError, status, "[%s] pm_wlan_get_wifibandsteering fail(%d)\r\n", log.function,
+           status);
     return kFailure;
   }
   *out = loadAs<uint32_t>(steering.bytes, offset);
@@ -41,68 +41,73 @@ int32_t readSteeringWord(const LogOrigin &origin, uint32_t offset, uint32_t *out
 }  // namespace
 
 int32_t ubus_getRoamingSwitch(uint32_t *out) {
+  const Trail log(kSourceTag);
   const uint32_t offset = WlanBandSteeringRecord::steeringEnable.offset;
-  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
-  PM_LOG(kInfo, "roamingSwitch:%d\n", *out);
+  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "roamingSwitch:%d\n", *out);
   return kOk;
 }
 
 int32_t ubus_getLowRSSI24G(uint32_t *out) {
+  const Trail log(kSourceTag);
   const uint32_t offset = WlanBandSteeringRecord::lowRssi24G.offset;
-  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
-  PM_LOG(kInfo, "LowRSSI24G:%d\n", *out);
+  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "LowRSSI24G:%d\n", *out);
   return kOk;
 }
 
 int32_t ubus_getLowRSSI5G(uint32_t *out) {
+  const Trail log(kSourceTag);
   const uint32_t offset = WlanBandSteeringRecord::lowRssi5G.offset;
-  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
-  PM_LOG(kInfo, "LowRSSI5G:%d\n", *out);
+  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "LowRSSI5G:%d\n", *out);
   return kOk;
 }
 
 int32_t ubus_getRssiThreshold(uint32_t *out) {
+  const Trail log(kSourceTag);
   const uint32_t offset = WlanBandSteeringRecord::lowRssi24G.offset;
-  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
-  PM_LOG(kInfo, "RssiThreshold:%d\n", *out);
+  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "RssiThreshold:%d\n", *out);
   return kOk;
 }
 
 int32_t ubus_getRssiThreshold5G(uint32_t *out) {
+  const Trail log(kSourceTag);
   const uint32_t offset = WlanBandSteeringRecord::lowRssi5G.offset;
-  if (readSteeringWord(PM_ORIGIN, offset, out) != kOk) return kFailure;
-  PM_LOG(kInfo, "RssiThreshold5G:%d\n", *out);
+  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "RssiThreshold5G:%d\n", *out);
   return kOk;
 }
 
 int32_t ubus_getBandSteeringStatus(uint32_t *out) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (out == nullptr) return kFailure;
   RecordBuffer<WlanConfigRecord> config;
   const int32_t status = pm_wlan_get_config(kFirst24GSsid.text, &config);
-  if (reportedRead(PM_ORIGIN, status) != kOk) return kFailure;
+  if (log.readResult(status) != kOk) return kFailure;
   *out = config.get(config.bandSteering);
-  PM_LOG(kInfo, "BandSteeringStatus:%d\n", *out);
+  PM_LOG(log, kInfo, 0, "BandSteeringStatus:%d\n", *out);
   return kOk;
 }
 
 namespace {
 
-int32_t writeSteering(const LogOrigin &origin, bool enable, uint32_t low24G, uint32_t low5G) {
+int32_t writeSteering(const Trail &log, bool enable, uint32_t low24G, uint32_t low5G) {
   SteeringBuffer steering;
   steering.set(steering.steeringEnable, enable ? 1 : 0);
   steering.set(steering.lowRssi24G, low24G);
   steering.set(steering.lowRssi5G, low5G);
   const int32_t status = pm_wlan_set_wifibandsteering(&steering);
   if (status == kOk) return kOk;
-  PM_LOG_FOR(origin, kError, status, "pm_wlan_set_wifibandsteering  fail=%d\n", status);
+  PM_LOG(log, kError, status, "pm_wlan_set_wifibandsteering  fail=%d\n", status);
   return kFailure;
 }
 
 }  // namespace
 
 int32_t ubus_setLowRSSI(int32_t roamingSwitch, uint32_t low24G, uint32_t low5G) {
-  return writeSteering(PM_ORIGIN, roamingSwitch == 1, low24G, low5G);
+  return writeSteering(Trail(kSourceTag), roamingSwitch == 1, low24G, low5G);
 }
 
 int32_t ubus_getPacketLoss(void) {
@@ -154,11 +159,8 @@ int32_t valueOrZero(int32_t (*getter)(uint32_t *)) {
 }  // namespace
 
 int32_t pm_ubus_roaming_get(RoamingRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   RoamingRecord settings = {};
   settings.roamingSwitch = valueOrZero(ubus_getRoamingSwitch);
   settings.lowRSSI24G = valueOrZero(ubus_getLowRSSI24G);
@@ -168,27 +170,21 @@ int32_t pm_ubus_roaming_get(RoamingRecord *record) {
 }
 
 int32_t pm_ubus_roaming_set(const RoamingRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_roaming_set para is null");
-    return kNullRecord;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kNullRecord;
   const int32_t status =
       ubus_setLowRSSI(record->roamingSwitch, static_cast<uint32_t>(record->lowRSSI24G),
                       static_cast<uint32_t>(record->lowRSSI5G));
   if (status != kOk) {
-    PM_FAIL(status, "call ubus_setLowRSSI faild,iRet=%d\n", status);
+    PM_LOG(log, kError, status, "call ubus_setLowRSSI faild,iRet=%d\n", status);
     return kFailure;
   }
   return kOk;
 }
 
 int32_t pm_ubus_roaming_bandsteering_get(BandSteeringRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   record->bandSteeringStatus = valueOrZero(ubus_getBandSteeringStatus);
   record->rssiThreshold = valueOrZero(ubus_getRssiThreshold);
   record->rssiThreshold5G = valueOrZero(ubus_getRssiThreshold5G);
@@ -196,26 +192,23 @@ int32_t pm_ubus_roaming_bandsteering_get(BandSteeringRecord *record) {
 }
 
 int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_roaming_bandsteering_set para is null");
-    return kNullRecord;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kNullRecord;
   const bool enable = record->bandSteeringStatus == 1;
   RecordBuffer<WlanConfigRecord> config;
   config.set(config.bandSteering, enable ? 1 : 0);
   if (const int32_t status = pm_wlan_set_config(kFirst24GSsid.text, &config);
       !appliedOrUnchanged(status)) {
-    PM_FAIL(status, "pm_wlan_set_config 2.4G fail = %d\n", status);
+    PM_LOG(log, kError, status, "pm_wlan_set_config 2.4G fail = %d\n", status);
     return kFailure;
   }
-  if (writeSteering(PM_ORIGIN, enable, static_cast<uint32_t>(record->rssiThreshold),
+  if (writeSteering(log, enable, static_cast<uint32_t>(record->rssiThreshold),
                     static_cast<uint32_t>(record->rssiThreshold5G)) != kOk) {
     return kFailure;
   }
   if (const int32_t status = pm_wlan_set_same_ssid_2G(kFirst24GSsid.text, kFirst5GSsid.text);
       status != kOk) {
-    PM_FAIL(status, "pm_wlan_set_same_ssid_2G failed!! iRet:%d\n", status);
+    PM_LOG(log, kError, status, "pm_wlan_set_same_ssid_2G failed!! iRet:%d\n", status);
     return status;
   }
   return kOk;
@@ -223,9 +216,9 @@ int32_t pm_ubus_roaming_bandsteering_set(const BandSteeringRecord *record) {
 
 namespace {
 
-bool parseMac(const LogOrigin &origin, const char *text, uint8_t mac[6]) {
+bool parseMac(const Trail &log, const char *text, uint8_t mac[6]) {
   if (StrToMAC(text, mac) == 0) {
-    PM_LOG_FOR(origin, kError, 0, "Invalid MACAddress\n");
+    PM_LOG(log, kError, 0, "Invalid MACAddress\n");
     return false;
   }
   printf("=======strtoMAc======%02x:%02x:%02x:%02x:%02x:%02x\n", mac[0], mac[1], mac[2], mac[3],
@@ -233,10 +226,9 @@ bool parseMac(const LogOrigin &origin, const char *text, uint8_t mac[6]) {
   return true;
 }
 
-int32_t queryAssociations(const LogOrigin &origin, const uint8_t mac[6],
-                          AssociationTable &matches) {
+int32_t queryAssociations(const Trail &log, const uint8_t mac[6], AssociationTable &matches) {
   const int32_t status = findAssociations(mac, matches);
-  if (status != kOk) PM_LOG_FOR(origin, kFault, kAssociationFault, "DBVIEW_WLAN_AD");
+  if (status != kOk) PM_LOG(log, kFault, kAssociationFault, "DBVIEW_WLAN_AD");
   return status;
 }
 
@@ -251,16 +243,13 @@ int32_t blockAndRemove(const char *name) {
 }  // namespace
 
 int32_t pm_ubus_roaming_sta_disconnect(const char *mac) {
-  PM_ENTER();
-  if (mac == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(mac)) return kFailure;
   uint8_t station[6] = {};
-  if (!parseMac(PM_ORIGIN, mac, station)) return kFailure;
+  if (!parseMac(log, mac, station)) return kFailure;
 
   AssociationTable matches;
-  if (const int32_t status = queryAssociations(PM_ORIGIN, station, matches); status != kOk) {
+  if (const int32_t status = queryAssociations(log, station, matches); status != kOk) {
     return status;
   }
   if (matches.reported() != 1) {
@@ -308,14 +297,11 @@ bool findHost(const uint8_t mac[6], AssociatedHost &host) {
 }  // namespace
 
 int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   uint8_t mac[6] = {};
   const BoundedRequest<StaRssiRecord> bounded(*record);
-  if (!parseMac(PM_ORIGIN, bounded.request.macAddress, mac)) return kFailure;
+  if (!parseMac(log, bounded.request.macAddress, mac)) return kFailure;
   AssociatedHost host = {};
   if (!findHost(mac, host)) return kFailure;
   const uint32_t radioType = host.ssidNumber > kLast24GSsid ? 1 : 0;
@@ -325,7 +311,7 @@ int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
   if (const int32_t status =
           reply.send(CTSGW_EVENT_GET_WLANRADIOINFO, &radioType, sizeof radioType);
       status < kOk) {
-    PM_FAIL(status, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_WLANRADIOINFO error!\n");
+    PM_LOG(log, kError, status, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_WLANRADIOINFO error!\n");
     return kFailure;
   }
   RecordBuffer<RadioInfoRecord> radio;
@@ -340,9 +326,9 @@ namespace {
 
 enum class Medium { kNone, kWired, k24G, k5G };
 
-Medium wirelessMedium(const LogOrigin &origin, const uint8_t mac[6]) {
+Medium wirelessMedium(const Trail &log, const uint8_t mac[6]) {
   AssociationTable matches;
-  if (queryAssociations(origin, mac, matches) != kOk) return Medium::kNone;
+  if (queryAssociations(log, mac, matches) != kOk) return Medium::kNone;
   if (matches.reported() != 1) return Medium::kNone;
   AssociationBuffer association;
   if (wlan_get_ad_db_q(matches.at(0).text, association.bytes) != kOk) return Medium::kNone;
@@ -358,36 +344,33 @@ Medium wirelessMedium(const LogOrigin &origin, const uint8_t mac[6]) {
 }
 
 /// Where a device is attached; kNone for one that does not count.
-Medium mediumOf(const LogOrigin &origin, const InstancePath &path) {
+Medium mediumOf(const Trail &log, const InstancePath &path) {
   DeviceBuffer device;
   ProxyReply<20480> reply;
-  queryDevice(origin, path, reply, device);
+  queryDevice(log, path, reply, device);
   // A torn record says nothing about its device.
   if (reply.payloadLength() < device.kSize) return Medium::kNone;
   if (net_json_check_dev_valid(device.bytes) == 0) return Medium::kNone;
   const char *interfaceName = device.text(device.interfaceName);
   if (startsWith(interfaceName, "eth")) return Medium::kWired;
-  if (startsWith(interfaceName, "wlan")) return wirelessMedium(origin, device.get(device.mac));
+  if (startsWith(interfaceName, "wlan")) return wirelessMedium(log, device.get(device.mac));
   return Medium::kNone;
 }
 
 }  // namespace
 
 int32_t pm_ubus_sta_num_get(StaNumRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   DeviceTable devices;
   if (const int32_t status = plib_adev_list_view(&devices.list); status != kOk) {
-    PM_FAIL(status, "plib_adev_list_view inquiry fail\n");
+    PM_LOG(log, kError, status, "plib_adev_list_view inquiry fail\n");
     return kFailure;
   }
   StaNumRecord counted = {};
   for (uint32_t i = 0; i < devices.count(); ++i) {
-    PM_LOG(kInfo, "Adev num is %d!\n", i + 1);
-    switch (mediumOf(PM_ORIGIN, devices.at(i))) {
+    PM_LOG(log, kInfo, 0, "Adev num is %d!\n", i + 1);
+    switch (mediumOf(log, devices.at(i))) {
       case Medium::kWired:
         ++counted.ethNum;
         break;

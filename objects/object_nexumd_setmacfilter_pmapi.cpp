@@ -26,11 +26,11 @@ constexpr uint8_t kNoMac[6] = {};
 using InstanceText = char[PLATFORM_INSTANCE_SIZE];
 
 /// Brings the firewall's switches in line; writes only what differs.
-int32_t applySwitches(const LogOrigin &origin, uint8_t enable, uint8_t policy) {
+int32_t applySwitches(const Trail &log, uint8_t enable, uint8_t policy) {
   RecordBuffer<FirewallBaseRecord> base;
   int32_t status = pm_fw_get_base(kGatewayPath.text, &base);
   if (status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
+    PM_LOG(log, kError, status, "[pm_fw_get_base] failed, retcode = %d\n", status);
     return kFailure;
   }
   const bool enableDiffers = base.get(base.macFilterEnable) != enable;
@@ -41,17 +41,18 @@ int32_t applySwitches(const LogOrigin &origin, uint8_t enable, uint8_t policy) {
   if (policyDiffers) base.set(base.macFilterPolicy, policy);
   status = pm_fw_set_base(kGatewayPath.text, &base);
   if (status == kOk) return kOk;
-  PM_LOG_FOR(origin, kError, status, "[pm_fw_set_base] failed, retcode = %d\n", status);
+  PM_LOG(log, kError, status, "[pm_fw_set_base] failed, retcode = %d\n", status);
   return PM_STATUS_NOT_WRITTEN;
 }
 
 int32_t net_parse_mac_filter_data(uint8_t enable, uint8_t policy, const uint8_t mac[6],
                                   const char *name) {
+  const Trail log(kSourceTag);
   if (policy > 1 || enable > 1) {
-    PM_LOG(kError, "MacFiltr Data is NULL !\n");
+    PM_LOG(log, kError, 0, "MacFiltr Data is NULL !\n");
     return kFailure;
   }
-  if (const int32_t status = applySwitches(PM_ORIGIN, enable, policy); status != kOk) return status;
+  if (const int32_t status = applySwitches(log, enable, policy); status != kOk) return status;
   if (memcmp(mac, kNoMac, sizeof kNoMac) == 0 || enable != kOn) return kOk;
 
   RecordBuffer<MacFilterEntryRecord> entry;
@@ -59,23 +60,24 @@ int32_t net_parse_mac_filter_data(uint8_t enable, uint8_t policy, const uint8_t 
   entry.set(entry.protocol, kEntryAllProtocols);
   entry.set(entry.sourceMac, mac);
   entry.set(entry.deviceName, name);
-  PM_LOG(kInfo, "enable = %d, blacklist = %d, type = %d, protocol = %d\r\n", enable, policy,
+  PM_LOG(log, kInfo, 0, "enable = %d, blacklist = %d, type = %d, protocol = %d\r\n", enable, policy,
          kEntryTypeSource, kEntryAllProtocols);
 
   InstanceText identity = {};
   if (const int32_t status = pm_mac_filterset(identity, &entry); status != kOk) {
-    PM_FAIL(status, "pm_mac_filterset Error !\n");
+    PM_LOG(log, kError, status, "pm_mac_filterset Error !\n");
     return kFailure;
   }
-  PM_LOG(kInfo, "szInstIdentity = %s \r\n", InstancePath(identity).text);
+  PM_LOG(log, kInfo, 0, "szInstIdentity = %s \r\n", InstancePath(identity).text);
   return kOk;
 }
 
 int32_t net_del_mac_filter_data() {
+  const Trail log(kSourceTag);
   InstanceText identities[kTableSize] = {};
   MacFilterList list{kTableSize, 0, identities};
   if (const int32_t status = pm_mac_filterlist(kGatewayPath.text, &list); status != kOk) {
-    PM_FAIL(status, "net_del_mac_filter_data pm_mac_filterlist:!RET_PM_OK FAILURE!");
+    PM_LOG(log, kError, status, "net_del_mac_filter_data pm_mac_filterlist:!RET_PM_OK FAILURE!");
     return status;
   }
   const uint32_t count = clampCount(list.dwCount, kTableSize);
@@ -88,16 +90,16 @@ int32_t net_del_mac_filter_data() {
   return kOk;
 }
 
-bool entriesAreWellFormed(const LogOrigin &origin, const char *entries) {
+bool entriesAreWellFormed(const Trail &log, const char *entries) {
   std::string_view entry;
   while (nextListItem(entries, entry)) {
     const size_t slash = entry.find('/');
     if (slash == entry.npos || slash + 1 == entry.size()) {
-      PM_LOG_FOR(origin, kError, 0, "Dev Info do not have dev name\n");
+      PM_LOG(log, kError, 0, "Dev Info do not have dev name\n");
       return false;
     }
     if (slash != kMacDigits) {
-      PM_LOG_FOR(origin, kError, 0, "MAC len is not equal 12 !\n");
+      PM_LOG(log, kError, 0, "MAC len is not equal 12 !\n");
       return false;
     }
   }
@@ -105,10 +107,10 @@ bool entriesAreWellFormed(const LogOrigin &origin, const char *entries) {
 }
 
 /// `entry` is well-formed: a MAC's length, a "/" and a name.
-void applyEntry(const LogOrigin &origin, uint8_t enable, uint8_t policy, std::string_view entry) {
+void applyEntry(const Trail &log, uint8_t enable, uint8_t policy, std::string_view entry) {
   uint8_t mac[6];
   if (!parseMacDigits(entry.data(), mac)) {
-    PM_LOG_FOR(origin, kError, 0, "StrToMAC Error !\n");
+    PM_LOG(log, kError, 0, "StrToMAC Error !\n");
     return;
   }
   entry.remove_prefix(kMacDigits + 1);
@@ -120,16 +122,13 @@ void applyEntry(const LogOrigin &origin, uint8_t enable, uint8_t policy, std::st
 }  // namespace
 
 int32_t pm_ubus_macfilter_set(const UbusMacFilter *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_LOG(kError, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   char entries[2048];
   copyText(entries, record->entries);
-  PM_LOG(kInfo, "macFilterEnable = %u, macFilterPolicy = %u, entries = %s\n",
+  PM_LOG(log, kInfo, 0, "macFilterEnable = %u, macFilterPolicy = %u, entries = %s\n",
          record->macFilterEnable, record->macFilterPolicy, entries);
-  if (!entriesAreWellFormed(PM_ORIGIN, entries)) return PM_STATUS_MALFORMED_ENTRY;
+  if (!entriesAreWellFormed(log, entries)) return PM_STATUS_MALFORMED_ENTRY;
 
   if (record->macFilterEnable == kOn) net_del_mac_filter_data();
   const auto enable = static_cast<uint8_t>(record->macFilterEnable);
@@ -141,8 +140,8 @@ int32_t pm_ubus_macfilter_set(const UbusMacFilter *record) {
   }
   const char *rest = entries;
   std::string_view entry;
-  while (nextListItem(rest, entry)) applyEntry(PM_ORIGIN, enable, policy, entry);
-  PM_LOG(kInfo, "-----------after----------------------\r\n");
+  while (nextListItem(rest, entry)) applyEntry(log, enable, policy, entry);
+  PM_LOG(log, kInfo, 0, "-----------after----------------------\r\n");
   vcorDbSaveDbus();
   return kOk;
 }

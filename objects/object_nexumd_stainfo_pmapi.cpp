@@ -34,19 +34,20 @@ InstancePath pathAt(const DeviceTable &devices, int32_t index) {
 }
 
 /// What every getter begins with; without an output the platform is not asked.
-int32_t lookUp(const LogOrigin &origin, int32_t index, const char *out, DeviceBuffer &device) {
+int32_t lookUp(const Trail &log, int32_t index, const char *out, DeviceBuffer &device) {
   if (out == nullptr) return kFailure;
   DeviceTable devices;
   if (const int32_t status = listDevices(devices); status != kOk) return status;
   DeviceReply reply;
-  return queryDevice(origin, pathAt(devices, index), reply, device);
+  return queryDevice(log, pathAt(devices, index), reply, device);
 }
 
 }  // namespace
 
 int32_t ubus_getIpAddress(int32_t index, char *out) {
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  if (const int32_t status = lookUp(Trail(kSourceTag), index, out, device); status != kOk)
+    return status;
   char text[kGetterTextSize] = {};
   IPToStr(device.get(device.ipv4Address), text, sizeof text);
   copyExact(out, text, sizeof text - 1);
@@ -55,14 +56,16 @@ int32_t ubus_getIpAddress(int32_t index, char *out) {
 
 int32_t ubus_getHostName(int32_t index, char *out) {
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  if (const int32_t status = lookUp(Trail(kSourceTag), index, out, device); status != kOk)
+    return status;
   copyExact(out, device.text(device.hostName), kGetterTextSize - 1);
   return kOk;
 }
 
 int32_t ubus_getMacAddress(int32_t index, char *out) {
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  if (const int32_t status = lookUp(Trail(kSourceTag), index, out, device); status != kOk)
+    return status;
   char text[kGetterTextSize] = {};
   MacToString(device.get(device.mac), text, sizeof text);
   copyExact(out, text, sizeof text - 1);
@@ -70,24 +73,26 @@ int32_t ubus_getMacAddress(int32_t index, char *out) {
 }
 
 int32_t ubus_getStatype(int32_t index, char *out) {
+  const Trail log(kSourceTag);
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  if (const int32_t status = lookUp(log, index, out, device); status != kOk) return status;
   const uint32_t kind = device.get(device.kind);
   const char *name = kind >= 1 && kind <= kKindCount ? kKinds[kind - 1] : "other";
   copyExact(out, name, kGetterTextSize - 1);
-  PM_LOG(kInfo, "statype:%s\n", name);
+  PM_LOG(log, kInfo, 0, "statype:%s\n", name);
   return kOk;
 }
 
 int32_t ubus_getUptime(int32_t index, char *out) {
+  const Trail log(kSourceTag);
   DeviceBuffer device;
-  if (const int32_t status = lookUp(PM_ORIGIN, index, out, device); status != kOk) return status;
+  if (const int32_t status = lookUp(log, index, out, device); status != kOk) return status;
   const auto now = static_cast<uint32_t>(GetUpTime());
   const uint32_t connected = device.get(device.connectionTime);
   // An earlier "now" means that the uptime counter has wrapped since.
   const uint32_t online = now >= connected ? now - connected : now + (UINT32_MAX - connected);
   snprintf(out, kGetterTextSize, "%u", online);
-  PM_LOG(kInfo, "uptime:%s\n", out);
+  PM_LOG(log, kInfo, 0, "uptime:%s\n", out);
   return kOk;
 }
 
@@ -96,10 +101,10 @@ namespace {
 constexpr uint32_t kRateUnit = 1000;
 
 /// Fills what the association says.
-void fillAssociation(const LogOrigin &origin, ViewBuffer<AssociatedDeviceView> &association,
+void fillAssociation(const Trail &log, ViewBuffer<AssociatedDeviceView> &association,
                      StaConfigResult *result) {
   const int32_t rssi = association.getSigned(association.rssi);
-  PM_LOG_FOR(origin, kError, 0, "staconfig -> rssi=%d\n", rssi);
+  PM_LOG(log, kError, 0, "staconfig -> rssi=%d\n", rssi);
   printDecimal(result->rssi, rssi);
   printDecimal(result->linkRate, association.get(association.linkRate) / kRateUnit);
   printDecimal(result->linkRate2, association.get(association.linkRate2) / kRateUnit);
@@ -120,22 +125,22 @@ int32_t fillRadio(const InstancePath &ssid, StaConfigResult *result) {
   return kOk;
 }
 
-int32_t readWirelessLink(const LogOrigin &origin, const uint8_t *mac, StaConfigResult *result) {
+int32_t readWirelessLink(const Trail &log, const uint8_t *mac, StaConfigResult *result) {
   AssociationTable matches;
   if (const int32_t status = findAssociations(mac, matches); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
+    PM_LOG(log, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
     return status;
   }
   if (matches.reported() != 1) {
-    PM_LOG_FOR(origin, kError, 0, "tAdList.dwCount=%d\n", matches.reported());
+    PM_LOG(log, kError, 0, "tAdList.dwCount=%d\n", matches.reported());
     return kFailure;
   }
   ViewBuffer<AssociatedDeviceView> association;
   if (const int32_t status = association.read(matches.at(0)); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
+    PM_LOG(log, kError, status, "qry DBVIEW_WLAN_AD error, iret=%d\n", status);
     return status;
   }
-  fillAssociation(origin, association, result);
+  fillAssociation(log, association, result);
   return fillRadio(InstancePath(association.text(association.ssidInstance)), result);
 }
 
@@ -152,20 +157,19 @@ int32_t readWiredLink(const char *interfaceName, StaConfigResult *result) {
   return kOk;
 }
 
-int32_t readMeasuredTraffic(const LogOrigin &origin, const uint8_t *mac,
+int32_t readMeasuredTraffic(const Trail &log, const uint8_t *mac,
                             StationStatisticsBuffer &traffic) {
-  const bool read = queryStationStatistics(origin, CTSGW_EVENT_GET_BW_STATS, mac, traffic);
+  const bool read = queryStationStatistics(log, CTSGW_EVENT_GET_BW_STATS, mac, traffic);
   return read ? kOk : kFailure;
 }
 
 /// The hardware's counters, or the measured ones where the hardware has run out of registers.
-int32_t readWiredTraffic(const LogOrigin &origin, const uint8_t *mac,
-                         StationStatisticsBuffer &traffic) {
-  if (!queryStationStatistics(origin, CTSGW_EVENT_GET_HARD_STATS, mac, traffic)) return kFailure;
+int32_t readWiredTraffic(const Trail &log, const uint8_t *mac, StationStatisticsBuffer &traffic) {
+  if (!queryStationStatistics(log, CTSGW_EVENT_GET_HARD_STATS, mac, traffic)) return kFailure;
   if (traffic.get(traffic.notEnoughRegister) == 0) return kOk;
   printf("pm_bw_get_hard_stats not enough register, use olt func\n");
   traffic.clear();
-  return readMeasuredTraffic(origin, mac, traffic);
+  return readMeasuredTraffic(log, mac, traffic);
 }
 
 void fillRates(const StationStatisticsBuffer &traffic, StaConfigResult *result) {
@@ -179,17 +183,14 @@ void fillRates(const StationStatisticsBuffer &traffic, StaConfigResult *result) 
 }  // namespace
 
 int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
-  PM_ENTER();
-  if (result == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(result)) return kFailure;
   DeviceTable devices;
   if (const int32_t status = listDevices(devices); status != kOk) return status;
   DeviceBuffer device;
   {
     DeviceReply reply;
-    queryDevice(PM_ORIGIN, pathAt(devices, index), reply, device);
+    queryDevice(log, pathAt(devices, index), reply, device);
   }
   const InterfaceName interface(device.bytes);
   const uint8_t *mac = device.get(device.mac);
@@ -197,11 +198,11 @@ int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
   if (!isWireless && !startsWith(interface.text, "eth")) return kOk;
 
   const int32_t link =
-      isWireless ? readWirelessLink(PM_ORIGIN, mac, result) : readWiredLink(interface.text, result);
+      isWireless ? readWirelessLink(log, mac, result) : readWiredLink(interface.text, result);
   if (link != kOk) return link;
   StationStatisticsBuffer traffic;
-  const int32_t status = isWireless ? readMeasuredTraffic(PM_ORIGIN, mac, traffic)
-                                    : readWiredTraffic(PM_ORIGIN, mac, traffic);
+  const int32_t status =
+      isWireless ? readMeasuredTraffic(log, mac, traffic) : readWiredTraffic(log, mac, traffic);
   if (status != kOk) return status;
   fillRates(traffic, result);
   return kOk;
@@ -209,37 +210,36 @@ int32_t ubus_get_sta_config(int32_t index, StaConfigResult *result) {
 
 namespace {
 
-int32_t fillAccess(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
+int32_t fillAccess(const Trail &log, const InstancePath &path, StaInfoRecord *record) {
   ViewBuffer<AccessDeviceView> access;
   if (const int32_t status = access.read(path); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "get DBVIEW_ACCESS_DEV failed, iRet=%d\n", status);
+    PM_LOG(log, kError, status, "get DBVIEW_ACCESS_DEV failed, iRet=%d\n", status);
     return PM_STATUS_UNREADABLE;
   }
-  PM_LOG_FOR(origin, kVerbose, 0, " get DBVIEW_ACCESS_DEV succ");
+  PM_LOG(log, kVerbose, 0, " get DBVIEW_ACCESS_DEV succ");
   record->adevValue = access.getSigned(access.adevValue);
   copyText(record->vendor, access.text(access.vendor));
-  PM_LOG_FOR(origin, kInfo, 0, "tVendor=%s\n", access.text(access.vendor));
+  PM_LOG(log, kInfo, 0, "tVendor=%s\n", access.text(access.vendor));
   copyText(record->ipv6Address, access.text(access.ipv6Address));
-  PM_LOG_FOR(origin, kInfo, 0, "tIPV6Address=%s\n", access.text(access.ipv6Address));
+  PM_LOG(log, kInfo, 0, "tIPV6Address=%s\n", access.text(access.ipv6Address));
   copyText(record->accessTime, access.text(access.lastConnection));
-  PM_LOG_FOR(origin, kInfo, 0, "tLastConnection=%s\n", access.text(access.lastConnection));
-  PM_LOG_FOR(origin, kInfo, 0, "p_ubus_sta_info -> accessTime=%s\n", record->accessTime);
+  PM_LOG(log, kInfo, 0, "tLastConnection=%s\n", access.text(access.lastConnection));
+  PM_LOG(log, kInfo, 0, "p_ubus_sta_info -> accessTime=%s\n", record->accessTime);
   return kOk;
 }
 
-int32_t fillTraffic(const LogOrigin &origin, const InstancePath &path, StaInfoRecord *record) {
+int32_t fillTraffic(const Trail &log, const InstancePath &path, StaInfoRecord *record) {
   StationStatisticsBuffer traffic;
   if (pm_bw_get_hard_stats(path.text, &traffic) != kOk) return PM_STATUS_UNREADABLE;
-  PM_LOG_FOR(origin, kInfo, 0, "out pm_bw_get_hard_stats");
+  PM_LOG(log, kInfo, 0, "out pm_bw_get_hard_stats");
   record->totalBytesSent = traffic.get(traffic.totalBytesSent);
   record->totalBytesReceived = traffic.get(traffic.totalBytesReceived);
   record->totalPacketsSent = traffic.get(traffic.totalPacketsSent);
   record->totalPacketsReceived = traffic.get(traffic.totalPacketsReceived);
-  PM_LOG_FOR(origin, kInfo, 0,
-             "[pm_ubus_get_sta_info] p_ubus_sta_info -> totalBytesReceived: %llu\n",
-             record->totalBytesReceived);
-  PM_LOG_FOR(origin, kInfo, 0, "[pm_ubus_get_sta_info] tBwstats.ttotalPacketsSent: %llu\n",
-             record->totalPacketsSent);
+  PM_LOG(log, kInfo, 0, "[pm_ubus_get_sta_info] p_ubus_sta_info -> totalBytesReceived: %llu\n",
+         record->totalBytesReceived);
+  PM_LOG(log, kInfo, 0, "[pm_ubus_get_sta_info] tBwstats.ttotalPacketsSent: %llu\n",
+         record->totalPacketsSent);
   return kOk;
 }
 
@@ -260,17 +260,15 @@ void fillConfig(int32_t index, StaInfoRecord *record) {
 }  // namespace
 
 int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record) {
-  PM_LOG(kInfo, "enter pm_ubus_get_sta_info");
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "enter pm_ubus_get_sta_info");
+  if (log.lacks(record)) return kFailure;
   fillText(record->ipAddress, ubus_getIpAddress, index);
   const auto position = static_cast<int32_t>(static_cast<uint32_t>(index) + 1);
   const InstancePath path = InstancePath::numbered("IGD.LD1.Hosts.Adev", position);
-  PM_LOG(kInfo, "szViewName=%s\n", path.text);
-  if (const int32_t status = fillAccess(PM_ORIGIN, path, record); status != kOk) return status;
-  if (const int32_t status = fillTraffic(PM_ORIGIN, path, record); status != kOk) return status;
+  PM_LOG(log, kInfo, 0, "szViewName=%s\n", path.text);
+  if (const int32_t status = fillAccess(log, path, record); status != kOk) return status;
+  if (const int32_t status = fillTraffic(log, path, record); status != kOk) return status;
   fillText(record->hostName, ubus_getHostName, index);
   fillText(record->macAddress, ubus_getMacAddress, index);
   fillText(record->staType, ubus_getStatype, index);

@@ -130,42 +130,41 @@ void reportEntry(EntryBuffer &entry, Action action, UbusWifiTimer &task) {
 }  // namespace
 
 void si_deal_num_conv_weekday(uint32_t weekMask, WeekdayList *out) {
+  const Trail log(kSourceTag);
   out->nCnt = 0;
   for (uint32_t day = 1; day <= kSunday; ++day) {
     const uint32_t bit = day == kSunday ? 0 : day;
     if ((weekMask >> bit & 1) == 0) continue;
     out->Weekday[out->nCnt] = day;
-    PM_LOG(kInfo, "weekday_out->Weekday[%d]=%d\n", out->nCnt, day);
+    PM_LOG(log, kInfo, 0, "weekday_out->Weekday[%d]=%d\n", out->nCnt, day);
     ++out->nCnt;
   }
-  PM_LOG(kInfo, "weekday_out->nCnt=%d\n", out->nCnt);
+  PM_LOG(log, kInfo, 0, "weekday_out->nCnt=%d\n", out->nCnt);
 }
 
 namespace {
 
-int32_t readService(const LogOrigin &origin, const TimerService &service, ControlBuffer &control) {
+int32_t readService(const Trail &log, const TimerService &service, ControlBuffer &control) {
   const int32_t status = call(service.get, control);
   if (status == kOk) return kOk;
-  PM_LOG_FOR(origin, kError, status, "%s error\n", service.getName);
+  PM_LOG(log, kError, status, "%s error\n", service.getName);
   return PM_STATUS_TIMERS_UNREADABLE;
 }
 
 /// Lists at most `capacity` tasks.
-int32_t listTasks(const LogOrigin &origin, UbusWifiTimer *records, int32_t capacity,
-                  int32_t *count) {
+int32_t listTasks(const Trail &log, UbusWifiTimer *records, int32_t capacity, int32_t *count) {
   int32_t written = 0;
   EntryBuffer entry;
   {
     ControlBuffer wakeUps;
-    if (const int32_t status = readService(origin, kWakeUps, wakeUps); status != kOk) return status;
+    if (const int32_t status = readService(log, kWakeUps, wakeUps); status != kOk) return status;
     for (uint32_t i = 0; i < entryCount(wakeUps) && written < capacity; ++i) {
       loadEntry(wakeUps, i, entry);
       reportEntry(entry, kWakeUp, records[written++]);
     }
   }
   ControlBuffer schedules;
-  if (const int32_t status = readService(origin, kSchedules, schedules); status != kOk)
-    return status;
+  if (const int32_t status = readService(log, kSchedules, schedules); status != kOk) return status;
   for (uint32_t i = 0; i + 1 < entryCount(schedules) && written < capacity; i += 2) {
     UbusWifiTimer &task = records[written++];
     loadEntry(schedules, i, entry);
@@ -177,58 +176,57 @@ int32_t listTasks(const LogOrigin &origin, UbusWifiTimer *records, int32_t capac
   return kOk;
 }
 
-void deleteSameTask(const LogOrigin &origin, int32_t taskId) {
-  constexpr LogOrigin kListing{kSourceTag, "pm_ubus_nexumd_wifi_timer_list"};
-  PM_LOG_FOR(kListing, kInfo, 0, "now in %s\n", kListing.function);
+void deleteSameTask(const Trail &log, int32_t taskId) {
+  constexpr Trail kListing(kSourceTag, "pm_ubus_nexumd_wifi_timer_list");
+  PM_LOG(kListing, kInfo, 0, "now in %s\n", kListing.function);
   UbusWifiTimer tasks[kReplaceableTasks] = {};
   int32_t count = 0;
   if (listTasks(kListing, tasks, kReplaceableTasks, &count) != kOk) return;
   for (int32_t i = 0; i < count; ++i) {
     if (tasks[i].taskId != taskId) continue;
     pm_ubus_nexumd_wifi_timer_del(taskId);
-    PM_LOG_FOR(origin, kInfo, 0, "First delete  taskId:%d\n", taskId);
+    PM_LOG(log, kInfo, 0, "First delete  taskId:%d\n", taskId);
   }
 }
 
-int32_t addEntry(const LogOrigin &origin, const TimerService &service, const EntryBuffer &entry) {
+int32_t addEntry(const Trail &log, const TimerService &service, const EntryBuffer &entry) {
   ControlBuffer control;
   const int32_t status = sendEntry(service, entry, kAddEntry, control);
   if (status == kOk) return kOk;
-  PM_LOG_FOR(origin, kError, status, "iRet = %d,Reason:%s\n", status,
-             control.text(control.failureReason));
-  PM_LOG_FOR(origin, kError, status, "pm_ubus_wifi_timer_add fail, iRet =%d\n ", status);
+  PM_LOG(log, kError, status, "iRet = %d,Reason:%s\n", status, control.text(control.failureReason));
+  PM_LOG(log, kError, status, "pm_ubus_wifi_timer_add fail, iRet =%d\n ", status);
   return status;
 }
 
-int32_t addWakeUp(const LogOrigin &origin, const UbusWifiTimer &task) {
+int32_t addWakeUp(const Trail &log, const UbusWifiTimer &task) {
   char time[kTimeSize];
   printTime(task.timeOffset, time);
   EntryBuffer entry;
   fillEntry(entry, task, kStart, time);
-  PM_LOG_FOR(origin, kInfo, 0, "TaskId:%d\n", task.taskId);
-  PM_LOG_FOR(origin, kInfo, 0, "set Enable:%d\n", task.enable);
-  PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
-  return addEntry(origin, kWakeUps, entry);
+  PM_LOG(log, kInfo, 0, "TaskId:%d\n", task.taskId);
+  PM_LOG(log, kInfo, 0, "set Enable:%d\n", task.enable);
+  PM_LOG(log, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
+  return addEntry(log, kWakeUps, entry);
 }
 
-int32_t addSchedule(const LogOrigin &origin, const UbusWifiTimer &task) {
+int32_t addSchedule(const Trail &log, const UbusWifiTimer &task) {
   char time[kTimeSize];
   printTime(task.timeOffset, time);
   EntryBuffer entry;
   fillEntry(entry, task, kStart, time);
   entry.put(entry.index, static_cast<uint32_t>(task.index));
-  PM_LOG_FOR(origin, kInfo, 0, "TaskId:%d\n", task.taskId);
-  PM_LOG_FOR(origin, kInfo, 0, "Enable:%d\n", task.enable);
-  PM_LOG_FOR(origin, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
-  PM_LOG_FOR(origin, kInfo, 0, "index:%d\n", task.index);
-  if (const int32_t status = addEntry(origin, kSchedules, entry); status != kOk) {
+  PM_LOG(log, kInfo, 0, "TaskId:%d\n", task.taskId);
+  PM_LOG(log, kInfo, 0, "Enable:%d\n", task.enable);
+  PM_LOG(log, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
+  PM_LOG(log, kInfo, 0, "index:%d\n", task.index);
+  if (const int32_t status = addEntry(log, kSchedules, entry); status != kOk) {
     return status;
   }
   printTime(task.timeOffset2, time);
   entry.put(entry.time, time);
   entry.put(entry.edge, kEnd);
-  PM_LOG_FOR(origin, kInfo, 0, "timeOffset2:%d = Time:%s \n", task.timeOffset2, time);
-  return addEntry(origin, kSchedules, entry);
+  PM_LOG(log, kInfo, 0, "timeOffset2:%d = Time:%s \n", task.timeOffset2, time);
+  return addEntry(log, kSchedules, entry);
 }
 
 /// What a deletion says of an entry; what else the service keeps in it stays away.
@@ -243,9 +241,9 @@ void copyFields(EntryBuffer &found, bool withIndex, EntryBuffer &entry) {
 }
 
 /// Deletes every entry of the task from one service.
-int32_t deleteEntries(const LogOrigin &origin, const TimerService &service, int32_t taskId) {
+int32_t deleteEntries(const Trail &log, const TimerService &service, int32_t taskId) {
   ControlBuffer held;
-  if (const int32_t status = readService(origin, service, held); status != kOk) return status;
+  if (const int32_t status = readService(log, service, held); status != kOk) return status;
   for (uint32_t i = 0; i < entryCount(held); ++i) {
     EntryBuffer found;
     loadEntry(held, i, found);
@@ -254,7 +252,7 @@ int32_t deleteEntries(const LogOrigin &origin, const TimerService &service, int3
     copyFields(found, service.hasIndex, entry);
     ControlBuffer control;
     if (const int32_t status = sendEntry(service, entry, kDeleteEntry, control); status != kOk) {
-      PM_LOG_FOR(origin, kError, status, "delete taskid error!\n");
+      PM_LOG(log, kError, status, "delete taskid error!\n");
       return kFailure;
     }
   }
@@ -264,34 +262,34 @@ int32_t deleteEntries(const LogOrigin &origin, const TimerService &service, int3
 }  // namespace
 
 int32_t pm_ubus_nexumd_wifi_timer_add(const UbusWifiTimer *record) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (record == nullptr) {
-    PM_FAIL(0, "buff is NULL\n");
+    PM_LOG(log, kError, 0, "buff is NULL\n");
     return PM_STATUS_NO_RECORD;
   }
-  deleteSameTask(PM_ORIGIN, record->taskId);
+  deleteSameTask(log, record->taskId);
   switch (record->Action) {
     case kWakeUp:
-      return addWakeUp(PM_ORIGIN, *record);
+      return addWakeUp(log, *record);
     case kWlanSchedule:
-      return addSchedule(PM_ORIGIN, *record);
+      return addSchedule(log, *record);
     default:
-      PM_FAIL(0, "pm_ubus_wifi_timer_add can't match Action 1 or 2!\n");
+      PM_LOG(log, kError, 0, "pm_ubus_wifi_timer_add can't match Action 1 or 2!\n");
       return kFailure;
   }
 }
 
 int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId) {
-  PM_ENTER();
-  const int32_t status = deleteEntries(PM_ORIGIN, kWakeUps, taskId);
-  return status != kOk ? status : deleteEntries(PM_ORIGIN, kSchedules, taskId);
+  const Trail log = entered(kSourceTag);
+  const int32_t status = deleteEntries(log, kWakeUps, taskId);
+  return status != kOk ? status : deleteEntries(log, kSchedules, taskId);
 }
 
 int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (records == nullptr || count == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
+    PM_LOG(log, kError, 0, "%s para is null", log.function);
     return kFailure;
   }
-  return listTasks(PM_ORIGIN, records, INT_MAX, count);
+  return listTasks(log, records, INT_MAX, count);
 }

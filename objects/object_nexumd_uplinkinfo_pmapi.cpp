@@ -41,14 +41,14 @@ consteval KeyField keyField(TypedField<FieldKind::kText, true, Width> field,
   return {View::kId, View::kSize, field.offset, Width - 4, reportsFailure};
 }
 
-int32_t seekMatch(const LogOrigin &origin, const KeyField &field, const char *key, uint8_t *bytes) {
+int32_t seekMatch(const Trail &log, const KeyField &field, const char *key, uint8_t *bytes) {
   prepareView(bytes, field.viewSize);
   putText(bytes, field.offset, field.usable, key, Mark::kMatch);
   InstanceTable<16> found;
   const int32_t status = vcorDbQryView(field.viewId, bytes, &found.list);
   if (status != kOk && !field.reportsFailure) return kFailure;
   if (status != kOk || found.reported() != 1) {
-    PM_LOG_FOR(origin, kError, status, "No Run Info [%s] [%d]", key, found.reported());
+    PM_LOG(log, kError, status, "No Run Info [%s] [%d]", key, found.reported());
     return status != kOk ? kFailure : PM_STATUS_NOT_ONE_MATCH;
   }
   prepareView(bytes, field.viewSize);
@@ -57,8 +57,8 @@ int32_t seekMatch(const LogOrigin &origin, const KeyField &field, const char *ke
 
 /// Reads the one instance whose key field holds `key`. After a failure the view is zero: neither
 /// the key nor half an answer shows.
-int32_t readMatch(const LogOrigin &origin, const KeyField &field, const char *key, void *view) {
-  const int32_t status = seekMatch(origin, field, key, static_cast<uint8_t *>(view));
+int32_t readMatch(const Trail &log, const KeyField &field, const char *key, void *view) {
+  const int32_t status = seekMatch(log, field, key, static_cast<uint8_t *>(view));
   if (status != kOk) memset(view, 0, field.viewSize);
   return status;
 }
@@ -70,9 +70,9 @@ constexpr KeyField kDssConfigByWan = keyField<DssConfigView>(DssConfigView::wanI
 constexpr KeyField kPrefixByWan = keyField<PrefixConfigView>(PrefixConfigView::wanInstance);
 
 /// A view that cannot be read counts as empty.
-void readNetworking(const LogOrigin &origin, ViewBuffer<NetworkingDeviceView> &networking) {
+void readNetworking(const Trail &log, ViewBuffer<NetworkingDeviceView> &networking) {
   if (const int32_t status = networking.read(kGatewayPath); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:%d\n", status);
+    PM_LOG(log, kError, status, "DBVIEW_NETWORKING_DEV_INFO get failed! iRet:%d\n", status);
     networking.clear();
   }
 }
@@ -80,10 +80,10 @@ void readNetworking(const LogOrigin &origin, ViewBuffer<NetworkingDeviceView> &n
 }  // namespace
 
 int32_t ubus_get_manger_mac(uint8_t mac[6]) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (mac == nullptr) return kFailure;
   ViewBuffer<WanConnectionView> connection;
-  if (const int32_t status = readMatch(PM_ORIGIN, kByService, "INTERNET", connection.bytes);
+  if (const int32_t status = readMatch(log, kByService, "INTERNET", connection.bytes);
       status != kOk) {
     return status;
   }
@@ -92,20 +92,20 @@ int32_t ubus_get_manger_mac(uint8_t mac[6]) {
 }
 
 int32_t ubus_getPPPOEUserPwd(char *user, char *password) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (user == nullptr || password == nullptr) return kFailure;
   ViewBuffer<NetworkingDeviceView> networking;
-  readNetworking(PM_ORIGIN, networking);
+  readNetworking(log, networking);
   ViewBuffer<WanPppConnectionView> ppp;
   const int32_t status = ppp.readAt(networking.text(networking.wanInstance));
-  if (reportedRead(PM_ORIGIN, status) != kOk) return kFailure;
+  if (log.readResult(status) != kOk) return kFailure;
   char delivered[kTextSize];
   copyText(delivered, ppp.text(ppp.userName));
   copyExact(user, delivered, sizeof delivered);
-  PM_LOG(kInfo, "pUser:%s\n", delivered);
+  PM_LOG(log, kInfo, 0, "pUser:%s\n", delivered);
   copyText(delivered, ppp.text(ppp.password));
   copyExact(password, delivered, sizeof delivered);
-  PM_LOG(kInfo, "pPwd:%s\n", delivered);
+  PM_LOG(log, kInfo, 0, "pPwd:%s\n", delivered);
   return kOk;
 }
 
@@ -114,8 +114,7 @@ namespace {
 constexpr uint32_t kManagerReplySize = 2048;
 
 /// A module that does not answer is logged and what the connection before it left is added again.
-BandwidthAnswer askManagerForBandwidth(const LogOrigin &origin,
-                                       const BandwidthRequestBuffer &request,
+BandwidthAnswer askManagerForBandwidth(const Trail &log, const BandwidthRequestBuffer &request,
                                        BandwidthBuffer &counters) {
   alignas(8) uint8_t reply[kManagerReplySize];
   auto length = static_cast<uint16_t>(sizeof reply);
@@ -124,8 +123,7 @@ BandwidthAnswer askManagerForBandwidth(const LogOrigin &origin,
                                     request.bytes, request.kSize, reply, &length);
   memcpy(counters.bytes, reply, counters.kSize);
   if (status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "net_json_get_wan_rate_rt CmSendMsg2MM fail,iRet = %d\n",
-               status);
+    PM_LOG(log, kError, status, "net_json_get_wan_rate_rt CmSendMsg2MM fail,iRet = %d\n", status);
   }
   return {false, kOk};
 }
@@ -133,8 +131,8 @@ BandwidthAnswer askManagerForBandwidth(const LogOrigin &origin,
 }  // namespace
 
 int32_t ubus_get_rate_rt(char *rxText, char *txText) {
-  PM_ENTER();
-  return sumUplinkRates(PM_ORIGIN, askManagerForBandwidth, PM_STATUS_UNREADABLE, rxText, txText);
+  const Trail log = entered(kSourceTag);
+  return sumUplinkRates(log, askManagerForBandwidth, PM_STATUS_UNREADABLE, rxText, txText);
 }
 
 namespace {
@@ -175,11 +173,11 @@ bool readArpEntry(FILE *table, ArpEntry &entry) {
 }  // namespace
 
 int32_t ubus_getGatewayMac(char *mac) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (mac == nullptr) return kFailure;
   FILE *table = openForReading("/proc/net/arp");
   if (table == nullptr) {
-    PM_LOG(kTrace, "/proc/net/arp can not open!");
+    PM_LOG(log, kTrace, 0, "/proc/net/arp can not open!");
     return kFailure;
   }
   if (fseek(table, kArpHeaderLength, SEEK_SET) != 0) {
@@ -191,10 +189,10 @@ int32_t ubus_getGatewayMac(char *mac) {
   for (int32_t i = 0; readArpEntry(table, entry); ++i) {
     if (strstr(entry.device, "nbif") != nullptr) {
       copyExact(mac, entry.mac, kTextSize - 1);
-      PM_LOG(kInfo, "pGatewayMac:%s\n", entry.mac);
+      PM_LOG(log, kInfo, 0, "pGatewayMac:%s\n", entry.mac);
       return kOk;
     }
-    PM_LOG(kInfo,
+    PM_LOG(log, kInfo, 0,
            "i =%d,szIpAddr =%s,dwType =%s, dwStatus =%s,szMacAddr =%s,szMask =%s,"
            "szIntferaceName =%s \n",
            i, entry.ipAddress, entry.hardwareType, entry.flags, entry.mac, entry.mask,
@@ -204,27 +202,27 @@ int32_t ubus_getGatewayMac(char *mac) {
 }
 
 int32_t ubus_get_route_if_into(const char *instance, void *view) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (instance == nullptr || view == nullptr) return kFailure;
-  return readMatch(PM_ORIGIN, kRouteByWan, instance, view);
+  return readMatch(log, kRouteByWan, instance, view);
 }
 
 int32_t ubus_get_dssinto(const char *instance, void *view) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (instance == nullptr || view == nullptr) return kFailure;
-  return readMatch(PM_ORIGIN, kDssInfoByWan, instance, view);
+  return readMatch(log, kDssInfoByWan, instance, view);
 }
 
 int32_t ubus_get_dsscfg(const char *instance, void *view) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (instance == nullptr || view == nullptr) return kFailure;
-  return readMatch(PM_ORIGIN, kDssConfigByWan, instance, view);
+  return readMatch(log, kDssConfigByWan, instance, view);
 }
 
 int32_t ubus_get_prefixcfg(const char *instance, void *view) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (instance == nullptr || view == nullptr) return kFailure;
-  return readMatch(PM_ORIGIN, kPrefixByWan, instance, view);
+  return readMatch(log, kPrefixByWan, instance, view);
 }
 
 namespace {
@@ -233,28 +231,28 @@ constexpr uint32_t kPppoe = 2;
 constexpr int32_t kWithIpv6 = 1;
 constexpr uint32_t kLowHalf = 0xFFFF;
 
-const char *ponName(const LogOrigin &origin) {
+const char *ponName(const Trail &log) {
   uint32_t mask = 0;
   if (const int32_t status = GetUpMode(&mask); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "GetUpMode %d!", status);
+    PM_LOG(log, kError, status, "GetUpMode %d!", status);
     return "";
   }
   if ((mask & UP_MODE_MASK_GPON) != 0) return "GPON";
   return (mask & UP_MODE_MASK_XGPON) != 0 ? "XGPON" : "";
 }
 
-const char *uplinkName(const LogOrigin &origin, uint32_t mode) {
+const char *uplinkName(const Trail &log, uint32_t mode) {
   if (mode == UP_MODE_ETHERNET) return "Ethernet";
-  return mode == UP_MODE_WLAN ? "WLAN" : ponName(origin);
+  return mode == UP_MODE_WLAN ? "WLAN" : ponName(log);
 }
 
-void fillMacs(const LogOrigin &origin, UplinkInfoRecord *record) {
+void fillMacs(const Trail &log, UplinkInfoRecord *record) {
   uint8_t mac[6] = {};
   if (const int32_t status = ubus_get_manger_mac(mac); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "ubus_get_manger_mac fail = %d \n", status);
+    PM_LOG(log, kError, status, "ubus_get_manger_mac fail = %d \n", status);
   }
-  PM_LOG_FOR(origin, kInfo, 0, "ubus_get_manger_mac, %02x:%02x:%02x:%02x:%02x:%02x !\n", mac[0],
-             mac[1], mac[2], mac[3], mac[4], mac[5]);
+  PM_LOG(log, kInfo, 0, "ubus_get_manger_mac, %02x:%02x:%02x:%02x:%02x:%02x !\n", mac[0], mac[1],
+         mac[2], mac[3], mac[4], mac[5]);
   char managerMac[sizeof record->managerMac] = {};
   MacToString(mac, managerMac, sizeof managerMac);
   ToUpperCase(managerMac);
@@ -264,7 +262,7 @@ void fillMacs(const LogOrigin &origin, UplinkInfoRecord *record) {
   ubus_getGatewayMac(gatewayMac);
   del_char(gatewayMac, ':');
   ToUpperCase(gatewayMac);
-  PM_LOG_FOR(origin, kInfo, 0, "GatewayMac=%s\n", gatewayMac);
+  PM_LOG(log, kInfo, 0, "GatewayMac=%s\n", gatewayMac);
   copyText(record->GatewayMac, gatewayMac);
 }
 
@@ -283,32 +281,31 @@ using LinkBuffer = RecordBuffer<LinkStatusRecord>;
 
 /// Asks for the link of the gateway as a client in one band; a link that cannot be asked for is
 /// down.
-void readWlanLink(const LogOrigin &origin, uint32_t band, LinkBuffer &link) {
+void readWlanLink(const Trail &log, uint32_t band, LinkBuffer &link) {
   link.clear();
   ProxyReply<2048> reply;
   const int32_t outcome =
       reply.outcome(reply.send(CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE, &band, sizeof band));
   if (outcome != kOk) {
-    PM_LOG_FOR(origin, kError, outcome,
-               "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE error!\n");
+    PM_LOG(log, kError, outcome,
+           "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE error!\n");
     link.put(link.linkDown, 1);
     return;
   }
   reply.copyPayload(link.bytes, link.kSize);
 }
 
-void fillWlanLink(const LogOrigin &origin, UplinkInfoRecord *record) {
+void fillWlanLink(const Trail &log, UplinkInfoRecord *record) {
   LinkBuffer link;
   uint32_t band = 0;
-  readWlanLink(origin, band, link);
+  readWlanLink(log, band, link);
   if (link.get(link.linkDown) != 0) {
-    PM_LOG_FOR(origin, kInfo, 0, "pm_wlan_get_linkStatus_bystamode 5G  %d\n",
-               link.get(link.linkDown));
+    PM_LOG(log, kInfo, 0, "pm_wlan_get_linkStatus_bystamode 5G  %d\n", link.get(link.linkDown));
     band = 1;
-    readWlanLink(origin, band, link);
+    readWlanLink(log, band, link);
   }
   const bool isDown = link.get(link.linkDown) != 0;
-  PM_LOG_FOR(origin, kInfo, 0, "wlan status %d\n ", link.get(link.linkDown));
+  PM_LOG(log, kInfo, 0, "wlan status %d\n ", link.get(link.linkDown));
   copyText(record->radioBand, isDown ? "" : band == 0 ? "2.4G" : "5G");
   copyText(record->linkName, link.text(link.ssid));
   printDecimal(record->wlanStatus1, link.get(link.wlanStatus1));
@@ -319,13 +316,12 @@ void fillWlanLink(const LogOrigin &origin, UplinkInfoRecord *record) {
   printDecimal(record->linkRate2, link.get(link.linkRate2));
 }
 
-int32_t readPortSpeed(const LogOrigin &origin) {
+int32_t readPortSpeed(const Trail &log) {
   constexpr int32_t kUnknownSpeed = -1;
   ProxyReply<2048> reply;
   const int32_t outcome = reply.outcome(reply.send(CTSGW_EVENT_GET_PORTLINKSTAT_TYPE, nullptr, 0));
   if (outcome != kOk) {
-    PM_LOG_FOR(origin, kError, outcome,
-               "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_PORTLINKSTAT_TYPE error!\n");
+    PM_LOG(log, kError, outcome, "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_PORTLINKSTAT_TYPE error!\n");
     return kUnknownSpeed;
   }
   int32_t speed = 0;
@@ -351,30 +347,30 @@ constexpr uint16_t kCounterOffsets[8] = {
     PortStatisticsRecord::counter460.offset, PortStatisticsRecord::counter208.offset,
     PortStatisticsRecord::counter496.offset, PortStatisticsRecord::counter244.offset};
 
-void reportFailure(const LogOrigin &origin, const char *call, int32_t status) {
+void reportFailure(const Trail &log, const char *call, int32_t status) {
   if (status == kOk) return;
-  PM_LOG_FOR(origin, kError, status, "func %s fail,iRet=%d\n", call, status);
+  PM_LOG(log, kError, status, "func %s fail,iRet=%d\n", call, status);
 }
 
-void fillPortCounters(const LogOrigin &origin, const InstancePath &port, UplinkInfoRecord *record) {
+void fillPortCounters(const Trail &log, const InstancePath &port, UplinkInfoRecord *record) {
   RecordBuffer<PortStatisticsRecord> statistics;
   const int32_t status = pm_eth_get_port_basic_statstics(port.text, &statistics);
   if (status != kOk) statistics.clear();
-  reportFailure(origin, "pm_eth_get_port_basic_statstics", status);
+  reportFailure(log, "pm_eth_get_port_basic_statstics", status);
   for (uint32_t i = 0; i < 8; ++i) {
     record->ethCounters[i] = loadAs<uint64_t>(statistics.bytes, kCounterOffsets[i]);
   }
 }
 
-void fillWiredLink(const LogOrigin &origin, uint32_t port, UplinkInfoRecord *record) {
+void fillWiredLink(const Trail &log, uint32_t port, UplinkInfoRecord *record) {
   InstancePath instance("");
-  reportFailure(origin, "pm_switch_get_inst_id_by_port",
+  reportFailure(log, "pm_switch_get_inst_id_by_port",
                 pm_switch_get_inst_id_by_port(port, instance.text));
   instance.end();
-  const int32_t speed = readPortSpeed(origin);
-  PM_LOG_FOR(origin, kInfo, 0, "speedResult:%d\n", speed);
+  const int32_t speed = readPortSpeed(log);
+  PM_LOG(log, kInfo, 0, "speedResult:%d\n", speed);
   const char *rate = speedText(speed);
-  PM_LOG_FOR(origin, kInfo, 0, "pm_wan_get_port_link_state_type Rate = %s \n", rate);
+  PM_LOG(log, kInfo, 0, "pm_wan_get_port_link_state_type Rate = %s \n", rate);
   record->radioBand[0] = '\0';
   record->linkName[0] = '\0';
   record->wlanStatus1[0] = '\0';
@@ -383,19 +379,19 @@ void fillWiredLink(const LogOrigin &origin, uint32_t port, UplinkInfoRecord *rec
   record->wlanStatus4[0] = '\0';
   copyText(record->linkRate, rate);
   copyText(record->linkRate2, rate);
-  fillPortCounters(origin, instance, record);
+  fillPortCounters(log, instance, record);
 }
 
-void fillCurrentRate(const LogOrigin &origin, UplinkInfoRecord *record) {
+void fillCurrentRate(const Trail &log, UplinkInfoRecord *record) {
   char rxText[kRateTextSize] = {};
   char txText[kRateTextSize] = {};
-  reportFailure(origin, "ubus_get_rate_rt", ubus_get_rate_rt(rxText, txText));
-  PM_LOG_FOR(origin, kInfo, 0, " RxRate_rt  RxRate_rt :%s TxRate_rt: %s", rxText, txText);
+  reportFailure(log, "ubus_get_rate_rt", ubus_get_rate_rt(rxText, txText));
+  PM_LOG(log, kInfo, 0, " RxRate_rt  RxRate_rt :%s TxRate_rt: %s", rxText, txText);
   copyText(record->RxRate_rt, rxText);
   copyText(record->TxRate_rt, txText);
 }
 
-int32_t fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int32_t mode,
+int32_t fillRateBlock(const Trail &log, const si_net_sample_dev &key, int32_t mode,
                       const char *type, UplinkRateBlock &block) {
   copyText(block.statType, type);
   si_net_sample_statics statistics = {};
@@ -406,9 +402,9 @@ int32_t fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int
     block.MaxTxRate[0] = '\0';
     return status;
   }
-  PM_LOG_FOR(origin, kInfo, 0, "si_net_sample_list_statics succeed \n");
-  PM_LOG_FOR(origin, kInfo, 0, "AverRxRate is %d  : %d :%d :%d\n", statistics.rx_aver,
-             statistics.tx_aver, statistics.rx_max, statistics.tx_max);
+  PM_LOG(log, kInfo, 0, "si_net_sample_list_statics succeed \n");
+  PM_LOG(log, kInfo, 0, "AverRxRate is %d  : %d :%d :%d\n", statistics.rx_aver, statistics.tx_aver,
+         statistics.rx_max, statistics.tx_max);
   printDecimal(block.AverRxRate, statistics.rx_aver);
   printDecimal(block.AverTxRate, statistics.tx_aver);
   printDecimal(block.MaxRxRate, statistics.rx_max);
@@ -416,56 +412,50 @@ int32_t fillRateBlock(const LogOrigin &origin, const si_net_sample_dev &key, int
   return kOk;
 }
 
-void fillRateStatistics(const LogOrigin &origin, UplinkInfoRecord *record) {
+void fillRateStatistics(const Trail &log, UplinkInfoRecord *record) {
   record->rateStatsValid = 1;
   si_net_sample_dev key = {};
   copyText(key.name, "uplink");
-  if (const int32_t status = fillRateBlock(origin, key, kUplinkIpv4, "IFA", record->ipv4Rates);
+  if (const int32_t status = fillRateBlock(log, key, kUplinkIpv4, "IFA", record->ipv4Rates);
       status != kOk) {
-    PM_LOG_FOR(origin, kInfo, status, "si_net_sample_list_statics ifa failed [name %s] \n",
-               key.name);
+    PM_LOG(log, kInfo, status, "si_net_sample_list_statics ifa failed [name %s] \n", key.name);
   }
-  if (const int32_t status = fillRateBlock(origin, key, kUplinkIpv6, "IF6", record->ipv6Rates);
+  if (const int32_t status = fillRateBlock(log, key, kUplinkIpv6, "IF6", record->ipv6Rates);
       status != kOk) {
-    PM_LOG_FOR(origin, kInfo, status, "si_net_sample_list_statics if6 failed [name %s]\n",
-               key.name);
+    PM_LOG(log, kInfo, status, "si_net_sample_list_statics if6 failed [name %s]\n", key.name);
   }
 }
 
 }  // namespace
 
 int32_t pm_ubus_get_uplinkinfo(UplinkInfoRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return kFailure;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kFailure;
   UpModeInfo uplink{};
   if (const int32_t status = pm_upmode_info_get(&uplink); status != kOk) {
-    PM_FAIL(status, "[%s] pm_upmode_info_get error, iret = %d\n", __func__, status);
+    PM_LOG(log, kError, status, "[%s] pm_upmode_info_get error, iret = %d\n", log.function, status);
     return status;
   }
-  const LogOrigin origin = PM_ORIGIN;
   const uint32_t mode = uplink.mode & kLowHalf;
-  copyText(record->uplinkType, uplinkName(origin, mode));
-  fillMacs(origin, record);
+  copyText(record->uplinkType, uplinkName(log, mode));
+  fillMacs(log, record);
 
   ViewBuffer<NetworkingDeviceView> networking;
-  readNetworking(origin, networking);
+  readNetworking(log, networking);
   fillAccess(networking, record);
 
-  PM_LOG(kInfo, "up_mode=%d\n", mode);
+  PM_LOG(log, kInfo, 0, "up_mode=%d\n", mode);
   if (mode == UP_MODE_WLAN) {
-    fillWlanLink(origin, record);
+    fillWlanLink(log, record);
   } else {
-    fillWiredLink(origin, uplink.port & kLowHalf, record);
+    fillWiredLink(log, uplink.port & kLowHalf, record);
   }
-  fillCurrentRate(origin, record);
+  fillCurrentRate(log, record);
   if (record->netIpMode == kWithIpv6) {
-    fillIpv6(origin, InstancePath(networking.text(networking.wanInstance)), record);
+    fillIpv6(log, InstancePath(networking.text(networking.wanInstance)), record);
   } else {
     clearIpv6(record);
   }
-  fillRateStatistics(origin, record);
+  fillRateStatistics(log, record);
   return kOk;
 }

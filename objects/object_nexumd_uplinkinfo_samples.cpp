@@ -74,17 +74,17 @@ void *allocateNode(uint32_t size) {
   return node;
 }
 
-si_net_sample_dev *addRing(const LogOrigin &origin, ListLink *head, const char *key) {
-  PM_LOG_FOR(origin, kInfo, 0, "no this mac in si_net_device_list_add  )!\n");
+si_net_sample_dev *addRing(const Trail &log, ListLink *head, const char *key) {
+  PM_LOG(log, kInfo, 0, "no this mac in si_net_device_list_add  )!\n");
   auto *ring = static_cast<si_net_sample_dev *>(allocateNode(kDeviceNodeSize));
   if (ring == nullptr) {
-    PM_LOG_FOR(origin, kError, 0, "[si_net_device_list_add ] GetUB error");
+    PM_LOG(log, kError, 0, "[si_net_device_list_add ] GetUB error");
     return nullptr;
   }
   listInit(&ring->samples);
   copyText(ring->name, key);
   listAppend(head, &ring->link);
-  PM_LOG_FOR(origin, kInfo, 0, "si_net_device_list_add  end \n");
+  PM_LOG(log, kInfo, 0, "si_net_device_list_add  end \n");
   return ring;
 }
 
@@ -98,14 +98,14 @@ int32_t ringCapacity() {
 
 /// Takes the oldest sample out of a full ring, one at most: a ring that has become too long keeps
 /// its length.
-void evictOldest(const LogOrigin &origin, si_net_sample_dev *ring) {
+void evictOldest(const Trail &log, si_net_sample_dev *ring) {
   const int32_t capacity = ringCapacity();
   int32_t visited = 0;
   for (ListLink *link = ring->samples.next; link != &ring->samples; link = link->next) {
-    PM_LOG_FOR(origin, kInfo, 0, "[ list for each  %d \n", ++visited);
+    PM_LOG(log, kInfo, 0, "[ list for each  %d \n", ++visited);
     if (visited > 1 || capacity > ring->count) continue;
     si_net_sample_list_del(reinterpret_cast<si_net_sample *>(link));
-    PM_LOG_FOR(origin, kInfo, 0, "[si_sample arrived max_num \n");
+    PM_LOG(log, kInfo, 0, "[si_sample arrived max_num \n");
     --ring->count;
     return;
   }
@@ -114,32 +114,33 @@ void evictOldest(const LogOrigin &origin, si_net_sample_dev *ring) {
 }  // namespace
 
 int32_t si_sample_list_add(const si_net_sample *sample, const char *key, int32_t mode) {
-  PM_LOG(kInfo, "[si_sample_list_add] start \n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "[si_sample_list_add] start \n");
   if (sample == nullptr) return kFailure;
   ListLink *head = listOf(mode);
   if (head == nullptr) {
-    PM_FAIL(0, "[si_net_sample_list_statics] not support this mode  [%d] \n", mode);
+    PM_LOG(log, kError, 0, "[si_net_sample_list_statics] not support this mode  [%d] \n", mode);
     return kFailure;
   }
   si_net_sample_dev *ring = findRing(head, key);
   if (ring != nullptr) {
-    PM_LOG(kInfo, "[si_portal_mac_sid_list_find] success \n");
+    PM_LOG(log, kInfo, 0, "[si_portal_mac_sid_list_find] success \n");
   } else {
-    ring = addRing(PM_ORIGIN, head, key);
+    ring = addRing(log, head, key);
     if (ring == nullptr) return kOk;
   }
-  evictOldest(PM_ORIGIN, ring);
+  evictOldest(log, ring);
 
   auto *added = static_cast<si_net_sample *>(allocateNode(kSampleNodeSize));
   if (added == nullptr) {
-    PM_FAIL(0, "[si_sample_list_add] GetUB error");
+    PM_LOG(log, kError, 0, "[si_sample_list_add] GetUB error");
     return kFailure;
   }
   added->tx = sample->tx;
   added->rx = sample->rx;
   ++ring->count;
   listAppend(&ring->samples, &added->link);
-  PM_LOG(kInfo, "[si_sample_list_add] end \n");
+  PM_LOG(log, kInfo, 0, "[si_sample_list_add] end \n");
   return kOk;
 }
 
@@ -178,21 +179,22 @@ int32_t reduce(const si_net_sample_dev *ring, si_net_sample_statics &reduced) {
 
 int32_t si_net_sample_list_statics(const si_net_sample_dev *key, si_net_sample_statics *result,
                                    int32_t mode) {
-  PM_LOG(kInfo, "[si_net_sample_list_statics] start  [mode is %d] \n", mode);
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "[si_net_sample_list_statics] start  [mode is %d] \n", mode);
   if (key == nullptr || result == nullptr) return kFailure;
   ListLink *head = listOf(mode);
   if (head == nullptr) {
-    PM_FAIL(0, "[si_net_sample_list_statics] not support this mode  [%d] \n", mode);
+    PM_LOG(log, kError, 0, "[si_net_sample_list_statics] not support this mode  [%d] \n", mode);
     return kFailure;
   }
   const si_net_sample_dev *ring = findRing(head, key->name);
   if (ring == nullptr) return kFailure;
-  PM_LOG(kInfo, "[si_sample_statics] success start \n");
+  PM_LOG(log, kInfo, 0, "[si_sample_statics] success start \n");
   si_net_sample_statics reduced = {};
   const int32_t count = reduce(ring, reduced);
   if (count == 0) return kFailure;
   *result = reduced;
-  PM_LOG(kInfo,
+  PM_LOG(log, kInfo, 0,
          "[si_sample_statics] success end [mode:%d count:%d]   "
          "[rx_max rx_max rx_aver tx_aver] is [%d : %d :%d :%d]\n",
          mode, count, result->rx_max, result->tx_max, result->rx_aver, result->tx_aver);
@@ -202,10 +204,10 @@ int32_t si_net_sample_list_statics(const si_net_sample_dev *key, si_net_sample_s
 namespace {
 
 /// Takes the intervals over from the platform. Those of IPv6 are fixed.
-int32_t refreshIntervals(const LogOrigin &origin) {
+int32_t refreshIntervals(const Trail &log) {
   ViewBuffer<SampleConfigView> config;
   if (const int32_t status = config.read(kGatewayPath); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "{si_sample } get err: %i", status);
+    PM_LOG(log, kError, status, "{si_sample } get err: %i", status);
     return status;
   }
   g_ifa_ReportInterval = config.getSigned(config.reportInterval);
@@ -215,13 +217,13 @@ int32_t refreshIntervals(const LogOrigin &origin) {
   return kOk;
 }
 
-BandwidthAnswer askProxyForBandwidth(const LogOrigin &origin, const BandwidthRequestBuffer &request,
+BandwidthAnswer askProxyForBandwidth(const Trail &log, const BandwidthRequestBuffer &request,
                                      BandwidthBuffer &counters) {
   ProxyReply<2048> reply;
   const int32_t status = reply.send(CTSGW_EVENT_GET_BANDWIDTH, request.bytes, request.kSize);
   if (!reply.succeeded(status)) {
-    PM_LOG_FOR(origin, kError, reply.outcome(status),
-               "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_BANDWIDTH error!\n");
+    PM_LOG(log, kError, reply.outcome(status),
+           "ctSgw_ssend_to_proxy CTSGW_EVENT_GET_BANDWIDTH error!\n");
     return {true, status};
   }
   counters.clear();
@@ -230,91 +232,93 @@ BandwidthAnswer askProxyForBandwidth(const LogOrigin &origin, const BandwidthReq
 }
 
 int32_t net_json_get_rate_rt(char *rxText, char *txText) {
-  return sumUplinkRates(PM_ORIGIN, askProxyForBandwidth, PM_STATUS_LIST_UNREADABLE, rxText, txText);
+  return sumUplinkRates(Trail(kSourceTag), askProxyForBandwidth, PM_STATUS_LIST_UNREADABLE, rxText,
+                        txText);
 }
 
 }  // namespace
 
 int32_t if_uplink_statics(int32_t mode) {
-  if (refreshIntervals(PM_ORIGIN) != kOk) return kFailure;
+  const Trail log(kSourceTag);
+  if (refreshIntervals(log) != kOk) return kFailure;
   char rxText[kRateTextSize] = {};
   char txText[kRateTextSize] = {};
   net_json_get_rate_rt(rxText, txText);
-  PM_LOG(kInfo, "start create list\n");
+  PM_LOG(log, kInfo, 0, "start create list\n");
   si_net_sample sample = {};
   // Both fields carry the receive rate, kept as it was.
   sample.rx = sample.tx = numberIn(rxText);
   const char *key = "uplink";
-  PM_LOG(kInfo, " enter  si_sample_list_add dev_name is %s  rx tx [ %d : %d] \n", key, sample.rx,
-         sample.tx);
+  PM_LOG(log, kInfo, 0, " enter  si_sample_list_add dev_name is %s  rx tx [ %d : %d] \n", key,
+         sample.rx, sample.tx);
   if (mode == kSampleIpv4) {
     si_sample_list_add(&sample, key, kUplinkIpv4);
   } else if (mode == kSampleIpv6) {
     si_sample_list_add(&sample, key, kUplinkIpv6);
   } else {
-    PM_FAIL(0, "not support this mode \n");
+    PM_LOG(log, kError, 0, "not support this mode \n");
   }
-  PM_LOG(kInfo, "end if_uplink_stats\n");
+  PM_LOG(log, kInfo, 0, "end if_uplink_stats\n");
   return kOk;
 }
 
 namespace {
 
 /// The counters of a station on the wire, from the hardware if it counts this one.
-void readWiredStatistics(const LogOrigin &origin, const char *interfaceName, const uint8_t *mac,
+void readWiredStatistics(const Trail &log, const char *interfaceName, const uint8_t *mac,
                          StationStatisticsBuffer &statistics) {
   LanInfoBuffer lan;
   if (!findLanInterface(interfaceName, lan)) return;
-  PM_LOG_FOR(origin, kInfo, 0, "Enter ctSgw_ssend_to_proxy CTSGW_EVENT_GET_HARD_STATS!\n");
-  if (!queryStationStatistics(origin, CTSGW_EVENT_GET_HARD_STATS, mac, statistics)) return;
+  PM_LOG(log, kInfo, 0, "Enter ctSgw_ssend_to_proxy CTSGW_EVENT_GET_HARD_STATS!\n");
+  if (!queryStationStatistics(log, CTSGW_EVENT_GET_HARD_STATS, mac, statistics)) return;
   if (statistics.get(statistics.notEnoughRegister) == 0) return;
-  PM_LOG_FOR(origin, kInfo, 0, "pm_bw_get_hard_stats not enough register, use olt func\n");
+  PM_LOG(log, kInfo, 0, "pm_bw_get_hard_stats not enough register, use olt func\n");
   statistics.clear();
-  queryStationStatistics(origin, CTSGW_EVENT_GET_BW_STATS, mac, statistics);
+  queryStationStatistics(log, CTSGW_EVENT_GET_BW_STATS, mac, statistics);
 }
 
 /// One device of the walk; a device that does not count leaves the statistics empty.
-void sampleDevice(const LogOrigin &origin, const InstancePath &path,
-                  StationStatisticsBuffer &statistics) {
+void sampleDevice(const Trail &log, const InstancePath &path, StationStatisticsBuffer &statistics) {
   DeviceBuffer device;
   ProxyReply<20480> reply;
-  queryDevice(origin, path, reply, device);
+  queryDevice(log, path, reply, device);
   if (check_dev_valid(device.bytes) == 0) return;
   const InterfaceName interface(device.bytes);
   const uint8_t *mac = device.get(device.mac);
   if (startsWith(interface.text, "wlan")) {
-    queryStationStatistics(origin, CTSGW_EVENT_GET_BW_STATS, mac, statistics);
+    queryStationStatistics(log, CTSGW_EVENT_GET_BW_STATS, mac, statistics);
   } else if (startsWith(interface.text, "eth")) {
-    readWiredStatistics(origin, interface.text, mac, statistics);
+    readWiredStatistics(log, interface.text, mac, statistics);
   }
 }
 
 }  // namespace
 
 int32_t if_sta_statics(int32_t mode) {
-  if (refreshIntervals(PM_ORIGIN) != kOk) return kOk;
-  PM_LOG(kInfo, "get_sample_data  \r\n");
+  const Trail log(kSourceTag);
+  if (refreshIntervals(log) != kOk) return kOk;
+  PM_LOG(log, kInfo, 0, "get_sample_data  \r\n");
   DeviceTable devices;
   if (plib_adev_list_view(&devices.list) != kOk) return PM_STATUS_LIST_UNREADABLE;
 
   StationStatisticsBuffer statistics;
   for (uint32_t i = 0; i < devices.count(); ++i) {
     statistics.clear();
-    sampleDevice(PM_ORIGIN, devices.at(i), statistics);
+    sampleDevice(log, devices.at(i), statistics);
   }
-  PM_LOG(kInfo, "start create list\n");
+  PM_LOG(log, kInfo, 0, "start create list\n");
   si_net_sample sample = {};
   sample.tx = statistics.getSigned(statistics.txRate);
   sample.rx = statistics.getSigned(statistics.rxRate);
   // No pass fills the key: each sample gets a ring of its own under the empty one.
   const char key[16] = {};
-  PM_LOG(kInfo, " enter  si_sample_list_add dev_mac is %s  [tx:%d rx:%d ]\n", key, sample.tx,
-         sample.rx);
+  PM_LOG(log, kInfo, 0, " enter  si_sample_list_add dev_mac is %s  [tx:%d rx:%d ]\n", key,
+         sample.tx, sample.rx);
   if (mode == kSampleIpv4 || mode == kSampleIpv6) {
     si_sample_list_add(&sample, key, mode);
   } else {
-    PM_FAIL(0, "not support this mode \n");
+    PM_LOG(log, kError, 0, "not support this mode \n");
   }
-  PM_LOG(kInfo, "end if_stats\n");
+  PM_LOG(log, kInfo, 0, "end if_stats\n");
   return kOk;
 }

@@ -42,37 +42,31 @@ bool writeToRadios(const char *radio, CsiBuffer &csi, int32_t &status) {
 }  // namespace
 
 int32_t pm_ubus_set_csi_enable(const CsiEnableSetRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_set_csi_enable para is null");
-    return kNullRecord;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kNullRecord;
   CsiBuffer csi;
   csi.set(csi.csiEnable, static_cast<uint32_t>(record->enable));
   int32_t status = kOk;
   if (!writeToRadios(record->radio, csi, status)) {
-    PM_FAIL(0, "radio illegal!");
+    PM_LOG(log, kError, 0, "radio illegal!");
     return kFailure;
   }
   if (status != kOk) {
-    PM_FAIL(status, "pm_wlan_set_csi_info  fail=%d\n", status);
+    PM_LOG(log, kError, status, "pm_wlan_set_csi_info  fail=%d\n", status);
     return kFailure;
   }
   return kOk;
 }
 
 int32_t pm_ubus_get_csi_enable(CsiEnableRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_get_csi_enable para is null");
-    return kNullRecord;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kNullRecord;
   CsiBuffer csi24G;
   CsiBuffer csi5G;
   int32_t status = pm_wlan_get_csi_info(kCsi24G.text, &csi24G);
   if (status == kOk) status = pm_wlan_get_csi_info(kCsi5G.text, &csi5G);
   if (status != kOk) {
-    PM_FAIL(status, "[%s] pm_ubus_get_csi_enable fail(%d)\r\n", __func__, status);
+    PM_LOG(log, kError, status, "[%s] pm_ubus_get_csi_enable fail(%d)\r\n", log.function, status);
     return kFailure;
   }
   copyText(record->radio1, csi24G.text(csi24G.radioName));
@@ -83,13 +77,10 @@ int32_t pm_ubus_get_csi_enable(CsiEnableRecord *record) {
 }
 
 int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_set_csi_mac para is null");
-    return kNullRecord;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kNullRecord;
   if (record->operation != kAddStation && record->operation != kDeleteStation) {
-    PM_FAIL(0, "pm_ubus_set_csi_mac  fail=%d\n", 0);
+    PM_LOG(log, kError, 0, "pm_ubus_set_csi_mac  fail=%d\n", 0);
     return kFailure;
   }
   const size_t length = strnlen(record->macList, kListRoom);
@@ -108,12 +99,12 @@ int32_t pm_ubus_set_csi_mac(const CsiMacRecord *record) {
 }
 
 int32_t pm_ubus_get_csi_mac(CsiMacRecord *record) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (record == nullptr) return kFailure;
   InstanceTable<PLATFORM_CSI_STATIONS_MAX> stations;
   CsiMacList list{PLATFORM_INSTANCE_SIZE, 0, stations.list.instances};
   if (const int32_t status = pm_wlan_list_csi_mac(kGatewayPath.text, &list); status != kOk) {
-    PM_FAIL(status, "pm_wlan_list_csi_mac fail=%d\n", status);
+    PM_LOG(log, kError, status, "pm_wlan_list_csi_mac fail=%d\n", status);
     return status;
   }
   stations.list.dwCount = list.dwCount;
@@ -121,7 +112,7 @@ int32_t pm_ubus_get_csi_mac(CsiMacRecord *record) {
     StationBuffer station;
     if (const int32_t status = pm_wlan_get_csi_mac_par(stations.at(i).text, &station);
         status != kOk) {
-      PM_FAIL(status, "pm_wlan_get_csi_mac_par(%d) fail=%d\n", i, status);
+      PM_LOG(log, kError, status, "pm_wlan_get_csi_mac_par(%d) fail=%d\n", i, status);
       return kOk;
     }
     char *mac = record->macList + i * kMacStep;
@@ -132,29 +123,26 @@ int32_t pm_ubus_get_csi_mac(CsiMacRecord *record) {
 }
 
 int32_t pm_ubus_set_csi_config(const CsiConfigRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_set_csi_config para is null");
-    return kNullRecord;
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return kNullRecord;
   CsiBuffer csi;
   csi.set(csi.csiParam1, static_cast<uint32_t>(record->csiParam1));
   csi.set(csi.csiParam2, static_cast<uint32_t>(record->csiParam2));
   int32_t status = pm_wlan_set_csi_info(kCsi24G.text, &csi);
   if (status == kOk) status = pm_wlan_set_csi_info(kCsi5G.text, &csi);
   if (status != kOk) {
-    PM_FAIL(status, "pm_ubus_set_csi_config  fail=%d\n", status);
+    PM_LOG(log, kError, status, "pm_ubus_set_csi_config  fail=%d\n", status);
     return kFailure;
   }
   return kOk;
 }
 
 int32_t pm_ubus_get_csi_config(CsiConfigRecord *record) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (record == nullptr) return kFailure;
   CsiBuffer csi;
   if (const int32_t status = pm_wlan_get_csi_info(kCsi24G.text, &csi); status != kOk) {
-    PM_FAIL(status, "[%s] pm_ubus_get_csi_config fail(%d)\r\n", __func__, status);
+    PM_LOG(log, kError, status, "[%s] pm_ubus_get_csi_config fail(%d)\r\n", log.function, status);
     return kFailure;
   }
   record->csiParam1 = csi.getSigned(csi.csiParam1);

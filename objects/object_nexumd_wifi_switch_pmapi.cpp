@@ -11,16 +11,13 @@ using namespace pm;
 static constexpr char kSourceTag[] = "object_nexumd_wifi_switch_pmapi.c";
 
 uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_wifi_switch_set para is null");
-    return static_cast<uint32_t>(kNullRecord);
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return static_cast<uint32_t>(kNullRecord);
   const BoundedRequest<WifiSwitchRecord> bounded(*record);
   const char *radio = bounded.request.radio;
   const auto band = wlan::bandNamed(radio);
   if (!band) {
-    PM_FAIL(0, "ubuswifiparameter->radio error %s \r\n", radio);
+    PM_LOG(log, kError, 0, "ubuswifiparameter->radio error %s \r\n", radio);
     return static_cast<uint32_t>(PM_STATUS_UNKNOWN_RADIO);
   }
   const InstancePath instance = wlan::radioInstance(*band);
@@ -29,6 +26,6 @@ uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record) {
   config.set(config.radioEnable, static_cast<uint32_t>(record->enable));
   const int32_t status = pm_wlan_set_config(instance.text, &config);
   if (appliedOrUnchanged(status)) return 0;
-  PM_FAIL(status, "pm_wlan_get_config=%s fail=%d\n", instance.text, status);
+  PM_LOG(log, kError, status, "pm_wlan_get_config=%s fail=%d\n", instance.text, status);
   return static_cast<uint32_t>(status);
 }

@@ -10,9 +10,9 @@ using namespace pm;
 static constexpr char kSourceTag[] = "object_nexumd_wifi_wps_pmapi.c";
 
 uint32_t pm_ubus_wifi_wps_set(const char *radio) {
-  PM_ENTER();
+  const Trail log = entered(kSourceTag);
   if (radio == nullptr) {
-    PM_FAIL(0, "pm_ubus_wifiParameter_set para is null");
+    PM_LOG(log, kError, 0, "pm_ubus_wifiParameter_set para is null");
     return static_cast<uint32_t>(kNullRecord);
   }
   InstancePath first("");
@@ -22,23 +22,23 @@ uint32_t pm_ubus_wifi_wps_set(const char *radio) {
   } else if (abbreviates(radio, "all")) {
     first = wlan::wpsInstance(wlan::kBand24G);
     second = wlan::wpsInstance(wlan::kBand5G);
-    PM_LOG(kInfo, "szInstIdentity %s \r\n", first.text);
-    PM_LOG(kInfo, "szTmpIdentity %s \r\n", second.text);
+    PM_LOG(log, kInfo, 0, "szInstIdentity %s \r\n", first.text);
+    PM_LOG(log, kInfo, 0, "szTmpIdentity %s \r\n", second.text);
   } else {
     // The platform decides what an instance without a name means.
-    PM_FAIL(0, "ubus_wifi_wps_set->radio error %s \r\n", radio);
+    PM_LOG(log, kError, 0, "ubus_wifi_wps_set->radio error %s \r\n", radio);
   }
 
   RecordBuffer<WlanWpsRecord> wps;
   wps.set(wps.start, 1);
   int32_t status = pm_wlan_set_wps(first.text, &wps);
   if (!appliedOrUnchanged(status)) {
-    PM_FAIL(status, "t_wlan_wps=%s fail=%d\n", first.text, status);
+    PM_LOG(log, kError, status, "t_wlan_wps=%s fail=%d\n", first.text, status);
     return static_cast<uint32_t>(status);
   }
   if (second.text[0] == '\0') return 0;
   status = pm_wlan_set_wps(second.text, &wps);
   if (appliedOrUnchanged(status)) return 0;
-  PM_FAIL(status, "pm_wlan_set_wps error=%d\n", status);
+  PM_LOG(log, kError, status, "pm_wlan_set_wps error=%d\n", status);
   return static_cast<uint32_t>(status);
 }

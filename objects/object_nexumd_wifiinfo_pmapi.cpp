@@ -16,7 +16,7 @@ constexpr uint32_t kKeyNameLimit = 30;
 using WlanConfig = RecordBuffer<WlanConfigRecord>;
 
 using NumberGetter = int32_t (*)(int32_t radioIndex, uint32_t *out);
-using WordReader = int32_t (*)(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
+using WordReader = int32_t (*)(const Trail &log, int32_t radioIndex, uint32_t offset,
                                uint32_t *value);
 
 /// SSIDs are numbered from 1, the daemon's indices from 0.
@@ -24,82 +24,80 @@ InstancePath ssidAt(int32_t radioIndex) {
   return wlan::ssidInstance(static_cast<int32_t>(static_cast<uint32_t>(radioIndex) + 1));
 }
 
-int32_t readConfig(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config) {
-  return reportedRead(origin, pm_wlan_get_config(ssid.text, &config));
+int32_t readConfig(const Trail &log, const InstancePath &ssid, WlanConfig &config) {
+  return log.readResult(pm_wlan_get_config(ssid.text, &config));
 }
 
-int32_t readConfigWord(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
-                       uint32_t *value) {
+int32_t readConfigWord(const Trail &log, int32_t radioIndex, uint32_t offset, uint32_t *value) {
   WlanConfig config;
-  const int32_t status = readConfig(origin, ssidAt(radioIndex), config);
+  const int32_t status = readConfig(log, ssidAt(radioIndex), config);
   *value = loadAs<uint32_t>(config.bytes, offset);
   return status;
 }
 
-int32_t readDriverWord(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
-                       uint32_t *value) {
+int32_t readDriverWord(const Trail &log, int32_t radioIndex, uint32_t offset, uint32_t *value) {
   // The driver's call takes a longer instance name than the others.
   char instance[64] = {};
   copyText(instance, ssidAt(radioIndex).text);
   RecordBuffer<WlanDriverRecord> driver;
-  const int32_t status = reportedRead(origin, pm_wlan_get_config_driver(instance, &driver));
+  const int32_t status = log.readResult(pm_wlan_get_config_driver(instance, &driver));
   *value = loadAs<uint32_t>(driver.bytes, offset);
   return status;
 }
 
-int32_t getNumber(const LogOrigin &origin, int32_t radioIndex, WordReader read, uint32_t offset,
+int32_t getNumber(const Trail &log, int32_t radioIndex, WordReader read, uint32_t offset,
                   uint32_t *out) {
   if (out == nullptr) return kFailure;
   uint32_t value;
-  if (read(origin, radioIndex, offset, &value) != kOk) return kFailure;
+  if (read(log, radioIndex, offset, &value) != kOk) return kFailure;
   *out = value;
   return kOk;
 }
 
-int32_t getDecimal(const LogOrigin &origin, int32_t radioIndex, WordReader read, uint32_t offset,
+int32_t getDecimal(const Trail &log, int32_t radioIndex, WordReader read, uint32_t offset,
                    char *out) {
   if (out == nullptr) return kFailure;
   uint32_t value;
-  if (read(origin, radioIndex, offset, &value) != kOk) return kFailure;
+  if (read(log, radioIndex, offset, &value) != kOk) return kFailure;
   char text[kDecimalSize];
   printDecimal(text, value);
   copyExact(out, text, kDecimalSize);
   return kOk;
 }
 
-int32_t getFlag(const LogOrigin &origin, int32_t radioIndex, uint32_t offset, uint32_t *out) {
-  const int32_t status = getNumber(origin, radioIndex, readConfigWord, offset, out);
+int32_t getFlag(const Trail &log, int32_t radioIndex, uint32_t offset, uint32_t *out) {
+  const int32_t status = getNumber(log, radioIndex, readConfigWord, offset, out);
   if (status == kOk) *out = *out == 1 ? 1 : 0;
   return status;
 }
 
-int32_t getNamed(const LogOrigin &origin, int32_t radioIndex, uint32_t offset,
+int32_t getNamed(const Trail &log, int32_t radioIndex, uint32_t offset,
                  const char *(*textOf)(uint32_t), char *out) {
   if (out == nullptr) return kFailure;
   uint32_t code;
-  if (readConfigWord(origin, radioIndex, offset, &code) != kOk) return kFailure;
+  if (readConfigWord(log, radioIndex, offset, &code) != kOk) return kFailure;
   if (const char *text = textOf(code); text != nullptr) copyExact(out, text, kGetterTextSize - 1);
   return kOk;
 }
 
-int32_t getWepKey(const LogOrigin &origin, const InstancePath &ssid, uint32_t keyIndex, char *out) {
+int32_t getWepKey(const Trail &log, const InstancePath &ssid, uint32_t keyIndex, char *out) {
   const InstancePath instance = wlan::keyInstance(ssid.text, ".WEP", keyIndex, kKeyNameLimit);
   RecordBuffer<WlanWepRecord> wep;
   const int32_t status = pm_wlan_get_wep(instance.text, &wep);
   if (!appliedOrUnchanged(status)) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
+    PM_LOG(log, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
     return PM_STATUS_WEP_KEY_UNREADABLE;
   }
   copyExact(out, wep.text(wep.key), kGetterTextSize - 1);
   return kOk;
 }
 
-int32_t getPassphrase(const LogOrigin &origin, const InstancePath &ssid, char *out) {
+int32_t getPassphrase(const Trail &log, const InstancePath &ssid, char *out) {
   const InstancePath instance = wlan::keyInstance(ssid.text, ".PSK", 1, kKeyNameLimit);
   RecordBuffer<WlanPskRecord> psk;
   const int32_t status = pm_wlan_get_psk(instance.text, &psk);
   if (!appliedOrUnchanged(status)) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
+    PM_LOG(log, kError, status, "pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
     return PM_STATUS_PASSPHRASE_UNREADABLE;
   }
   copyExact(out, psk.text(psk.passphrase), kGetterTextSize - 1);
@@ -115,11 +113,11 @@ void fill(int32_t &field, NumberGetter get, int32_t radioIndex) {
 }  // namespace
 
 int32_t ubus_get_radios_Enable(int32_t radioIndex, uint32_t *out) {
-  return getFlag(PM_ORIGIN, radioIndex, WlanConfigRecord::radioEnable.offset, out);
+  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::radioEnable.offset, out);
 }
 
 int32_t ubus_get_radios_SSIDEnable(int32_t radioIndex, uint32_t *out) {
-  return getFlag(PM_ORIGIN, radioIndex, WlanConfigRecord::ssidEnable.offset, out);
+  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::ssidEnable.offset, out);
 }
 
 int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
@@ -128,32 +126,35 @@ int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
   const InstancePath instance =
       wlan::txPowerInstance(radioIndex == 0 ? wlan::kBand24G : wlan::kBand5G);
   RecordBuffer<WlanTxPowerRecord> power;
-  if (reportedRead(PM_ORIGIN, pm_wlan_get_txpower(instance.text, &power)) != kOk) return kFailure;
+  if (Trail(kSourceTag).readResult(pm_wlan_get_txpower(instance.text, &power)) != kOk)
+    return kFailure;
   copyExact(out, power.text(power.txPower), kGetterTextSize - 1);
   return kOk;
 }
 
 int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char *out) {
-  return getNamed(PM_ORIGIN, radioIndex, WlanConfigRecord::standardCode.offset, wlan::standardText,
-                  out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::standardCode.offset,
+                  wlan::standardText, out);
 }
 
 int32_t ubus_get_radios_noiseLevel(int32_t radioIndex, char *out) {
-  return getDecimal(PM_ORIGIN, radioIndex, readDriverWord, WlanDriverRecord::noiseLevel.offset,
-                    out);
+  return getDecimal(Trail(kSourceTag), radioIndex, readDriverWord,
+                    WlanDriverRecord::noiseLevel.offset, out);
 }
 
 int32_t ubus_get_radios_interferencePercent(int32_t radioIndex, uint32_t *out) {
-  return getNumber(PM_ORIGIN, radioIndex, readDriverWord,
+  return getNumber(Trail(kSourceTag), radioIndex, readDriverWord,
                    WlanDriverRecord::interferencePercent.offset, out);
 }
 
 int32_t ubus_get_radios_Channel(int32_t radioIndex, char *out) {
-  return getDecimal(PM_ORIGIN, radioIndex, readConfigWord, WlanConfigRecord::channel.offset, out);
+  return getDecimal(Trail(kSourceTag), radioIndex, readConfigWord, WlanConfigRecord::channel.offset,
+                    out);
 }
 
 int32_t ubus_get_config_Radio(int32_t radioIndex, char *out) {
-  return getNamed(PM_ORIGIN, radioIndex, WlanConfigRecord::band.offset, wlan::bandText, out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::band.offset, wlan::bandText,
+                  out);
 }
 
 int32_t ubus_get_config_Index(int32_t radioIndex, uint32_t *out) {
@@ -167,29 +168,30 @@ int32_t ubus_get_config_Index(int32_t radioIndex, uint32_t *out) {
 int32_t ubus_get_config_Ssid(int32_t radioIndex, char *out) {
   if (out == nullptr) return kFailure;
   WlanConfig config;
-  if (readConfig(PM_ORIGIN, ssidAt(radioIndex), config) != kOk) return kFailure;
+  if (readConfig(Trail(kSourceTag), ssidAt(radioIndex), config) != kOk) return kFailure;
   copyExact(out, config.text(config.ssid), kGetterTextSize - 1);
   return kOk;
 }
 
 int32_t ubus_get_config_SecurityMode(int32_t radioIndex, char *out) {
-  return getNamed(PM_ORIGIN, radioIndex, WlanConfigRecord::securityMode.offset, wlan::securityText,
-                  out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::securityMode.offset,
+                  wlan::securityText, out);
 }
 
 int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out) {
+  const Trail log(kSourceTag);
   if (out == nullptr) return kFailure;
   const InstancePath ssid = ssidAt(radioIndex);
   WlanConfig config;
-  if (readConfig(PM_ORIGIN, ssid, config) != kOk) return kFailure;
+  if (readConfig(log, ssid, config) != kOk) return kFailure;
   switch (config.get(config.securityMode)) {
     case wlan::kSecurityWep:
-      return getWepKey(PM_ORIGIN, ssid, config.get(config.wepKeyIndex), out);
+      return getWepKey(log, ssid, config.get(config.wepKeyIndex), out);
     case wlan::kSecurityNone:
     case wlan::kSecurityWpa:
     case wlan::kSecurityWpa2:
     case wlan::kSecurityWpaWpa2:
-      return getPassphrase(PM_ORIGIN, ssid, out);
+      return getPassphrase(log, ssid, out);
     default:
       // WPA3 and unknown modes report no key.
       return kOk;
@@ -197,19 +199,20 @@ int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_config_MaxAssociateNum(int32_t radioIndex, uint32_t *out) {
-  return getNumber(PM_ORIGIN, radioIndex, readConfigWord, WlanConfigRecord::maxAssociateNum.offset,
-                   out);
+  return getNumber(Trail(kSourceTag), radioIndex, readConfigWord,
+                   WlanConfigRecord::maxAssociateNum.offset, out);
 }
 
 int32_t ubus_get_config_SsidAdvertisementEnable(int32_t radioIndex, uint32_t *out) {
-  return getFlag(PM_ORIGIN, radioIndex, WlanConfigRecord::ssidAdvertisementEnabled.offset, out);
+  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::ssidAdvertisementEnabled.offset,
+                 out);
 }
 
 int32_t ubus_get_info_bandwidth(int32_t radioIndex, uint32_t *out) {
   if (out == nullptr) return kFailure;
   uint32_t code;
   const int32_t status =
-      readConfigWord(PM_ORIGIN, radioIndex, WlanConfigRecord::bandwidthCode.offset, &code);
+      readConfigWord(Trail(kSourceTag), radioIndex, WlanConfigRecord::bandwidthCode.offset, &code);
   if (status == kOk) *out = wlan::bandwidthForDaemon(code);
   return status;
 }
@@ -217,7 +220,8 @@ int32_t ubus_get_info_bandwidth(int32_t radioIndex, uint32_t *out) {
 int32_t ubus_get_info_encrypt(int32_t radioIndex, uint32_t *out) {
   if (out == nullptr) return kFailure;
   WlanConfig config;
-  if (const int32_t status = readConfig(PM_ORIGIN, ssidAt(radioIndex), config); status != kOk) {
+  if (const int32_t status = readConfig(Trail(kSourceTag), ssidAt(radioIndex), config);
+      status != kOk) {
     return status;
   }
   const uint32_t mode = config.get(config.securityMode);
@@ -232,11 +236,8 @@ int32_t ubus_get_info_encrypt(int32_t radioIndex, uint32_t *out) {
 }
 
 uint32_t pm_ubus_get_wifi_info(int32_t radioIndex, WifiInfoRecord *record) {
-  PM_ENTER();
-  if (record == nullptr) {
-    PM_FAIL(0, "%s para is null", __func__);
-    return static_cast<uint32_t>(kFailure);
-  }
+  const Trail log = entered(kSourceTag);
+  if (log.lacks(record)) return static_cast<uint32_t>(kFailure);
   fillText(record->radio, ubus_get_config_Radio, radioIndex);
   fill(record->enable, ubus_get_radios_Enable, radioIndex);
   fillText(record->transmitPower, ubus_get_radios_transmitPower, radioIndex);

@@ -16,24 +16,24 @@ namespace {
 
 using WlanConfig = RecordBuffer<WlanConfigRecord>;
 
-void logRequest(const LogOrigin &origin, const WifiParameterRecord &request) {
-  PM_LOG_FOR(origin, kInfo, 0, "ubuswifiparameter->radio:%s, ubuswifiparameter->encrypt:%d\n",
-             request.radio, request.encrypt);
-  PM_LOG_FOR(origin, kInfo, 0, "ubuswifiparameter->index:%d, ubuswifiparameter->enable:%d\n",
-             request.index, request.enable);
-  PM_LOG_FOR(origin, kInfo, 0,
-             "ubuswifiparameter->ssid:%s, ubuswifiparameter->securityMode:%s, "
-             "ubuswifiparameter->pwd:%s\n",
-             request.ssid, request.securityMode, request.pwd);
-  PM_LOG_FOR(origin, kInfo, 0,
-             "ubuswifiparameter->maxAssociateNum:%d, "
-             "ubuswifiparameter->ssidAdvertisementEnabled:%d\n",
-             request.maxAssociateNum, request.ssidAdvertisementEnabled);
+void logRequest(const Trail &log, const WifiParameterRecord &request) {
+  PM_LOG(log, kInfo, 0, "ubuswifiparameter->radio:%s, ubuswifiparameter->encrypt:%d\n",
+         request.radio, request.encrypt);
+  PM_LOG(log, kInfo, 0, "ubuswifiparameter->index:%d, ubuswifiparameter->enable:%d\n",
+         request.index, request.enable);
+  PM_LOG(log, kInfo, 0,
+         "ubuswifiparameter->ssid:%s, ubuswifiparameter->securityMode:%s, "
+         "ubuswifiparameter->pwd:%s\n",
+         request.ssid, request.securityMode, request.pwd);
+  PM_LOG(log, kInfo, 0,
+         "ubuswifiparameter->maxAssociateNum:%d, "
+         "ubuswifiparameter->ssidAdvertisementEnabled:%d\n",
+         request.maxAssociateNum, request.ssidAdvertisementEnabled);
 }
 
-uint32_t bandOf(const LogOrigin &origin, const char *radio) {
+uint32_t bandOf(const Trail &log, const char *radio) {
   const auto band = wlan::bandNamed(radio);
-  if (!band) PM_LOG_FOR(origin, kError, 0, "ubuswifiparameter->radio error %s \r\n", radio);
+  if (!band) PM_LOG(log, kError, 0, "ubuswifiparameter->radio error %s \r\n", radio);
   return band.value_or(wlan::kBand24G);
 }
 
@@ -72,9 +72,9 @@ void setSecurity(WlanConfig &config, const wlan::SecurityMode &mode, uint32_t ci
   }
 }
 
-void applyRequest(const LogOrigin &origin, const WifiParameterRecord &request, WlanConfig &config) {
+void applyRequest(const Trail &log, const WifiParameterRecord &request, WlanConfig &config) {
   const uint32_t cipher = wlan::cipherForPlatform(request.encrypt);
-  config.set(config.band, bandOf(origin, request.radio));
+  config.set(config.band, bandOf(log, request.radio));
   config.set(config.ssidEnable, static_cast<uint32_t>(request.enable));
   config.set(config.ssid, request.ssid);
   config.set(config.maxAssociateNum, static_cast<uint32_t>(request.maxAssociateNum));
@@ -86,17 +86,17 @@ void applyRequest(const LogOrigin &origin, const WifiParameterRecord &request, W
   }
 }
 
-void logKey(const LogOrigin &origin, WlanConfig &config, const char *key) {
-  PM_LOG_FOR(origin, kVerbose, 0, "tESSID:%s,tKeyPassphrase:%s", config.text(config.ssid), key);
+void logKey(const Trail &log, WlanConfig &config, const char *key) {
+  PM_LOG(log, kVerbose, 0, "tESSID:%s,tKeyPassphrase:%s", config.text(config.ssid), key);
 }
 
-int32_t writeWepKey(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config,
+int32_t writeWepKey(const Trail &log, const InstancePath &ssid, WlanConfig &config,
                     const char *key) {
   const InstancePath instance =
       wlan::keyInstance(ssid.text, ".WEP", config.get(config.wepKeyIndex));
   RecordBuffer<WlanWepRecord> wep;
   if (const int32_t status = pm_wlan_get_wep(instance.text, &wep); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
+    PM_LOG(log, kError, status, "pm_wlan_get_wep=%s fail=%d\n", instance.text, status);
     return status;
   }
   wep.set(wep.key, key);
@@ -104,16 +104,16 @@ int32_t writeWepKey(const LogOrigin &origin, const InstancePath &ssid, WlanConfi
     printf("pm_wlan_set_wep=%s fail=%d\n", instance.text, status);
     return PM_STATUS_KEY_REFUSED;
   }
-  logKey(origin, config, wep.text(wep.key));
+  logKey(log, config, wep.text(wep.key));
   return kOk;
 }
 
-int32_t writePassphrase(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config,
+int32_t writePassphrase(const Trail &log, const InstancePath &ssid, WlanConfig &config,
                         const char *passphrase) {
   const InstancePath instance = wlan::keyInstance(ssid.text, ".PSK", 1);
   RecordBuffer<WlanPskRecord> psk;
   if (const int32_t status = pm_wlan_get_psk(instance.text, &psk); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_psk=%s fail=%d\n", instance.text, status);
+    PM_LOG(log, kError, status, "pm_wlan_get_psk=%s fail=%d\n", instance.text, status);
     return status;
   }
   psk.set(psk.passphrase, passphrase);
@@ -121,65 +121,63 @@ int32_t writePassphrase(const LogOrigin &origin, const InstancePath &ssid, WlanC
     printf("pm_wlan_set_psk=%s fail=%d\n", instance.text, status);
     return PM_STATUS_KEY_REFUSED;
   }
-  logKey(origin, config, psk.text(psk.passphrase));
+  logKey(log, config, psk.text(psk.passphrase));
   return kOk;
 }
 
 /// An open network's key is written like any other, an empty one included.
-int32_t writeKey(const LogOrigin &origin, const InstancePath &ssid, WlanConfig &config,
-                 const char *key) {
+int32_t writeKey(const Trail &log, const InstancePath &ssid, WlanConfig &config, const char *key) {
   switch (config.get(config.securityMode)) {
     case wlan::kSecurityWep:
-      return writeWepKey(origin, ssid, config, key);
+      return writeWepKey(log, ssid, config, key);
     case wlan::kSecurityNone:
     case wlan::kSecurityWpa:
     case wlan::kSecurityWpa2:
     case wlan::kSecurityWpaWpa2:
     case wlan::kSecurityWpa3:
     case wlan::kSecurityWpa2Wpa3:
-      return writePassphrase(origin, ssid, config, key);
+      return writePassphrase(log, ssid, config, key);
     default:
       return kOk;
   }
 }
 
-int32_t setParameters(const LogOrigin &origin, const WifiParameterRecord &request) {
+int32_t setParameters(const Trail &log, const WifiParameterRecord &request) {
   const InstancePath ssid = wlan::ssidInstance(request.index);
-  PM_LOG_FOR(origin, kVerbose, 0, "get szInstIdentity %s \r\n", ssid.text);
+  PM_LOG(log, kVerbose, 0, "get szInstIdentity %s \r\n", ssid.text);
 
   WlanConfig config;
   if (const int32_t status = pm_wlan_get_config(ssid.text, &config); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_get_config fail=%d\n", status);
+    PM_LOG(log, kError, status, "pm_wlan_get_config fail=%d\n", status);
     return status;
   }
-  applyRequest(origin, request, config);
+  applyRequest(log, request, config);
   if (const int32_t status = pm_wlan_set_config(ssid.text, &config); !appliedOrUnchanged(status)) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_set_config=%s fail=%d\n", ssid.text, status);
+    PM_LOG(log, kError, status, "pm_wlan_set_config=%s fail=%d\n", ssid.text, status);
     return status;
   }
-  return writeKey(origin, ssid, config, request.pwd);
+  return writeKey(log, ssid, config, request.pwd);
 }
 
 }  // namespace
 
 uint32_t pm_ubus_wifiParameter_set(const WifiParameterRecord *record) {
-  PM_LOG(kInfo, "now in function %s\n", __func__);
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_wifiParameter_set para is null");
-    return static_cast<uint32_t>(kNullRecord);
-  }
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in function %s\n", log.function);
+  if (log.lacks(record)) return static_cast<uint32_t>(kNullRecord);
   const BoundedRequest<WifiParameterRecord> bounded(*record);
-  logRequest(PM_ORIGIN, bounded.request);
-  return static_cast<uint32_t>(setParameters(PM_ORIGIN, bounded.request));
+  logRequest(log, bounded.request);
+  return static_cast<uint32_t>(setParameters(log, bounded.request));
 }
 
 int32_t pm_ubus_wifiParameter_set_Multi(const WifiParameterRecord *records, int32_t count) {
-  PM_LOG(kInfo, "enter pm_ubus_wifiParameter_set_Multi function! wifi_i = %d\n ", count);
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "enter pm_ubus_wifiParameter_set_Multi function! wifi_i = %d\n ", count);
   if (records == nullptr) return 0;
   for (int32_t i = 0; i < count; ++i) {
-    PM_LOG(kInfo, "i =%d..\n ", i);
+    PM_LOG(log, kInfo, 0, "i =%d..\n ", i);
     const auto status = static_cast<int32_t>(pm_ubus_wifiParameter_set(&records[i]));
-    if (status != kOk) PM_FAIL(status, "[%s] set wifi parameter error\n", __func__);
+    if (status != kOk) PM_LOG(log, kError, status, "[%s] set wifi parameter error\n", log.function);
   }
   return 0;
 }

@@ -24,16 +24,15 @@ void fillEntry(const HeardAccessPoint &heard, const char *radio, NeighborApEntry
 }
 
 /// Scans one band. The entries start over with every scan, so the bands share them.
-int32_t scanBand(const LogOrigin &origin, uint32_t band, NeighborInfoRecord *record,
-                 int32_t *count) {
+int32_t scanBand(const Trail &log, uint32_t band, NeighborInfoRecord *record, int32_t *count) {
   if (const int32_t status = startScan(band); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_set_scan_ap fail=%d\n", status);
+    PM_LOG(log, kError, status, "pm_wlan_set_scan_ap fail=%d\n", status);
     return status;
   }
   waitSeconds(kScanSeconds);
   ApListBuffer list;
   if (const int32_t status = listAccessPoints(band, list); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "pm_wlan_list_ap fail=%d\n", status);
+    PM_LOG(log, kError, status, "pm_wlan_list_ap fail=%d\n", status);
     return status;
   }
   const uint32_t heard = countOf(list);
@@ -46,20 +45,21 @@ int32_t scanBand(const LogOrigin &origin, uint32_t band, NeighborInfoRecord *rec
 }  // namespace
 
 uint32_t pm_ubus_wlan_neighborinfo_get_2g(NeighborInfoRecord *record) {
-  PM_LOG(kVerbose, "Enter pm_ubus_wlan_neighbourinfo_get_2g\n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kVerbose, 0, "Enter pm_ubus_wlan_neighbourinfo_get_2g\n");
   if (record == nullptr) {
-    PM_FAIL(0, "buff is NULL\n");
+    PM_LOG(log, kError, 0, "buff is NULL\n");
     return static_cast<uint32_t>(PM_STATUS_NO_RECORD);
   }
-  return static_cast<uint32_t>(
-      scanBand(PM_ORIGIN, wlan::kBand24G, record, &record->neighborNum24G));
+  return static_cast<uint32_t>(scanBand(log, wlan::kBand24G, record, &record->neighborNum24G));
 }
 
 uint32_t pm_ubus_wlan_neighborinfo_get_5g(NeighborInfoRecord *record) {
-  PM_LOG(kVerbose, "Enter pm_ubus_ortand_neighbourinfo_get_5g\n");
+  const Trail log(kSourceTag);
+  PM_LOG(log, kVerbose, 0, "Enter pm_ubus_ortand_neighbourinfo_get_5g\n");
   if (record == nullptr) {
-    PM_FAIL(0, "buff is NULL\n");
+    PM_LOG(log, kError, 0, "buff is NULL\n");
     return static_cast<uint32_t>(PM_STATUS_NO_RECORD);
   }
-  return static_cast<uint32_t>(scanBand(PM_ORIGIN, wlan::kBand5G, record, &record->neighborNum5G));
+  return static_cast<uint32_t>(scanBand(log, wlan::kBand5G, record, &record->neighborNum5G));
 }

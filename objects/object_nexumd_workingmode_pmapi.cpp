@@ -24,12 +24,10 @@ constexpr FixedWord kConnectionDefaults[] = {
 }  // namespace
 
 int32_t pm_ubus_workingmode_set(const UbusWorkingMode *record) {
-  PM_LOG(kInfo, "now in function %s\n", __func__);
-  if (record == nullptr) {
-    PM_FAIL(0, "pm_ubus_workingmode_set para is null");
-    return kNullRecord;
-  }
-  PM_LOG(kInfo, "ubusworkingmode->workingMode:%d, ubusworkingmode->internetType:%d\n",
+  const Trail log(kSourceTag);
+  PM_LOG(log, kInfo, 0, "now in function %s\n", log.function);
+  if (log.lacks(record)) return kNullRecord;
+  PM_LOG(log, kInfo, 0, "ubusworkingmode->workingMode:%d, ubusworkingmode->internetType:%d\n",
          record->workingMode, record->internetType);
   RecordBuffer<WorkingModeRecord> mode;
   mode.put(mode.workingMode, record->workingMode);
@@ -39,6 +37,7 @@ int32_t pm_ubus_workingmode_set(const UbusWorkingMode *record) {
   mode.set(mode.addressingType, "DHCP");
   mode.set(mode.text4516, WAN_NO_LAN_BINDING);
   const int32_t status = pm_wanc_change_brg_route_mode(&mode, kApplyNow);
-  if (status != kOk) PM_FAIL(status, "call pm_wanc_change_brg_route_mode faild,ret=%d\n", status);
+  if (status != kOk)
+    PM_LOG(log, kError, status, "call pm_wanc_change_brg_route_mode faild,ret=%d\n", status);
   return status;
 }

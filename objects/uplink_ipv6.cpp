@@ -21,15 +21,15 @@ struct Ipv6State {
   ViewBuffer<PrefixConfigView> prefix;
 };
 
-void readIpv6(const LogOrigin &origin, const InstancePath &wan, Ipv6State &state) {
-  PM_LOG_FOR(origin, kInfo, 0, "the result of ubus_get_route_if_into = %d\n",
-             ubus_get_route_if_into(wan.text, state.route.bytes));
-  PM_LOG_FOR(origin, kInfo, 0, "the result of ubus_get_dssinto = %d\n",
-             ubus_get_dssinto(wan.text, state.dss.bytes));
-  PM_LOG_FOR(origin, kInfo, 0, "the result of tDssCfg = %d\n",
-             ubus_get_dsscfg(wan.text, state.dssConfig.bytes));
-  PM_LOG_FOR(origin, kInfo, 0, "the result of tPrefixcfg = %d\n",
-             ubus_get_prefixcfg(wan.text, state.prefix.bytes));
+void readIpv6(const Trail &log, const InstancePath &wan, Ipv6State &state) {
+  PM_LOG(log, kInfo, 0, "the result of ubus_get_route_if_into = %d\n",
+         ubus_get_route_if_into(wan.text, state.route.bytes));
+  PM_LOG(log, kInfo, 0, "the result of ubus_get_dssinto = %d\n",
+         ubus_get_dssinto(wan.text, state.dss.bytes));
+  PM_LOG(log, kInfo, 0, "the result of tDssCfg = %d\n",
+         ubus_get_dsscfg(wan.text, state.dssConfig.bytes));
+  PM_LOG(log, kInfo, 0, "the result of tPrefixcfg = %d\n",
+         ubus_get_prefixcfg(wan.text, state.prefix.bytes));
 }
 
 const char *addressOriginText(uint32_t addressOrigin) {
@@ -71,7 +71,7 @@ void copyAddress(char (&field)[Size], const uint8_t *address, uint32_t room = kA
   copyText(field, text);
 }
 
-void fillDnsServers(const LogOrigin &origin, const ViewBuffer<DssInfoView> &dss,
+void fillDnsServers(const Trail &log, const ViewBuffer<DssInfoView> &dss,
                     UplinkInfoRecord *record) {
   const uint8_t *servers[] = {dss.get(dss.dnsServer1), dss.get(dss.dnsServer2),
                               dss.get(dss.dnsServer3)};
@@ -85,38 +85,38 @@ void fillDnsServers(const LogOrigin &origin, const ViewBuffer<DssInfoView> &dss,
     copyText(list + length, sizeof list - length, text);
     length += static_cast<uint32_t>(strlen(list + length));
   }
-  PM_LOG_FOR(origin, kInfo, 0, "dhsv6_servers=%s\n", list);
+  PM_LOG(log, kInfo, 0, "dhsv6_servers=%s\n", list);
   copyText(record->dhsv6_servers, list);
 }
 
 }  // namespace
 
-void fillIpv6(const LogOrigin &origin, const InstancePath &wan, UplinkInfoRecord *record) {
+void fillIpv6(const Trail &log, const InstancePath &wan, UplinkInfoRecord *record) {
   constexpr uint32_t kConnected = 2;
   Ipv6State state;
-  readIpv6(origin, wan, state);
+  readIpv6(log, wan, state);
   const auto &route = state.route;
   const auto &dss = state.dss;
   const auto &prefix = state.prefix;
   copyText(record->v6Status,
            route.get(route.connectionState) == kConnected ? "Connected" : "Unconnected ");
-  PM_LOG_FOR(origin, kInfo, 0, "v6Status=%s\n", record->v6Status);
+  PM_LOG(log, kInfo, 0, "v6Status=%s\n", record->v6Status);
   copyText(record->v6AddressOrigin, addressOriginText(dss.get(dss.addressOrigin)));
-  PM_LOG_FOR(origin, kInfo, 0, "v6AddressOrigin=%s\n", record->v6AddressOrigin);
+  PM_LOG(log, kInfo, 0, "v6AddressOrigin=%s\n", record->v6AddressOrigin);
   copyAddress(record->v6IPAddress, route.get(route.ipv6Address));
-  PM_LOG_FOR(origin, kInfo, 0, "v6IPAddress=%s\n", record->v6IPAddress);
-  fillDnsServers(origin, dss, record);
+  PM_LOG(log, kInfo, 0, "v6IPAddress=%s\n", record->v6IPAddress);
+  fillDnsServers(log, dss, record);
   record->v6PrefixMode = state.dssConfig.getSigned(state.dssConfig.prefixMode);
   copyText(record->v6PrefixOrigin, prefixOriginText(prefix.get(prefix.prefixOrigin)));
-  PM_LOG_FOR(origin, kInfo, 0, "v6PrefixOrigin=%s\n", record->v6PrefixOrigin);
+  PM_LOG(log, kInfo, 0, "v6PrefixOrigin=%s\n", record->v6PrefixOrigin);
   copyAddress(record->v6Prefix, prefix.get(prefix.prefix), kPrefixTextSize);
-  PM_LOG_FOR(origin, kInfo, 0, "v6Prefix=%s\n", record->v6Prefix);
+  PM_LOG(log, kInfo, 0, "v6Prefix=%s\n", record->v6Prefix);
   itoa(dss.getSigned(dss.preferredLifetime), record->PreferLifetime, 10);
-  PM_LOG_FOR(origin, kInfo, 0, "PreferLifetime=%s\n", record->PreferLifetime);
+  PM_LOG(log, kInfo, 0, "PreferLifetime=%s\n", record->PreferLifetime);
   itoa(dss.getSigned(dss.validLifetime), record->ValidLifetime, 10);
-  PM_LOG_FOR(origin, kInfo, 0, "ValidLifetime=%s\n", record->ValidLifetime);
+  PM_LOG(log, kInfo, 0, "ValidLifetime=%s\n", record->ValidLifetime);
   copyAddress(record->defaultIPv6Gateway, route.get(route.ipv6Gateway));
-  PM_LOG_FOR(origin, kInfo, 0, "defaultIPv6Gateway=%s\n", record->defaultIPv6Gateway);
+  PM_LOG(log, kInfo, 0, "defaultIPv6Gateway=%s\n", record->defaultIPv6Gateway);
 }
 
 void clearIpv6(UplinkInfoRecord *record) {

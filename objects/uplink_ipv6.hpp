@@ -8,7 +8,7 @@
 namespace pm {
 
 /// Fills the fields from the views of the WAN connection `wan`; what cannot be read is empty or 0.
-void fillIpv6(const LogOrigin &origin, const InstancePath &wan, UplinkInfoRecord *record);
+void fillIpv6(const Trail &log, const InstancePath &wan, UplinkInfoRecord *record);
 
 void clearIpv6(UplinkInfoRecord *record);
 

@@ -17,15 +17,14 @@ struct BandwidthAnswer {
   bool stopped;
   int32_t status;
 };
-using BandwidthQuery = BandwidthAnswer (*)(const LogOrigin &origin,
-                                           const BandwidthRequestBuffer &request,
+using BandwidthQuery = BandwidthAnswer (*)(const Trail &log, const BandwidthRequestBuffer &request,
                                            BandwidthBuffer &counters);
 
 /// Writes both texts (kRateTextSize each) when every connection was asked. `unreadable` is what a
 /// connection list or view that cannot be read yields. The counters are cleared before the first
 /// connection; a query may clear them again. One that fills nothing adds those of the connection
 /// before it.
-int32_t sumUplinkRates(const LogOrigin &origin, BandwidthQuery query, int32_t unreadable,
-                       char *rxText, char *txText);
+int32_t sumUplinkRates(const Trail &log, BandwidthQuery query, int32_t unreadable, char *rxText,
+                       char *txText);
 
 }  // namespace pm

@@ -52,10 +52,10 @@ int32_t runRule(const char *program, const char *operation, const char *mac,
 
 }  // namespace
 
-void runUrlRules(const LogOrigin &origin, const LmtUrlCfg &config, const char *operation) {
+void runUrlRules(const Trail &log, const LmtUrlCfg &config, const char *operation) {
   if (const std::string_view mac(config.mac, strnlen(config.mac, kMacLength)); !isSafeMac(mac)) {
-    PM_LOG_FOR(origin, kError, 0, "[%s] mac %.*s is refused\n", origin.function,
-               static_cast<int>(mac.size()), mac.data());
+    PM_LOG(log, kError, 0, "[%s] mac %.*s is refused\n", log.function, static_cast<int>(mac.size()),
+           mac.data());
     return;
   }
   char command[kCommandSize];
@@ -63,12 +63,12 @@ void runUrlRules(const LogOrigin &origin, const LmtUrlCfg &config, const char *o
   std::string_view keyword;
   while (nextListItem(rest, keyword)) {
     if (!isSafeKeyword(keyword)) {
-      PM_LOG_FOR(origin, kError, 0, "[%s] url keyword %.*s is refused\n", origin.function,
-                 static_cast<int>(keyword.size()), keyword.data());
+      PM_LOG(log, kError, 0, "[%s] url keyword %.*s is refused\n", log.function,
+             static_cast<int>(keyword.size()), keyword.data());
       continue;
     }
     const int32_t status = runRule("iptables", operation, config.mac, keyword, command);
-    PM_LOG_FOR(origin, kInfo, 0, "Execute Cmd:%s iRet:%d\n", command, status);
+    PM_LOG(log, kInfo, 0, "Execute Cmd:%s iRet:%d\n", command, status);
     runRule("ip6tables", operation, config.mac, keyword, command);
   }
 }

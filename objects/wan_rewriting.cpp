@@ -51,21 +51,20 @@ constexpr CarriedWord kStaticAddressing[] = {
     carried(WanIpConnectionView::staticAddressing5, WanIpExtRecord::staticAddressing5),
     carried(WanIpConnectionView::staticAddressing6, WanIpExtRecord::staticAddressing6)};
 
-int32_t clearConnections(const LogOrigin &origin) {
+int32_t clearConnections(const Trail &log) {
   const int32_t status = si_ifsadapt_clear_wanc();
   if (status == kOk) return kOk;
-  PM_LOG_FOR(origin, kError, status, "[%s] si_ifsadapt_clear_wanc iRet=%d\n", origin.function,
-             status);
+  PM_LOG(log, kError, status, "[%s] si_ifsadapt_clear_wanc iRet=%d\n", log.function, status);
   return kFailure;
 }
 
-int32_t rewritePpp(const LogOrigin &origin, const char *path) {
+int32_t rewritePpp(const Trail &log, const char *path) {
   ViewBuffer<WanPppConnectionView> ppp;
   if (const int32_t status = ppp.readAt(path); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "getdbview wancppp error, iRet is %d\n", status);
+    PM_LOG(log, kError, status, "getdbview wancppp error, iRet is %d\n", status);
     return status;
   }
-  if (clearConnections(origin) != kOk) return kFailure;
+  if (clearConnections(log) != kOk) return kFailure;
 
   RecordBuffer<WanPppExtRecord> connection;
   connection.set(kPppDefaults);
@@ -77,18 +76,18 @@ int32_t rewritePpp(const LogOrigin &origin, const char *path) {
   char instance[kWanPathSize] = {};
   const int32_t status = pm_e8_wanc_set_comm_ppp_ext(instance, &connection);
   if (appliedOrUnchanged(status)) return kOk;
-  PM_LOG_FOR(origin, kError, status, "[%s] pm_e8_wanc_set_comm_ppp_ext failed! iret:%d\n",
-             origin.function, status);
+  PM_LOG(log, kError, status, "[%s] pm_e8_wanc_set_comm_ppp_ext failed! iret:%d\n", log.function,
+         status);
   return status;
 }
 
-int32_t rewriteIp(const LogOrigin &origin, const char *path, bool isStatic) {
+int32_t rewriteIp(const Trail &log, const char *path, bool isStatic) {
   ViewBuffer<WanIpConnectionView> ip;
   if (const int32_t status = ip.readAt(path); status != kOk) {
-    PM_LOG_FOR(origin, kError, status, "getdbview wancip error, iRet is %d\n", status);
+    PM_LOG(log, kError, status, "getdbview wancip error, iRet is %d\n", status);
     return status;
   }
-  if (clearConnections(origin) != kOk) return kFailure;
+  if (clearConnections(log) != kOk) return kFailure;
 
   RecordBuffer<WanIpExtRecord> connection;
   connection.set(kIpDefaults);
@@ -99,25 +98,25 @@ int32_t rewriteIp(const LogOrigin &origin, const char *path, bool isStatic) {
   char instance[kWanPathSize] = {};
   const int32_t status = pm_e8_wanc_set_comm_ip_ext(instance, &connection);
   if (appliedOrUnchanged(status)) return kOk;
-  PM_LOG_FOR(origin, kError, status, "[%s] pm_e8_wanc_set_comm_ip_ext failed! iRet:%d\n",
-             origin.function, status);
+  PM_LOG(log, kError, status, "[%s] pm_e8_wanc_set_comm_ip_ext failed! iRet:%d\n", log.function,
+         status);
   return status;
 }
 
 }  // namespace
 
-int32_t rewriteConnection(const LogOrigin &origin, NetworkingBuffer &networking) {
+int32_t rewriteConnection(const Trail &log, NetworkingBuffer &networking) {
   char path[kWanPathSize] = {};
   copyText(path, networking.text(networking.wanInstance));
   {
     ViewBuffer<WanConnectionView> connection;
     if (const int32_t status = connection.readAt(path); status != kOk) {
-      PM_LOG_FOR(origin, kError, status, "getdbview wanc error, iRet is %d\n", status);
+      PM_LOG(log, kError, status, "getdbview wanc error, iRet is %d\n", status);
       return status;
     }
   }
   const uint32_t kind = networking.get(networking.accessMode);
-  return kind == kPpp ? rewritePpp(origin, path) : rewriteIp(origin, path, kind == kStaticIp);
+  return kind == kPpp ? rewritePpp(log, path) : rewriteIp(log, path, kind == kStaticIp);
 }
 
 }  // namespace pm
