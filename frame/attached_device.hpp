@@ -23,8 +23,7 @@ struct InterfaceName {
   char text[DeviceRecord::interfaceName.width + 1] = {};
 
   explicit InterfaceName(const uint8_t *deviceRecord) {
-    copyExact(text,
-              reinterpret_cast<const char *>(deviceRecord) + DeviceRecord::interfaceName.offset,
+    copyExact(text, load(deviceRecord, DeviceRecord::interfaceName),
               DeviceRecord::interfaceName.width);
   }
 };

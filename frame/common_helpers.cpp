@@ -119,15 +119,15 @@ int32_t wlan_get_ad(const char *instance, void * /*view*/) {
 
 int32_t check_dev_valid(const void *deviceRecord) {
   const auto *device = static_cast<const uint8_t *>(deviceRecord);
-  if (pm::loadAs<int32_t>(device, DeviceRecord::accessType.offset) != 1) return 1;
+  if (pm::load(device, DeviceRecord::accessType) != 1) return 1;
 
   const pm::InterfaceName interface(device);
   const bool onWire = strstr(interface.text, "eth") != nullptr;
   const bool onAir = strstr(interface.text, "wlan") != nullptr;
   if (!onWire && !onAir) return 1;
 
-  if (pm::loadAs<int32_t>(device, DeviceRecord::linkFlag.offset) == 0) return 1;
-  const auto linkState = pm::loadAs<int32_t>(device, DeviceRecord::linkState.offset);
+  if (pm::load(device, DeviceRecord::linkFlag) == 0) return 1;
+  const auto linkState = pm::loadSigned(device, DeviceRecord::linkState);
   return linkState == 0 || linkState == -1 ? 1 : 0;
 }
 

@@ -31,6 +31,19 @@ void putMac(uint8_t *record, uint32_t offset, const uint8_t *mac, Mark mark);
 /// longer. The mark is written either way; the platform decides what an invalid field means.
 void putText(uint8_t *record, uint32_t offset, uint32_t usable, const char *text, Mark mark);
 
+/// Where a field lies: what is left of it where it is chosen as the library runs.
+template <FieldKind Kind, uint32_t Width>
+struct Place {
+  uint16_t offset;
+
+  template <bool Marked>
+  consteval Place(TypedField<Kind, Marked, Width> field)
+      : offset(static_cast<uint16_t>(field.offset)) {}
+};
+
+using WordPlace = Place<FieldKind::kWord, 4>;
+using CounterPlace = Place<FieldKind::kCounter, 8>;
+
 /// A constant that a handler writes into one word of a record.
 struct FixedWord {
   uint16_t offset;
@@ -68,6 +81,54 @@ PM_INLINE void storePlain(uint8_t *record, uint32_t offset, T value) {
   memcpy(__builtin_assume_aligned(record + offset, 4), &value, sizeof value);
 }
 
+// What a record holds, be it a buffer's or a row of one.
+
+template <bool Marked>
+PM_INLINE uint32_t load(const uint8_t *record, TypedField<FieldKind::kWord, Marked, 4> field) {
+  return loadAs<uint32_t>(record, field.offset);
+}
+
+PM_INLINE uint32_t load(const uint8_t *record, WordPlace place) {
+  return loadAs<uint32_t>(record, place.offset);
+}
+
+template <bool Marked>
+PM_INLINE uint8_t load(const uint8_t *record, TypedField<FieldKind::kByte, Marked, 1> field) {
+  return record[field.offset];
+}
+
+template <bool Marked>
+PM_INLINE uint64_t load(const uint8_t *record, TypedField<FieldKind::kCounter, Marked, 8> field) {
+  return loadAs<uint64_t>(record, field.offset);
+}
+
+PM_INLINE uint64_t load(const uint8_t *record, CounterPlace place) {
+  return loadAs<uint64_t>(record, place.offset);
+}
+
+template <bool Marked>
+PM_INLINE const uint8_t *load(const uint8_t *record, TypedField<FieldKind::kMac, Marked, 6> field) {
+  return record + field.offset;
+}
+
+template <bool Marked, uint32_t Width>
+PM_INLINE const uint8_t *load(const uint8_t *record,
+                              TypedField<FieldKind::kBytes, Marked, Width> field) {
+  return record + field.offset;
+}
+
+/// The characters of a text, which has no end where the platform filled its field.
+template <bool Marked, uint32_t Width>
+PM_INLINE const char *load(const uint8_t *record,
+                           TypedField<FieldKind::kText, Marked, Width> field) {
+  return reinterpret_cast<const char *>(record + field.offset);
+}
+
+template <bool Marked>
+PM_INLINE int32_t loadSigned(const uint8_t *record, TypedField<FieldKind::kWord, Marked, 4> field) {
+  return loadAs<int32_t>(record, field.offset);
+}
+
 PM_INLINE void writeHeader(uint8_t *view, uint32_t size) {
   storePlain<uint32_t>(view, 0, size);
   storePlain<uint32_t>(view, 4, PLATFORM_BLOCK_MARKER);
@@ -87,40 +148,23 @@ class alignas(8) RecordBuffer : public Layout {
 
   void clear() { memset(bytes, 0, Layout::kSize); }
 
-  template <bool Marked>
-  PM_INLINE uint32_t get(TypedField<FieldKind::kWord, Marked, 4> field) const {
-    return loadAs<uint32_t>(bytes, field.offset);
+  template <class AnyField>
+  PM_INLINE auto get(AnyField field) const {
+    return load(bytes, field);
   }
 
   template <bool Marked>
   PM_INLINE int32_t getSigned(TypedField<FieldKind::kWord, Marked, 4> field) const {
-    return loadAs<int32_t>(bytes, field.offset);
-  }
-
-  template <bool Marked>
-  PM_INLINE uint8_t get(TypedField<FieldKind::kByte, Marked, 1> field) const {
-    return bytes[field.offset];
-  }
-
-  template <bool Marked>
-  PM_INLINE uint64_t get(TypedField<FieldKind::kCounter, Marked, 8> field) const {
-    return loadAs<uint64_t>(bytes, field.offset);
-  }
-
-  template <bool Marked>
-  PM_INLINE const uint8_t *get(TypedField<FieldKind::kMac, Marked, 6> field) const {
-    return bytes + field.offset;
-  }
-
-  template <bool Marked, uint32_t Width>
-  PM_INLINE const uint8_t *get(TypedField<FieldKind::kBytes, Marked, Width> field) const {
-    return bytes + field.offset;
+    return loadSigned(bytes, field);
   }
 
   template <class Row, uint32_t Count>
   PM_INLINE const uint8_t *row(const PlainRows<Row, Count> &rows, uint32_t index) const {
     return bytes + rows.offset + index * Row::kSize;
   }
+
+  /// Where a word stands, for calls that take it from there.
+  PM_INLINE uint8_t *at(Word field) { return bytes + field.offset; }
 
   /// The field as a C text. The platform may have filled the field to its last byte, which is given
   /// up for the terminator.
@@ -184,6 +228,11 @@ class alignas(8) RecordBuffer : public Layout {
   template <uint32_t Width>
   PM_INLINE void put(PlainBytes<Width> field, const uint8_t *newBytes) {
     memcpy(bytes + field.offset, newBytes, Width);
+  }
+
+  template <class Row, uint32_t Count>
+  PM_INLINE void put(const PlainRows<Row, Count> &rows, uint32_t index, const uint8_t *newRow) {
+    memcpy(bytes + rows.offset + index * Row::kSize, newRow, Row::kSize);
   }
 
   template <uint32_t Width>

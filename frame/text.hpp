@@ -32,17 +32,6 @@ inline void printDecimal(char *text, uint32_t word) {
   printDecimal(text, static_cast<int32_t>(word));
 }
 
-/// Room that a getter of one text has, all of it zero, and never terminates.
-inline constexpr uint32_t kGetterTextSize = 32;
-
-/// Fills a field with the text that a getter finds for `key`; empty when it finds none.
-template <uint32_t Size, class Key>
-void fillText(char (&field)[Size], int32_t (*getter)(Key, char *), Key key) {
-  char text[kGetterTextSize] = {};
-  getter(key, text);
-  copyText(field, text);
-}
-
 /// Whether `name` begins with `prefix`.
 inline bool startsWith(const char *name, const char *prefix) {
   return strncmp(name, prefix, strlen(prefix)) == 0;

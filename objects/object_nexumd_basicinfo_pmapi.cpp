@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "frame/getter.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/parse.hpp"
@@ -240,28 +241,20 @@ int32_t ubus_get_current_version_code() {
 
 namespace {
 
-/// Runs one text getter into an empty local, so that a failure leaves the record's field empty.
-template <uint32_t Size>
-void fillText(char (&field)[Size], int32_t (*getter)(char *)) {
-  char value[Size] = {};
-  getter(value);
-  copyText(field, value);
-}
-
 void fillIdentity(BasicInfoRecord *record) {
   char discardedToken[kTextSize] = {};
   ubus_getProductToken(discardedToken);
   copyText(record->productToken, kProductToken);
-  fillText(record->deviceType, ubus_getDeviceType);
-  fillText(record->deviceVendor, ubus_getdeviceVendor);
-  fillText(record->deviceModel, ubus_getDeviceModel);
-  fillText(record->deviceSn, ubus_getDeviceSn);
-  fillText(record->cmei, ubus_getCMEI);
-  fillText(record->softwareVersion, ubus_getSWVersion);
-  fillText(record->firmwareVersion, ubus_getFWVersion);
+  fill(record->deviceType, ubus_getDeviceType);
+  fill(record->deviceVendor, ubus_getdeviceVendor);
+  fill(record->deviceModel, ubus_getDeviceModel);
+  fill(record->deviceSn, ubus_getDeviceSn);
+  fill(record->cmei, ubus_getCMEI);
+  fill(record->softwareVersion, ubus_getSWVersion);
+  fill(record->firmwareVersion, ubus_getFWVersion);
   copyText(record->protocolVersion, kProtocolVersion);
-  fillText(record->authId, ubus_getAuthID);
-  fillText(record->devKey, ubus_getDevKey);
+  fill(record->authId, ubus_getAuthID);
+  fill(record->devKey, ubus_getDevKey);
   copyText(record->reservedText, "");
   record->versionType = kVersionType;
   ubus_get_current_version_code();
@@ -286,7 +279,7 @@ int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
   if (wan != kOk) PM_LOG(log, kError, wan, "ubus_get_router_ip_host_ipv46 failed!!\n");
   copyText(record->wanIpv4, g_wanIPv4Addr);
   copyText(record->wanIpv6, g_wanIPv6Addr);
-  fillText(record->captureEth, ubus_getCaptureEth);
+  fill(record->captureEth, ubus_getCaptureEth);
 
   record->meshSupport = 1;
   MeshInfoRecord mesh{};
@@ -310,6 +303,6 @@ int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
   PM_LOG(log, kInfo, 0, "Wlan_Card_Max=%d\n", cards);
   record->dualBand = cards == kDualBandCards ? 1 : 0;
 
-  fillText(record->pppoeUser, ubus_getPPPOEUser);
+  fill(record->pppoeUser, ubus_getPPPOEUser);
   return kOk;
 }

@@ -47,10 +47,10 @@ int32_t ubus_get_httpspeed_result(HttpSpeedResult *record) {
                   "CTSGW_EVENT_GET_HTTPDOWNLOAD_DIAGNOSTICSRESULT failed, iRet=%d, pAck->iRet=%d\n",
                   status, refusal);
   }
-  const auto rate = loadAs<uint32_t>(reply.bytes, HttpDownloadReply::rate.offset);
+  const auto rate = load(reply.bytes, HttpDownloadReply::rate);
   snprintf(record->speed, sizeof record->speed, "%dMpbs", rate >> kRateShift);
   char state[kTextSize];
-  copyText(state, reinterpret_cast<const char *>(reply.bytes + HttpDownloadReply::state.offset));
+  copyText(state, load(reply.bytes, HttpDownloadReply::state));
   // How large a difference is depends on the C library; its sign does not.
   const int32_t compared = strcmp(state, "Completed");
   const int32_t difference = (compared > 0) - (compared < 0);

@@ -30,8 +30,7 @@ void fillMac(const Trail &log, PortConfigBuffer &config, PortInfoRecord *record)
   parameters.put(parameters.parameterRun2, config.get(config.parameterRun2));
   parameters.put(parameters.parameterRun3, config.get(config.parameterRun3));
   RecordBuffer<PortMacResultRecord> result;
-  pm_mac_prm_op(PM_MAC_PRM_OP_GET, &result, config.bytes + config.macParameterId.offset,
-                &parameters);
+  pm_mac_prm_op(PM_MAC_PRM_OP_GET, &result, config.at(config.macParameterId), &parameters);
   MacToStr(result.get(result.mac), record->portMac, sizeof record->portMac);
   PM_LOG(log, kInfo, 0, "p_portinfo->portMac : %s!\n ", record->portMac);
 }

@@ -1,6 +1,7 @@
 #include <cstdio>
 
 #include "frame/attached_device.hpp"
+#include "frame/getter.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/parse.hpp"
@@ -24,8 +25,8 @@ namespace {
 constexpr int32_t kAssociationFault = 1566;
 constexpr uint32_t kLast24GSsid = 4;
 
-/// Reads one word of the record that roaming and band steering share.
-int32_t readSteeringWord(const Trail &log, uint32_t offset, uint32_t *out) {
+/// The whole of a getter of one word of the record that roaming and band steering share.
+int32_t getSteeringWord(const Trail &log, WordPlace word, const char *label, uint32_t *out) {
   PM_LOG(log, kInfo, 0, "now in %s\n", log.function);
   if (out == nullptr) return kFailure;
   SteeringBuffer steering;
@@ -34,50 +35,34 @@ int32_t readSteeringWord(const Trail &log, uint32_t offset, uint32_t *out) {
            status);
     return kFailure;
   }
-  *out = loadAs<uint32_t>(steering.bytes, offset);
+  *out = steering.get(word);
+  PM_LOG(log, kInfo, 0, "%s:%d\n", label, *out);
   return kOk;
 }
 
 }  // namespace
 
 int32_t ubus_getRoamingSwitch(uint32_t *out) {
-  const Trail log(kSourceTag);
-  const uint32_t offset = WlanBandSteeringRecord::steeringEnable.offset;
-  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
-  PM_LOG(log, kInfo, 0, "roamingSwitch:%d\n", *out);
-  return kOk;
+  return getSteeringWord(Trail(kSourceTag), WlanBandSteeringRecord::steeringEnable, "roamingSwitch",
+                         out);
 }
 
 int32_t ubus_getLowRSSI24G(uint32_t *out) {
-  const Trail log(kSourceTag);
-  const uint32_t offset = WlanBandSteeringRecord::lowRssi24G.offset;
-  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
-  PM_LOG(log, kInfo, 0, "LowRSSI24G:%d\n", *out);
-  return kOk;
+  return getSteeringWord(Trail(kSourceTag), WlanBandSteeringRecord::lowRssi24G, "LowRSSI24G", out);
 }
 
 int32_t ubus_getLowRSSI5G(uint32_t *out) {
-  const Trail log(kSourceTag);
-  const uint32_t offset = WlanBandSteeringRecord::lowRssi5G.offset;
-  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
-  PM_LOG(log, kInfo, 0, "LowRSSI5G:%d\n", *out);
-  return kOk;
+  return getSteeringWord(Trail(kSourceTag), WlanBandSteeringRecord::lowRssi5G, "LowRSSI5G", out);
 }
 
 int32_t ubus_getRssiThreshold(uint32_t *out) {
-  const Trail log(kSourceTag);
-  const uint32_t offset = WlanBandSteeringRecord::lowRssi24G.offset;
-  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
-  PM_LOG(log, kInfo, 0, "RssiThreshold:%d\n", *out);
-  return kOk;
+  return getSteeringWord(Trail(kSourceTag), WlanBandSteeringRecord::lowRssi24G, "RssiThreshold",
+                         out);
 }
 
 int32_t ubus_getRssiThreshold5G(uint32_t *out) {
-  const Trail log(kSourceTag);
-  const uint32_t offset = WlanBandSteeringRecord::lowRssi5G.offset;
-  if (readSteeringWord(log, offset, out) != kOk) return kFailure;
-  PM_LOG(log, kInfo, 0, "RssiThreshold5G:%d\n", *out);
-  return kOk;
+  return getSteeringWord(Trail(kSourceTag), WlanBandSteeringRecord::lowRssi5G, "RssiThreshold5G",
+                         out);
 }
 
 int32_t ubus_getBandSteeringStatus(uint32_t *out) {
@@ -147,24 +132,13 @@ int32_t ubus_setDismissTime(void) {
   return kOk;
 }
 
-namespace {
-
-/// What a getter reads, or 0 when it cannot.
-int32_t valueOrZero(int32_t (*getter)(uint32_t *)) {
-  uint32_t value = 0;
-  getter(&value);
-  return static_cast<int32_t>(value);
-}
-
-}  // namespace
-
 int32_t pm_ubus_roaming_get(RoamingRecord *record) {
   const Trail log = entered(kSourceTag);
   if (log.lacks(record)) return kFailure;
   RoamingRecord settings = {};
-  settings.roamingSwitch = valueOrZero(ubus_getRoamingSwitch);
-  settings.lowRSSI24G = valueOrZero(ubus_getLowRSSI24G);
-  settings.lowRSSI5G = valueOrZero(ubus_getLowRSSI5G);
+  fill(settings.roamingSwitch, ubus_getRoamingSwitch);
+  fill(settings.lowRSSI24G, ubus_getLowRSSI24G);
+  fill(settings.lowRSSI5G, ubus_getLowRSSI5G);
   *record = settings;
   return kOk;
 }
@@ -185,9 +159,9 @@ int32_t pm_ubus_roaming_set(const RoamingRecord *record) {
 int32_t pm_ubus_roaming_bandsteering_get(BandSteeringRecord *record) {
   const Trail log = entered(kSourceTag);
   if (log.lacks(record)) return kFailure;
-  record->bandSteeringStatus = valueOrZero(ubus_getBandSteeringStatus);
-  record->rssiThreshold = valueOrZero(ubus_getRssiThreshold);
-  record->rssiThreshold5G = valueOrZero(ubus_getRssiThreshold5G);
+  fill(record->bandSteeringStatus, ubus_getBandSteeringStatus);
+  fill(record->rssiThreshold, ubus_getRssiThreshold);
+  fill(record->rssiThreshold5G, ubus_getRssiThreshold5G);
   return kOk;
 }
 
@@ -286,9 +260,9 @@ bool findHost(const uint8_t mac[6], AssociatedHost &host) {
   const uint32_t count = clampCount(table.get(table.count), WlanHostTable::Entries::kCount);
   for (uint32_t i = 0; i < count; ++i) {
     const uint8_t *entry = table.row(table.entries, i);
-    if (memcmp(entry + WlanHostEntry::mac.offset, mac, 6) != 0) continue;
-    host.ssidNumber = loadAs<uint32_t>(entry, WlanHostEntry::ssidNumber.offset);
-    host.rssi = loadAs<int32_t>(entry, WlanHostEntry::rssi.offset);
+    if (memcmp(load(entry, WlanHostEntry::mac), mac, 6) != 0) continue;
+    host.ssidNumber = load(entry, WlanHostEntry::ssidNumber);
+    host.rssi = loadSigned(entry, WlanHostEntry::rssi);
     return true;
   }
   return false;

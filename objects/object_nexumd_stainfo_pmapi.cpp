@@ -1,6 +1,7 @@
 #include <cstdio>
 
 #include "frame/attached_device.hpp"
+#include "frame/getter.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/rate_text.hpp"
@@ -263,16 +264,16 @@ int32_t pm_ubus_get_sta_info(int32_t index, StaInfoRecord *record) {
   const Trail log(kSourceTag);
   PM_LOG(log, kInfo, 0, "enter pm_ubus_get_sta_info");
   if (log.lacks(record)) return kFailure;
-  fillText(record->ipAddress, ubus_getIpAddress, index);
+  fill(record->ipAddress, ubus_getIpAddress, index);
   const auto position = static_cast<int32_t>(static_cast<uint32_t>(index) + 1);
   const InstancePath path = InstancePath::numbered("IGD.LD1.Hosts.Adev", position);
   PM_LOG(log, kInfo, 0, "szViewName=%s\n", path.text);
   if (const int32_t status = fillAccess(log, path, record); status != kOk) return status;
   if (const int32_t status = fillTraffic(log, path, record); status != kOk) return status;
-  fillText(record->hostName, ubus_getHostName, index);
-  fillText(record->macAddress, ubus_getMacAddress, index);
-  fillText(record->staType, ubus_getStatype, index);
-  fillText(record->onlineTime, ubus_getUptime, index);
+  fill(record->hostName, ubus_getHostName, index);
+  fill(record->macAddress, ubus_getMacAddress, index);
+  fill(record->staType, ubus_getStatype, index);
+  fill(record->onlineTime, ubus_getUptime, index);
   fillConfig(index, record);
   printf("===================pmapi end========================");
   return kOk;

@@ -76,7 +76,7 @@ void loadEntry(const ControlBuffer &control, uint32_t position, EntryBuffer &ent
 int32_t sendEntry(const TimerService &service, const EntryBuffer &entry, Operation operation,
                   ControlBuffer &control) {
   control.set(control.entryCount, 1);
-  memcpy(control.bytes + control.entries.offset, entry.bytes, entry.kSize);
+  control.put(control.entries, 0, entry.bytes);
   control.set(control.operation, operation);
   return call(service.set, control);
 }
@@ -97,9 +97,11 @@ uint32_t secondsOf(const char *text) {
 
 /// A repeated day counts twice and thereby turns into the next one.
 uint32_t maskOf(const EntryBuffer &entry) {
+  uint32_t days[kWeekdays];
+  memcpy(days, entry.get(entry.weekdays), sizeof days);
   uint32_t mask = 0;
   for (uint32_t i = 0; i < entry.get(entry.weekdayCount); ++i) {
-    const auto day = loadAs<uint32_t>(entry.get(entry.weekdays), i * sizeof(uint32_t));
+    const uint32_t day = days[i];
     if (day == kSunday) mask += 1;
     if (day >= 1 && day < kSunday) mask += 1U << day;
   }
@@ -111,7 +113,7 @@ void fillEntry(EntryBuffer &entry, const UbusWifiTimer &task, Edge edge, const c
   WeekdayList days = {};
   si_deal_num_conv_weekday(task.weekMask, &days);
   entry.put(entry.time, time);
-  memcpy(entry.bytes + entry.weekdays.offset, days.Weekday, sizeof days.Weekday);
+  entry.put(entry.weekdays, reinterpret_cast<const uint8_t *>(days.Weekday));
   entry.put(entry.weekdayCount, days.nCnt);
   entry.put(entry.edge, edge);
   entry.put(entry.enable, static_cast<uint8_t>(task.enable));

@@ -341,11 +341,11 @@ const char *speedText(int32_t speed) {
   }
 }
 
-constexpr uint16_t kCounterOffsets[8] = {
-    PortStatisticsRecord::counter280.offset, PortStatisticsRecord::counter28.offset,
-    PortStatisticsRecord::counter316.offset, PortStatisticsRecord::counter64.offset,
-    PortStatisticsRecord::counter460.offset, PortStatisticsRecord::counter208.offset,
-    PortStatisticsRecord::counter496.offset, PortStatisticsRecord::counter244.offset};
+constexpr CounterPlace kCounters[8] = {
+    PortStatisticsRecord::counter280, PortStatisticsRecord::counter28,
+    PortStatisticsRecord::counter316, PortStatisticsRecord::counter64,
+    PortStatisticsRecord::counter460, PortStatisticsRecord::counter208,
+    PortStatisticsRecord::counter496, PortStatisticsRecord::counter244};
 
 void reportFailure(const Trail &log, const char *call, int32_t status) {
   if (status == kOk) return;
@@ -358,7 +358,7 @@ void fillPortCounters(const Trail &log, const InstancePath &port, UplinkInfoReco
   if (status != kOk) statistics.clear();
   reportFailure(log, "pm_eth_get_port_basic_statstics", status);
   for (uint32_t i = 0; i < 8; ++i) {
-    record->ethCounters[i] = loadAs<uint64_t>(statistics.bytes, kCounterOffsets[i]);
+    record->ethCounters[i] = statistics.get(kCounters[i]);
   }
 }
 

@@ -1,3 +1,4 @@
+#include "frame/getter.hpp"
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -11,26 +12,18 @@ static constexpr char kSourceTag[] = "object_nexumd_wifi_statsinfo_pmapi.c";
 
 namespace {
 
-using CounterGetter = int32_t (*)(const char *instance, uint64_t *out);
-
 int32_t checked(const Trail &log, int32_t status) {
   return log.readResult(status) == kOk ? kOk : kFailure;
 }
 
 /// The driver counts bytes in 64 bits, packets and what went wrong in 32.
-template <class InDriver>
-int32_t getCounter(const Trail &log, const char *instance, uint32_t offset, uint64_t *out) {
+template <class CounterOrWord>
+int32_t getCounter(const Trail &log, const char *instance, CounterOrWord place, uint64_t *out) {
   if (out == nullptr) return kFailure;
   RecordBuffer<WlanDriverRecord> driver;
   if (checked(log, pm_wlan_get_config_driver(instance, &driver)) != kOk) return kFailure;
-  *out = loadAs<InDriver>(driver.bytes, offset);
+  *out = driver.get(place);
   return kOk;
-}
-
-void fill(uint64_t &field, CounterGetter get, const char *instance) {
-  uint64_t counter = 0;
-  get(instance, &counter);
-  field = counter;
 }
 
 }  // namespace
@@ -53,50 +46,48 @@ int32_t ubus_getSsid(const char *instance, char *out) {
 }
 
 int32_t ubus_getTotalBytesSent(const char *instance, uint64_t *out) {
-  return getCounter<uint64_t>(Trail(kSourceTag), instance, WlanDriverRecord::totalBytesSent.offset,
-                              out);
+  return getCounter(Trail(kSourceTag), instance, CounterPlace(WlanDriverRecord::totalBytesSent),
+                    out);
 }
 
 int32_t ubus_getTotalBytesReceived(const char *instance, uint64_t *out) {
-  return getCounter<uint64_t>(Trail(kSourceTag), instance,
-                              WlanDriverRecord::totalBytesReceived.offset, out);
+  return getCounter(Trail(kSourceTag), instance, CounterPlace(WlanDriverRecord::totalBytesReceived),
+                    out);
 }
 
 int32_t ubus_getTotalPacketsSent(const char *instance, uint64_t *out) {
-  return getCounter<uint32_t>(Trail(kSourceTag), instance,
-                              WlanDriverRecord::totalPacketsSent.offset, out);
+  return getCounter(Trail(kSourceTag), instance, WordPlace(WlanDriverRecord::totalPacketsSent),
+                    out);
 }
 
 int32_t ubus_getTotalPacketsReceived(const char *instance, uint64_t *out) {
-  return getCounter<uint32_t>(Trail(kSourceTag), instance,
-                              WlanDriverRecord::totalPacketsReceived.offset, out);
+  return getCounter(Trail(kSourceTag), instance, WordPlace(WlanDriverRecord::totalPacketsReceived),
+                    out);
 }
 
 int32_t ubus_getErrorsSent(const char *instance, uint64_t *out) {
-  return getCounter<uint32_t>(Trail(kSourceTag), instance, WlanDriverRecord::errorsSent.offset,
-                              out);
+  return getCounter(Trail(kSourceTag), instance, WordPlace(WlanDriverRecord::errorsSent), out);
 }
 
 int32_t ubus_getErrorsReceived(const char *instance, uint64_t *out) {
-  return getCounter<uint32_t>(Trail(kSourceTag), instance, WlanDriverRecord::errorsReceived.offset,
-                              out);
+  return getCounter(Trail(kSourceTag), instance, WordPlace(WlanDriverRecord::errorsReceived), out);
 }
 
 int32_t ubus_getDiscardPacketsSent(const char *instance, uint64_t *out) {
-  return getCounter<uint32_t>(Trail(kSourceTag), instance,
-                              WlanDriverRecord::discardPacketsSent.offset, out);
+  return getCounter(Trail(kSourceTag), instance, WordPlace(WlanDriverRecord::discardPacketsSent),
+                    out);
 }
 
 int32_t ubus_getDiscardPacketsReceived(const char *instance, uint64_t *out) {
-  return getCounter<uint32_t>(Trail(kSourceTag), instance,
-                              WlanDriverRecord::discardPacketsReceived.offset, out);
+  return getCounter(Trail(kSourceTag), instance,
+                    WordPlace(WlanDriverRecord::discardPacketsReceived), out);
 }
 
 int32_t pm_ubus_get_wifi_statsinfo(const char *instance, WifiStatsRecord *record) {
   const Trail log = entered(kSourceTag);
   if (log.lacks(record)) return kFailure;
-  fillText(record->radio, ubus_getRadio, instance);
-  fillText(record->ssid, ubus_getSsid, instance);
+  fill(record->radio, ubus_getRadio, instance);
+  fill(record->ssid, ubus_getSsid, instance);
   fill(record->totalBytesSent, ubus_getTotalBytesSent, instance);
   fill(record->totalBytesReceived, ubus_getTotalBytesReceived, instance);
   fill(record->totalPacketsSent, ubus_getTotalPacketsSent, instance);

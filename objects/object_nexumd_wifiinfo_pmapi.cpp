@@ -1,3 +1,4 @@
+#include "frame/getter.hpp"
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -15,8 +16,7 @@ constexpr uint32_t kKeyNameLimit = 30;
 
 using WlanConfig = RecordBuffer<WlanConfigRecord>;
 
-using NumberGetter = int32_t (*)(int32_t radioIndex, uint32_t *out);
-using WordReader = int32_t (*)(const Trail &log, int32_t radioIndex, uint32_t offset,
+using WordReader = int32_t (*)(const Trail &log, int32_t radioIndex, WordPlace word,
                                uint32_t *value);
 
 /// SSIDs are numbered from 1, the daemon's indices from 0.
@@ -28,54 +28,54 @@ int32_t readConfig(const Trail &log, const InstancePath &ssid, WlanConfig &confi
   return log.readResult(pm_wlan_get_config(ssid.text, &config));
 }
 
-int32_t readConfigWord(const Trail &log, int32_t radioIndex, uint32_t offset, uint32_t *value) {
+int32_t readConfigWord(const Trail &log, int32_t radioIndex, WordPlace word, uint32_t *value) {
   WlanConfig config;
   const int32_t status = readConfig(log, ssidAt(radioIndex), config);
-  *value = loadAs<uint32_t>(config.bytes, offset);
+  *value = config.get(word);
   return status;
 }
 
-int32_t readDriverWord(const Trail &log, int32_t radioIndex, uint32_t offset, uint32_t *value) {
+int32_t readDriverWord(const Trail &log, int32_t radioIndex, WordPlace word, uint32_t *value) {
   // The driver's call takes a longer instance name than the others.
   char instance[64] = {};
   copyText(instance, ssidAt(radioIndex).text);
   RecordBuffer<WlanDriverRecord> driver;
   const int32_t status = log.readResult(pm_wlan_get_config_driver(instance, &driver));
-  *value = loadAs<uint32_t>(driver.bytes, offset);
+  *value = driver.get(word);
   return status;
 }
 
-int32_t getNumber(const Trail &log, int32_t radioIndex, WordReader read, uint32_t offset,
+int32_t getNumber(const Trail &log, int32_t radioIndex, WordReader read, WordPlace word,
                   uint32_t *out) {
   if (out == nullptr) return kFailure;
   uint32_t value;
-  if (read(log, radioIndex, offset, &value) != kOk) return kFailure;
+  if (read(log, radioIndex, word, &value) != kOk) return kFailure;
   *out = value;
   return kOk;
 }
 
-int32_t getDecimal(const Trail &log, int32_t radioIndex, WordReader read, uint32_t offset,
+int32_t getDecimal(const Trail &log, int32_t radioIndex, WordReader read, WordPlace word,
                    char *out) {
   if (out == nullptr) return kFailure;
   uint32_t value;
-  if (read(log, radioIndex, offset, &value) != kOk) return kFailure;
+  if (read(log, radioIndex, word, &value) != kOk) return kFailure;
   char text[kDecimalSize];
   printDecimal(text, value);
   copyExact(out, text, kDecimalSize);
   return kOk;
 }
 
-int32_t getFlag(const Trail &log, int32_t radioIndex, uint32_t offset, uint32_t *out) {
-  const int32_t status = getNumber(log, radioIndex, readConfigWord, offset, out);
+int32_t getFlag(const Trail &log, int32_t radioIndex, WordPlace word, uint32_t *out) {
+  const int32_t status = getNumber(log, radioIndex, readConfigWord, word, out);
   if (status == kOk) *out = *out == 1 ? 1 : 0;
   return status;
 }
 
-int32_t getNamed(const Trail &log, int32_t radioIndex, uint32_t offset,
+int32_t getNamed(const Trail &log, int32_t radioIndex, WordPlace word,
                  const char *(*textOf)(uint32_t), char *out) {
   if (out == nullptr) return kFailure;
   uint32_t code;
-  if (readConfigWord(log, radioIndex, offset, &code) != kOk) return kFailure;
+  if (readConfigWord(log, radioIndex, word, &code) != kOk) return kFailure;
   if (const char *text = textOf(code); text != nullptr) copyExact(out, text, kGetterTextSize - 1);
   return kOk;
 }
@@ -104,20 +104,14 @@ int32_t getPassphrase(const Trail &log, const InstancePath &ssid, char *out) {
   return kOk;
 }
 
-void fill(int32_t &field, NumberGetter get, int32_t radioIndex) {
-  uint32_t number = 0;
-  get(radioIndex, &number);
-  field = static_cast<int32_t>(number);
-}
-
 }  // namespace
 
 int32_t ubus_get_radios_Enable(int32_t radioIndex, uint32_t *out) {
-  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::radioEnable.offset, out);
+  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::radioEnable, out);
 }
 
 int32_t ubus_get_radios_SSIDEnable(int32_t radioIndex, uint32_t *out) {
-  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::ssidEnable.offset, out);
+  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::ssidEnable, out);
 }
 
 int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
@@ -133,28 +127,26 @@ int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char *out) {
-  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::standardCode.offset,
-                  wlan::standardText, out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::standardCode, wlan::standardText,
+                  out);
 }
 
 int32_t ubus_get_radios_noiseLevel(int32_t radioIndex, char *out) {
-  return getDecimal(Trail(kSourceTag), radioIndex, readDriverWord,
-                    WlanDriverRecord::noiseLevel.offset, out);
+  return getDecimal(Trail(kSourceTag), radioIndex, readDriverWord, WlanDriverRecord::noiseLevel,
+                    out);
 }
 
 int32_t ubus_get_radios_interferencePercent(int32_t radioIndex, uint32_t *out) {
   return getNumber(Trail(kSourceTag), radioIndex, readDriverWord,
-                   WlanDriverRecord::interferencePercent.offset, out);
+                   WlanDriverRecord::interferencePercent, out);
 }
 
 int32_t ubus_get_radios_Channel(int32_t radioIndex, char *out) {
-  return getDecimal(Trail(kSourceTag), radioIndex, readConfigWord, WlanConfigRecord::channel.offset,
-                    out);
+  return getDecimal(Trail(kSourceTag), radioIndex, readConfigWord, WlanConfigRecord::channel, out);
 }
 
 int32_t ubus_get_config_Radio(int32_t radioIndex, char *out) {
-  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::band.offset, wlan::bandText,
-                  out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::band, wlan::bandText, out);
 }
 
 int32_t ubus_get_config_Index(int32_t radioIndex, uint32_t *out) {
@@ -174,8 +166,8 @@ int32_t ubus_get_config_Ssid(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_config_SecurityMode(int32_t radioIndex, char *out) {
-  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::securityMode.offset,
-                  wlan::securityText, out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::securityMode, wlan::securityText,
+                  out);
 }
 
 int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out) {
@@ -199,20 +191,19 @@ int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_config_MaxAssociateNum(int32_t radioIndex, uint32_t *out) {
-  return getNumber(Trail(kSourceTag), radioIndex, readConfigWord,
-                   WlanConfigRecord::maxAssociateNum.offset, out);
+  return getNumber(Trail(kSourceTag), radioIndex, readConfigWord, WlanConfigRecord::maxAssociateNum,
+                   out);
 }
 
 int32_t ubus_get_config_SsidAdvertisementEnable(int32_t radioIndex, uint32_t *out) {
-  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::ssidAdvertisementEnabled.offset,
-                 out);
+  return getFlag(Trail(kSourceTag), radioIndex, WlanConfigRecord::ssidAdvertisementEnabled, out);
 }
 
 int32_t ubus_get_info_bandwidth(int32_t radioIndex, uint32_t *out) {
   if (out == nullptr) return kFailure;
   uint32_t code;
   const int32_t status =
-      readConfigWord(Trail(kSourceTag), radioIndex, WlanConfigRecord::bandwidthCode.offset, &code);
+      readConfigWord(Trail(kSourceTag), radioIndex, WlanConfigRecord::bandwidthCode, &code);
   if (status == kOk) *out = wlan::bandwidthForDaemon(code);
   return status;
 }
@@ -238,17 +229,17 @@ int32_t ubus_get_info_encrypt(int32_t radioIndex, uint32_t *out) {
 uint32_t pm_ubus_get_wifi_info(int32_t radioIndex, WifiInfoRecord *record) {
   const Trail log = entered(kSourceTag);
   if (log.lacks(record)) return static_cast<uint32_t>(kFailure);
-  fillText(record->radio, ubus_get_config_Radio, radioIndex);
+  fill(record->radio, ubus_get_config_Radio, radioIndex);
   fill(record->enable, ubus_get_radios_Enable, radioIndex);
-  fillText(record->transmitPower, ubus_get_radios_transmitPower, radioIndex);
-  fillText(record->standard, ubus_get_radios_ssidStandard, radioIndex);
-  fillText(record->noiseLevel, ubus_get_radios_noiseLevel, radioIndex);
+  fill(record->transmitPower, ubus_get_radios_transmitPower, radioIndex);
+  fill(record->standard, ubus_get_radios_ssidStandard, radioIndex);
+  fill(record->noiseLevel, ubus_get_radios_noiseLevel, radioIndex);
   record->interferencePercent = 0;
-  fillText(record->channel, ubus_get_radios_Channel, radioIndex);
+  fill(record->channel, ubus_get_radios_Channel, radioIndex);
   fill(record->index, ubus_get_config_Index, radioIndex);
-  fillText(record->ssid, ubus_get_config_Ssid, radioIndex);
-  fillText(record->securityMode, ubus_get_config_SecurityMode, radioIndex);
-  fillText(record->pwd, ubus_get_config_Pwd, radioIndex);
+  fill(record->ssid, ubus_get_config_Ssid, radioIndex);
+  fill(record->securityMode, ubus_get_config_SecurityMode, radioIndex);
+  fill(record->pwd, ubus_get_config_Pwd, radioIndex);
   fill(record->maxAssociateNum, ubus_get_config_MaxAssociateNum, radioIndex);
   fill(record->ssidAdvertisementEnabled, ubus_get_config_SsidAdvertisementEnable, radioIndex);
   fill(record->ssidEnable, ubus_get_radios_SSIDEnable, radioIndex);

@@ -35,12 +35,12 @@ uint32_t countOf(const ApListBuffer &list) {
 HeardAccessPoint accessPointAt(const ApListBuffer &list, uint32_t position) {
   const uint8_t *entry = list.row(list.entries, position);
   HeardAccessPoint heard = {};
-  memcpy(heard.ssid, entry + WlanApEntry::ssid.offset, WlanApEntry::ssid.width);
-  memcpy(heard.bssid, entry + WlanApEntry::bssid.offset, sizeof heard.bssid);
-  heard.channel = loadAs<int32_t>(entry, WlanApEntry::channel.offset);
-  heard.rssi = loadAs<int32_t>(entry, WlanApEntry::rssi.offset);
-  heard.securityMode = loadAs<int32_t>(entry, WlanApEntry::securityMode.offset);
-  heard.encryption = loadAs<int32_t>(entry, WlanApEntry::encryption.offset);
+  memcpy(heard.ssid, load(entry, WlanApEntry::ssid), WlanApEntry::ssid.width);
+  memcpy(heard.bssid, load(entry, WlanApEntry::bssid), sizeof heard.bssid);
+  heard.channel = loadSigned(entry, WlanApEntry::channel);
+  heard.rssi = loadSigned(entry, WlanApEntry::rssi);
+  heard.securityMode = loadSigned(entry, WlanApEntry::securityMode);
+  heard.encryption = loadSigned(entry, WlanApEntry::encryption);
   return heard;
 }
 
