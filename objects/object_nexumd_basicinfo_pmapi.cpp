@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "frame/codes.hpp"
 #include "frame/getter.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
@@ -185,8 +186,9 @@ int32_t ubus_getUplinkType(char *text, int32_t length) {
     return status;
   }
   const auto bound = length > 0 ? static_cast<uint32_t>(length) : 0;
-  if (uplink.mode == UP_MODE_WLAN) copyWord(text, "WLAN", bound);
-  if (uplink.mode == UP_MODE_ETHERNET) copyWord(text, "Ethernet", bound);
+  if (const char *name = nameOf(kUplinkModes, uplink.mode); name != nullptr) {
+    copyWord(text, name, bound);
+  }
   return kOk;
 }
 

@@ -7,7 +7,7 @@
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/wan_rewriting.hpp"
+#include "objects/shared/wan_rewriting.hpp"
 #include "platform/device.h"
 #include "platform/device.hpp"
 #include "platform/firewall.hpp"
@@ -183,8 +183,6 @@ int32_t pm_ubus_led_control(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
 int32_t pm_ubus_led_get(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
   return pm_pdt_get_leds_status(a, b, c, d);
 }
-
-namespace {}  // namespace
 
 int32_t pm_ubus_ipv6enable_get(uint32_t *enable) {
   const Trail log(kSourceTag);

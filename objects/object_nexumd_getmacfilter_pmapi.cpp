@@ -15,7 +15,6 @@ namespace {
 
 using FirewallBase = RecordBuffer<FirewallBaseRecord>;
 
-constexpr uint32_t kWhiteList = 1;
 constexpr uint32_t kEntriesSize = 128;
 constexpr char kItemStore[] = "/userconfig/nexumd_cfgfile";
 

@@ -8,7 +8,7 @@
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
 #include "frame/text.hpp"
-#include "objects/url_rules.hpp"
+#include "objects/shared/url_rules.hpp"
 #include "platform/host.h"
 #include "platform/limits.hpp"
 #include "pmapi/helpers.h"

@@ -1,3 +1,4 @@
+#include "frame/codes.hpp"
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
@@ -17,9 +18,7 @@ namespace {
 enum PortType : uint32_t { kUplinkPort = 0, kLanPort = 1 };
 
 // The uplink knows the first three only: a fourth gives it an empty text.
-constexpr char kRates[][12] = {"10Mbps", "100Mbps", "1000Mbps", "10000Mbps"};
-constexpr uint32_t kLanRates = 4;
-constexpr uint32_t kUplinkRates = 3;
+constexpr CodeTable kUplinkRates = CodeTable(kPortRates).first(3);
 
 constexpr uint32_t kPortSelector = static_cast<uint32_t>(-9);
 
@@ -44,7 +43,7 @@ void fillUplink(const Trail &log, uint32_t port, PortInfoRecord *record) {
       status != kOk) {
     PM_LOG(log, kError, status, "error:pm_wan_get_port_link_state_type\n");
   }
-  copyText(record->portRate, rate < kUplinkRates ? kRates[rate] : "");
+  copyText(record->portRate, nameOf(kUplinkRates, rate, ""));
   PM_LOG(log, kInfo, 0, "stateResult=%d\n", state);
   record->portConnection = state;
 }
@@ -59,8 +58,8 @@ int32_t fillLan(const Trail &log, const char *instance, const PortConfigBuffer &
   }
   record->portConnection = link.get(link.linkState);
   PM_LOG(log, kInfo, 0, "portConnection:%d \n", record->portConnection);
-  const uint32_t rate = config.get(config.rateCode);
-  if (rate < kLanRates) copyText(record->portRate, kRates[rate]);
+  const char *rate = nameOf(kPortRates, config.get(config.rateCode));
+  if (rate != nullptr) copyText(record->portRate, rate);
   PM_LOG(log, kInfo, 0, "p_portinfo->portRate : %s!\n ", record->portRate);
   return kOk;
 }

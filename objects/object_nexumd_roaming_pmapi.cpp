@@ -1,6 +1,7 @@
 #include <cstdio>
 
 #include "frame/attached_device.hpp"
+#include "frame/codes.hpp"
 #include "frame/getter.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
@@ -278,7 +279,7 @@ int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
   if (!parseMac(log, bounded.request.macAddress, mac)) return kFailure;
   AssociatedHost host = {};
   if (!findHost(mac, host)) return kFailure;
-  const uint32_t radioType = host.ssidNumber > kLast24GSsid ? 1 : 0;
+  const uint32_t radioType = host.ssidNumber > kLast24GSsid ? kBand5G : kBand24G;
   printf("radioType:%d\n", radioType);
 
   ProxyReply<20480> reply;
@@ -290,7 +291,7 @@ int32_t pm_ubus_roaming_starssi_get(StaRssiRecord *record) {
   }
   RecordBuffer<RadioInfoRecord> radio;
   reply.copyPayload(radio.bytes, radio.kSize);
-  copyText(record->radio, radioType == 1 ? "5G" : "2.4G");
+  copyText(record->radio, nameOf(kBands, radioType));
   printDecimal(record->rssi, host.rssi);
   printDecimal(record->radioValue, radio.get(radio.radioValue));
   return kOk;
@@ -312,9 +313,14 @@ Medium wirelessMedium(const Trail &log, const uint8_t mac[6]) {
     printf("pm_wlan_get_config fail=%d\n", status);
     return Medium::kNone;
   }
-  const uint32_t band = config.get(config.band);
-  if (band > 1) return Medium::kNone;
-  return band == 0 ? Medium::k24G : Medium::k5G;
+  switch (config.get(config.band)) {
+    case kBand24G:
+      return Medium::k24G;
+    case kBand5G:
+      return Medium::k5G;
+    default:
+      return Medium::kNone;
+  }
 }
 
 /// Where a device is attached; kNone for one that does not count.

@@ -1,6 +1,7 @@
 #include <cstdio>
 
 #include "frame/attached_device.hpp"
+#include "frame/codes.hpp"
 #include "frame/getter.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
@@ -20,9 +21,6 @@ using namespace pm;
 static constexpr char kSourceTag[] = "object_nexumd_stainfo_pmapi.c";
 
 namespace {
-
-constexpr char kKinds[][8] = {"phone", "pad", "pc", "stb", "ap", "iot"};
-constexpr uint32_t kKindCount = sizeof kKinds / sizeof kKinds[0];
 
 int32_t listDevices(DeviceTable &devices) {
   return plib_adev_list_view_all(&devices.list) == kOk ? PM_STATUS_OK : PM_STATUS_LIST_UNREADABLE;
@@ -77,8 +75,7 @@ int32_t ubus_getStatype(int32_t index, char *out) {
   const Trail log(kSourceTag);
   DeviceBuffer device;
   if (const int32_t status = lookUp(log, index, out, device); status != kOk) return status;
-  const uint32_t kind = device.get(device.kind);
-  const char *name = kind >= 1 && kind <= kKindCount ? kKinds[kind - 1] : "other";
+  const char *name = nameOf(kDeviceKinds, device.get(device.kind), "other");
   copyExact(out, name, kGetterTextSize - 1);
   PM_LOG(log, kInfo, 0, "statype:%s\n", name);
   return kOk;
@@ -118,9 +115,8 @@ int32_t fillRadio(const InstancePath &ssid, StaConfigResult *result) {
     printf("pm_wlan_get_config fail=%d\n", status);
     return status;
   }
-  const uint32_t band = config.get(config.band);
-  if (band == 0) copyText(result->band, "2.4G");
-  if (band == 1) copyText(result->band, "5G");
+  const char *band = nameOf(kBands, config.get(config.band));
+  if (band != nullptr) copyText(result->band, band);
   copyExact(result->wlanName, config.text(config.ssid), sizeof result->wlanName - 1);
   printDecimal(result->radioValue, config.get(config.channel));
   return kOk;
@@ -150,9 +146,9 @@ int32_t readWiredLink(const char *interfaceName, StaConfigResult *result) {
   if (!findLanInterface(interfaceName, lan)) return kFailure;
   const char *speed = lan.text(lan.speed);
   const char *rate = "";
-  if (startsWith(speed, "10Mbps")) rate = "10";
-  if (startsWith(speed, "100Mbps")) rate = "100";
-  if (startsWith(speed, "1000Mbps")) rate = "1000";
+  for (const Code &known : kUplinkSpeeds) {
+    if (startsWith(speed, nameOf(kPortRates, known.value))) rate = known.name;
+  }
   copyText(result->linkRate, rate);
   copyText(result->linkRate2, rate);
   return kOk;

@@ -19,8 +19,6 @@ static constexpr char kSourceTag[] = "object_nexumd_timedtask_pmapi.c";
 namespace {
 
 enum Action { kWakeUp = 1, kWlanSchedule = 2 };
-enum Operation : uint32_t { kAddEntry = 0, kDeleteEntry = 1 };
-enum Edge : uint8_t { kStart = 0, kEnd = 1 };
 
 constexpr uint32_t kDaySeconds = 86400;
 constexpr uint32_t kSunday = 7;
@@ -73,7 +71,7 @@ void loadEntry(const ControlBuffer &control, uint32_t position, EntryBuffer &ent
   entry.put(entry.weekdayCount, clampCount(entry.get(entry.weekdayCount), kWeekdays));
 }
 
-int32_t sendEntry(const TimerService &service, const EntryBuffer &entry, Operation operation,
+int32_t sendEntry(const TimerService &service, const EntryBuffer &entry, uint32_t operation,
                   ControlBuffer &control) {
   control.set(control.entryCount, 1);
   control.put(control.entries, 0, entry.bytes);
@@ -109,7 +107,7 @@ uint32_t maskOf(const EntryBuffer &entry) {
 }
 
 /// What both kinds of task have in common.
-void fillEntry(EntryBuffer &entry, const UbusWifiTimer &task, Edge edge, const char *time) {
+void fillEntry(EntryBuffer &entry, const UbusWifiTimer &task, uint8_t edge, const char *time) {
   WeekdayList days = {};
   si_deal_num_conv_weekday(task.weekMask, &days);
   entry.put(entry.time, time);
@@ -193,7 +191,7 @@ void deleteSameTask(const Trail &log, int32_t taskId) {
 
 int32_t addEntry(const Trail &log, const TimerService &service, const EntryBuffer &entry) {
   ControlBuffer control;
-  const int32_t status = sendEntry(service, entry, kAddEntry, control);
+  const int32_t status = sendEntry(service, entry, kAddTimer, control);
   if (status == kOk) return kOk;
   PM_LOG(log, kError, status, "iRet = %d,Reason:%s\n", status, control.text(control.failureReason));
   PM_LOG(log, kError, status, "pm_ubus_wifi_timer_add fail, iRet =%d\n ", status);
@@ -204,7 +202,7 @@ int32_t addWakeUp(const Trail &log, const UbusWifiTimer &task) {
   char time[kTimeSize];
   printTime(task.timeOffset, time);
   EntryBuffer entry;
-  fillEntry(entry, task, kStart, time);
+  fillEntry(entry, task, kStartEdge, time);
   PM_LOG(log, kInfo, 0, "TaskId:%d\n", task.taskId);
   PM_LOG(log, kInfo, 0, "set Enable:%d\n", task.enable);
   PM_LOG(log, kInfo, 0, "timeOffset:%d = Time:%s \n", task.timeOffset, time);
@@ -215,7 +213,7 @@ int32_t addSchedule(const Trail &log, const UbusWifiTimer &task) {
   char time[kTimeSize];
   printTime(task.timeOffset, time);
   EntryBuffer entry;
-  fillEntry(entry, task, kStart, time);
+  fillEntry(entry, task, kStartEdge, time);
   entry.put(entry.index, static_cast<uint32_t>(task.index));
   PM_LOG(log, kInfo, 0, "TaskId:%d\n", task.taskId);
   PM_LOG(log, kInfo, 0, "Enable:%d\n", task.enable);
@@ -226,7 +224,7 @@ int32_t addSchedule(const Trail &log, const UbusWifiTimer &task) {
   }
   printTime(task.timeOffset2, time);
   entry.put(entry.time, time);
-  entry.put(entry.edge, kEnd);
+  entry.put(entry.edge, kEndEdge);
   PM_LOG(log, kInfo, 0, "timeOffset2:%d = Time:%s \n", task.timeOffset2, time);
   return addEntry(log, kSchedules, entry);
 }
@@ -253,7 +251,7 @@ int32_t deleteEntries(const Trail &log, const TimerService &service, int32_t tas
     EntryBuffer entry;
     copyFields(found, service.hasIndex, entry);
     ControlBuffer control;
-    if (const int32_t status = sendEntry(service, entry, kDeleteEntry, control); status != kOk) {
+    if (const int32_t status = sendEntry(service, entry, kDeleteTimer, control); status != kOk) {
       PM_LOG(log, kError, status, "delete taskid error!\n");
       return kFailure;
     }

@@ -1,15 +1,16 @@
 #include <cstdio>
 #include <cstring>
 
+#include "frame/codes.hpp"
 #include "frame/file.hpp"
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/proxy.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/sample_modes.hpp"
-#include "objects/uplink_ipv6.hpp"
-#include "objects/uplink_rates.hpp"
+#include "objects/shared/sample_modes.hpp"
+#include "objects/shared/uplink_ipv6.hpp"
+#include "objects/shared/uplink_rates.hpp"
 #include "platform/host.h"
 #include "platform/ports.h"
 #include "platform/ports.hpp"
@@ -227,7 +228,6 @@ int32_t ubus_get_prefixcfg(const char *instance, void *view) {
 
 namespace {
 
-constexpr uint32_t kPppoe = 2;
 constexpr int32_t kWithIpv6 = 1;
 constexpr uint32_t kLowHalf = 0xFFFF;
 
@@ -242,8 +242,8 @@ const char *ponName(const Trail &log) {
 }
 
 const char *uplinkName(const Trail &log, uint32_t mode) {
-  if (mode == UP_MODE_ETHERNET) return "Ethernet";
-  return mode == UP_MODE_WLAN ? "WLAN" : ponName(log);
+  const char *name = nameOf(kUplinkModes, mode);
+  return name != nullptr ? name : ponName(log);
 }
 
 void fillMacs(const Trail &log, UplinkInfoRecord *record) {
@@ -271,7 +271,7 @@ void fillAccess(ViewBuffer<NetworkingDeviceView> &networking, UplinkInfoRecord *
   record->netIpMode = networking.getSigned(networking.netIpMode);
   char user[kTextSize] = {};
   char password[kTextSize] = {};
-  if (networking.get(networking.accessMode) == kPppoe) ubus_getPPPOEUserPwd(user, password);
+  if (networking.get(networking.accessMode) == kPppAccess) ubus_getPPPOEUserPwd(user, password);
   copyText(record->pppoeUserName, user);
   copyText(record->pppoePassword, password);
   printDecimal(record->runningTime, GetUpTime());
@@ -297,16 +297,16 @@ void readWlanLink(const Trail &log, uint32_t band, LinkBuffer &link) {
 
 void fillWlanLink(const Trail &log, UplinkInfoRecord *record) {
   LinkBuffer link;
-  uint32_t band = 0;
+  uint32_t band = kBand24G;
   readWlanLink(log, band, link);
   if (link.get(link.linkDown) != 0) {
     PM_LOG(log, kInfo, 0, "pm_wlan_get_linkStatus_bystamode 5G  %d\n", link.get(link.linkDown));
-    band = 1;
+    band = kBand5G;
     readWlanLink(log, band, link);
   }
   const bool isDown = link.get(link.linkDown) != 0;
   PM_LOG(log, kInfo, 0, "wlan status %d\n ", link.get(link.linkDown));
-  copyText(record->radioBand, isDown ? "" : band == 0 ? "2.4G" : "5G");
+  copyText(record->radioBand, isDown ? "" : nameOf(kBands, band));
   copyText(record->linkName, link.text(link.ssid));
   printDecimal(record->wlanStatus1, link.get(link.wlanStatus1));
   printDecimal(record->wlanStatus2, link.get(link.wlanStatus2));
@@ -326,19 +326,6 @@ int32_t readPortSpeed(const Trail &log) {
   }
   int32_t speed = 0;
   return reply.copyPayload(&speed, sizeof speed) == sizeof speed ? speed : kUnknownSpeed;
-}
-
-const char *speedText(int32_t speed) {
-  switch (speed) {
-    case 0:
-      return "10";
-    case 1:
-      return "100";
-    case 2:
-      return "1000";
-    default:
-      return "";
-  }
 }
 
 constexpr CounterPlace kCounters[8] = {
@@ -369,7 +356,7 @@ void fillWiredLink(const Trail &log, uint32_t port, UplinkInfoRecord *record) {
   instance.end();
   const int32_t speed = readPortSpeed(log);
   PM_LOG(log, kInfo, 0, "speedResult:%d\n", speed);
-  const char *rate = speedText(speed);
+  const char *rate = nameOf(kUplinkSpeeds, static_cast<uint32_t>(speed), "");
   PM_LOG(log, kInfo, 0, "pm_wan_get_port_link_state_type Rate = %s \n", rate);
   record->radioBand[0] = '\0';
   record->linkName[0] = '\0';

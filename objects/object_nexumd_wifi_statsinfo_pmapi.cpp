@@ -1,8 +1,8 @@
+#include "frame/codes.hpp"
 #include "frame/getter.hpp"
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_tables.hpp"
 #include "platform/wlan.hpp"
 #include "pmapi/wifi_statsinfo.h"
 
@@ -32,7 +32,7 @@ int32_t ubus_getRadio(const char *instance, char *out) {
   if (out == nullptr) return kFailure;
   RecordBuffer<WlanConfigRecord> config;
   if (checked(Trail(kSourceTag), pm_wlan_get_config(instance, &config)) != kOk) return kFailure;
-  const char *band = wlan::bandText(config.get(config.band));
+  const char *band = nameOf(kBands, config.get(config.band));
   if (band != nullptr) copyExact(out, band, kGetterTextSize - 1);
   return kOk;
 }

@@ -1,8 +1,9 @@
+#include "frame/codes.hpp"
 #include "frame/log.hpp"
 #include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_instances.hpp"
 #include "platform/wlan.hpp"
 #include "pmapi/wifi_switch.h"
 
@@ -15,14 +16,14 @@ uint32_t pm_ubus_wifi_switch_set(const WifiSwitchRecord *record) {
   if (log.lacks(record)) return static_cast<uint32_t>(kNullRecord);
   const BoundedRequest<WifiSwitchRecord> bounded(*record);
   const char *radio = bounded.request.radio;
-  const auto band = wlan::bandNamed(radio);
-  if (!band) {
+  const Code *band = codeNamed(kBands, radio);
+  if (band == nullptr) {
     PM_LOG(log, kError, 0, "ubuswifiparameter->radio error %s \r\n", radio);
     return static_cast<uint32_t>(PM_STATUS_UNKNOWN_RADIO);
   }
-  const InstancePath instance = wlan::radioInstance(*band);
+  const InstancePath instance = wlan::radioInstance(band->value);
   RecordBuffer<WlanConfigRecord> config;
-  config.set(config.band, *band);
+  config.set(config.band, band->value);
   config.set(config.radioEnable, static_cast<uint32_t>(record->enable));
   const int32_t status = pm_wlan_set_config(instance.text, &config);
   if (appliedOrUnchanged(status)) return 0;

@@ -1,7 +1,8 @@
+#include "frame/codes.hpp"
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_instances.hpp"
 #include "platform/wlan.hpp"
 #include "pmapi/wifi_wps.h"
 
@@ -17,11 +18,11 @@ uint32_t pm_ubus_wifi_wps_set(const char *radio) {
   }
   InstancePath first("");
   InstancePath second("");
-  if (const auto band = wlan::bandNamed(radio)) {
-    first = wlan::wpsInstance(*band);
+  if (const Code *band = codeNamed(kBands, radio); band != nullptr) {
+    first = wlan::wpsInstance(band->value);
   } else if (abbreviates(radio, "all")) {
-    first = wlan::wpsInstance(wlan::kBand24G);
-    second = wlan::wpsInstance(wlan::kBand5G);
+    first = wlan::wpsInstance(kBand24G);
+    second = wlan::wpsInstance(kBand5G);
     PM_LOG(log, kInfo, 0, "szInstIdentity %s \r\n", first.text);
     PM_LOG(log, kInfo, 0, "szTmpIdentity %s \r\n", second.text);
   } else {

@@ -1,8 +1,9 @@
+#include "frame/codes.hpp"
 #include "frame/getter.hpp"
 #include "frame/log.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_instances.hpp"
 #include "platform/wlan.hpp"
 #include "pmapi/wifiinfo.h"
 
@@ -71,12 +72,13 @@ int32_t getFlag(const Trail &log, int32_t radioIndex, WordPlace word, uint32_t *
   return status;
 }
 
-int32_t getNamed(const Trail &log, int32_t radioIndex, WordPlace word,
-                 const char *(*textOf)(uint32_t), char *out) {
+int32_t getNamed(const Trail &log, int32_t radioIndex, WordPlace word, CodeTable names, char *out) {
   if (out == nullptr) return kFailure;
   uint32_t code;
   if (readConfigWord(log, radioIndex, word, &code) != kOk) return kFailure;
-  if (const char *text = textOf(code); text != nullptr) copyExact(out, text, kGetterTextSize - 1);
+  if (const char *name = nameOf(names, code); name != nullptr) {
+    copyExact(out, name, kGetterTextSize - 1);
+  }
   return kOk;
 }
 
@@ -117,8 +119,7 @@ int32_t ubus_get_radios_SSIDEnable(int32_t radioIndex, uint32_t *out) {
 int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
   if (out == nullptr) return kFailure;
   if (radioIndex != 0 && radioIndex != 4) return kOk;
-  const InstancePath instance =
-      wlan::txPowerInstance(radioIndex == 0 ? wlan::kBand24G : wlan::kBand5G);
+  const InstancePath instance = wlan::txPowerInstance(radioIndex == 0 ? kBand24G : kBand5G);
   RecordBuffer<WlanTxPowerRecord> power;
   if (Trail(kSourceTag).readResult(pm_wlan_get_txpower(instance.text, &power)) != kOk)
     return kFailure;
@@ -127,8 +128,7 @@ int32_t ubus_get_radios_transmitPower(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_radios_ssidStandard(int32_t radioIndex, char *out) {
-  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::standardCode, wlan::standardText,
-                  out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::standardCode, kStandards, out);
 }
 
 int32_t ubus_get_radios_noiseLevel(int32_t radioIndex, char *out) {
@@ -146,7 +146,7 @@ int32_t ubus_get_radios_Channel(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_config_Radio(int32_t radioIndex, char *out) {
-  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::band, wlan::bandText, out);
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::band, kBands, out);
 }
 
 int32_t ubus_get_config_Index(int32_t radioIndex, uint32_t *out) {
@@ -166,7 +166,7 @@ int32_t ubus_get_config_Ssid(int32_t radioIndex, char *out) {
 }
 
 int32_t ubus_get_config_SecurityMode(int32_t radioIndex, char *out) {
-  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::securityMode, wlan::securityText,
+  return getNamed(Trail(kSourceTag), radioIndex, WlanConfigRecord::securityMode, kSecurityModes,
                   out);
 }
 
@@ -177,12 +177,12 @@ int32_t ubus_get_config_Pwd(int32_t radioIndex, char *out) {
   WlanConfig config;
   if (readConfig(log, ssid, config) != kOk) return kFailure;
   switch (config.get(config.securityMode)) {
-    case wlan::kSecurityWep:
+    case kSecurityWep:
       return getWepKey(log, ssid, config.get(config.wepKeyIndex), out);
-    case wlan::kSecurityNone:
-    case wlan::kSecurityWpa:
-    case wlan::kSecurityWpa2:
-    case wlan::kSecurityWpaWpa2:
+    case kSecurityNone:
+    case kSecurityWpa:
+    case kSecurityWpa2:
+    case kSecurityWpaWpa2:
       return getPassphrase(log, ssid, out);
     default:
       // WPA3 and unknown modes report no key.
@@ -204,8 +204,10 @@ int32_t ubus_get_info_bandwidth(int32_t radioIndex, uint32_t *out) {
   uint32_t code;
   const int32_t status =
       readConfigWord(Trail(kSourceTag), radioIndex, WlanConfigRecord::bandwidthCode, &code);
-  if (status == kOk) *out = wlan::bandwidthForDaemon(code);
-  return status;
+  if (status != kOk) return status;
+  const Code *bandwidth = codeOf(kBandwidths, code);
+  *out = bandwidth != nullptr ? bandwidth->daemonNumber : code;
+  return kOk;
 }
 
 int32_t ubus_get_info_encrypt(int32_t radioIndex, uint32_t *out) {
@@ -216,13 +218,13 @@ int32_t ubus_get_info_encrypt(int32_t radioIndex, uint32_t *out) {
     return status;
   }
   const uint32_t mode = config.get(config.securityMode);
-  if (mode == wlan::kSecurityNone || mode == wlan::kSecurityWep) {
+  if (mode == kSecurityNone || mode == kSecurityWep) {
     *out = 0;
     return kOk;
   }
-  const uint32_t cipher = mode == wlan::kSecurityWpa2 ? config.get(config.wpa2Encryption)
-                                                      : config.get(config.wpaEncryption);
-  if (const auto encrypt = wlan::cipherForDaemon(cipher)) *out = *encrypt;
+  const uint32_t cipher =
+      mode == kSecurityWpa2 ? config.get(config.wpa2Encryption) : config.get(config.wpaEncryption);
+  if (const Code *code = codeOf(kCiphers, cipher); code != nullptr) *out = code->daemonNumber;
   return kOk;
 }
 

@@ -1,10 +1,11 @@
 #include <cstdio>
 
+#include "frame/codes.hpp"
 #include "frame/log.hpp"
 #include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_instances.hpp"
 #include "platform/wlan.hpp"
 #include "pmapi/wifiparameter.h"
 
@@ -32,38 +33,39 @@ void logRequest(const Trail &log, const WifiParameterRecord &request) {
 }
 
 uint32_t bandOf(const Trail &log, const char *radio) {
-  const auto band = wlan::bandNamed(radio);
-  if (!band) PM_LOG(log, kError, 0, "ubuswifiparameter->radio error %s \r\n", radio);
-  return band.value_or(wlan::kBand24G);
+  const Code *band = codeNamed(kBands, radio);
+  if (band == nullptr) PM_LOG(log, kError, 0, "ubuswifiparameter->radio error %s \r\n", radio);
+  return band != nullptr ? band->value : kBand24G;
 }
 
-void printSecurity(const wlan::SecurityMode &mode) {
-  const bool wpaAlone = mode.code == wlan::kSecurityWpa || mode.code == wlan::kSecurityWpa2;
+void printSecurity(const Code &mode) {
+  const bool wpaAlone = mode.value == kSecurityWpa || mode.value == kSecurityWpa2;
   if (wpaAlone) {
-    printf("ENTER securityMode %s \r\n", mode.text);
+    printf("ENTER securityMode %s \r\n", mode.name);
   } else {
-    printf("ENTER securityMode  %s\r\n", mode.text);
+    printf("ENTER securityMode  %s\r\n", mode.name);
   }
 }
 
-void setSecurity(WlanConfig &config, const wlan::SecurityMode &mode, uint32_t cipher) {
-  config.set(config.securityMode, mode.code);
-  switch (mode.code) {
-    case wlan::kSecurityWep:
-      config.set(config.wepKeyLength, mode.wepKeyLength);
+void setSecurity(WlanConfig &config, const Code &mode, uint32_t cipher) {
+  config.set(config.securityMode, mode.value);
+  switch (mode.value) {
+    case kSecurityWep:
+      config.set(config.wepKeyLength,
+                 codeOf(kSecurityModes, mode.value) == &mode ? kWep64Bit : kWep128Bit);
       break;
-    case wlan::kSecurityWpa:
+    case kSecurityWpa:
       config.set(config.wpaEncryption, cipher);
       break;
-    case wlan::kSecurityWpa2:
+    case kSecurityWpa2:
       config.set(config.wpa2Encryption, cipher);
       break;
-    case wlan::kSecurityWpaWpa2:
+    case kSecurityWpaWpa2:
       config.set(config.wpaEncryption, cipher);
       config.set(config.wpa2Encryption, cipher);
       break;
-    case wlan::kSecurityWpa3:
-    case wlan::kSecurityWpa2Wpa3:
+    case kSecurityWpa3:
+    case kSecurityWpa2Wpa3:
       config.set(config.saeEnable, 1);
       config.set(config.saeProtection, 1);
       break;
@@ -73,16 +75,16 @@ void setSecurity(WlanConfig &config, const wlan::SecurityMode &mode, uint32_t ci
 }
 
 void applyRequest(const Trail &log, const WifiParameterRecord &request, WlanConfig &config) {
-  const uint32_t cipher = wlan::cipherForPlatform(request.encrypt);
+  const Code *cipher = codeNumbered(kCiphers, static_cast<uint32_t>(request.encrypt));
   config.set(config.band, bandOf(log, request.radio));
   config.set(config.ssidEnable, static_cast<uint32_t>(request.enable));
   config.set(config.ssid, request.ssid);
   config.set(config.maxAssociateNum, static_cast<uint32_t>(request.maxAssociateNum));
   config.set(config.ssidAdvertisementEnabled,
              static_cast<uint32_t>(request.ssidAdvertisementEnabled));
-  if (const auto *mode = wlan::securityNamed(request.securityMode); mode != nullptr) {
+  if (const Code *mode = codeNamed(kSecurityModes, request.securityMode); mode != nullptr) {
     printSecurity(*mode);
-    setSecurity(config, *mode, cipher);
+    setSecurity(config, *mode, cipher != nullptr ? cipher->value : 0);
   }
 }
 
@@ -128,14 +130,14 @@ int32_t writePassphrase(const Trail &log, const InstancePath &ssid, WlanConfig &
 /// An open network's key is written like any other, an empty one included.
 int32_t writeKey(const Trail &log, const InstancePath &ssid, WlanConfig &config, const char *key) {
   switch (config.get(config.securityMode)) {
-    case wlan::kSecurityWep:
+    case kSecurityWep:
       return writeWepKey(log, ssid, config, key);
-    case wlan::kSecurityNone:
-    case wlan::kSecurityWpa:
-    case wlan::kSecurityWpa2:
-    case wlan::kSecurityWpaWpa2:
-    case wlan::kSecurityWpa3:
-    case wlan::kSecurityWpa2Wpa3:
+    case kSecurityNone:
+    case kSecurityWpa:
+    case kSecurityWpa2:
+    case kSecurityWpaWpa2:
+    case kSecurityWpa3:
+    case kSecurityWpa2Wpa3:
       return writePassphrase(log, ssid, config, key);
     default:
       return kOk;

@@ -1,7 +1,7 @@
+#include "frame/codes.hpp"
 #include "frame/log.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_scan.hpp"
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_scan.hpp"
 #include "platform/host.h"
 #include "pmapi/wlan_neighborinfo.h"
 
@@ -37,7 +37,7 @@ int32_t scanBand(const Trail &log, uint32_t band, NeighborInfoRecord *record, in
   }
   const uint32_t heard = countOf(list);
   *count = static_cast<int32_t>(heard);
-  const char *radio = wlan::bandText(band);
+  const char *radio = nameOf(kBands, band);
   for (uint32_t i = 0; i < heard; ++i) fillEntry(accessPointAt(list, i), radio, record->entries[i]);
   return kOk;
 }
@@ -51,7 +51,7 @@ uint32_t pm_ubus_wlan_neighborinfo_get_2g(NeighborInfoRecord *record) {
     PM_LOG(log, kError, 0, "buff is NULL\n");
     return static_cast<uint32_t>(PM_STATUS_NO_RECORD);
   }
-  return static_cast<uint32_t>(scanBand(log, wlan::kBand24G, record, &record->neighborNum24G));
+  return static_cast<uint32_t>(scanBand(log, kBand24G, record, &record->neighborNum24G));
 }
 
 uint32_t pm_ubus_wlan_neighborinfo_get_5g(NeighborInfoRecord *record) {
@@ -61,5 +61,5 @@ uint32_t pm_ubus_wlan_neighborinfo_get_5g(NeighborInfoRecord *record) {
     PM_LOG(log, kError, 0, "buff is NULL\n");
     return static_cast<uint32_t>(PM_STATUS_NO_RECORD);
   }
-  return static_cast<uint32_t>(scanBand(log, wlan::kBand5G, record, &record->neighborNum5G));
+  return static_cast<uint32_t>(scanBand(log, kBand5G, record, &record->neighborNum5G));
 }

@@ -1,8 +1,7 @@
 #include "frame/instance.hpp"
 #include "frame/log.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_scan.hpp"
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_scan.hpp"
 #include "platform/wan.h"
 #include "platform/wan.hpp"
 #include "platform/wlan.hpp"
@@ -14,7 +13,6 @@ static constexpr char kSourceTag[] = "object_nexumd_wlanconnect_pmapi.c";
 
 namespace {
 
-constexpr uint32_t kWlanClientUplink = 2;
 constexpr uint32_t kScanSeconds = 10;
 constexpr uint32_t kJoinSeconds = 10;
 constexpr uint32_t kPassphraseSize = 63;
@@ -115,9 +113,9 @@ int32_t pm_ubus_wlanconnect_set(const WlanConnectRecord *record) {
 
   int32_t status = kOk;
   HeardAccessPoint network = {};
-  uint32_t band = wlan::kBand24G;
-  while (band <= wlan::kBand5G && !findNetwork(log, band, ssid, status, network)) ++band;
-  if (band > wlan::kBand5G) {
+  uint32_t band = kBand24G;
+  while (band <= kBand5G && !findNetwork(log, band, ssid, status, network)) ++band;
+  if (band > kBand5G) {
     PM_LOG(log, kError, status, "Cannot find Uplink ssid  line(%d)\n", __LINE__);
     return status;
   }

@@ -1,8 +1,9 @@
+#include "frame/codes.hpp"
 #include "frame/log.hpp"
 #include "frame/parse.hpp"
 #include "frame/record_buffer.hpp"
 #include "frame/status.hpp"
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_instances.hpp"
 #include "platform/wlan.hpp"
 #include "pmapi/set_radio.h"
 
@@ -47,20 +48,21 @@ int32_t fillSettings(const Trail &log, const RadioRecord &request, WlanTxPower &
   config.set(config.txPowerLevel, level);
   config.set(config.channel, static_cast<uint32_t>(numberIn(request.channel)));
   config.set(config.channelMode, 0);
-  config.set(config.bandwidthCode,
-             wlan::bandwidthForPlatform(static_cast<uint32_t>(request.bandwidth)));
+  const auto bandwidth = static_cast<uint32_t>(request.bandwidth);
+  const Code *code = codeNumbered(kBandwidths, bandwidth);
+  config.set(config.bandwidthCode, code != nullptr ? code->value : bandwidth);
   return kOk;
 }
 
 /// The band of that name, if the gateway's cards have a radio for it.
 int32_t chooseBand(const Trail &log, const char *radio, uint32_t cards, uint32_t *band) {
-  const auto named = wlan::bandNamed(radio);
-  if (!named) {
+  const Code *named = codeNamed(kBands, radio);
+  if (named == nullptr) {
     PM_LOG(log, kError, 0, "radio->radio error %s \r\n", radio);
     return kFailure;
   }
-  *band = *named;
-  if (*band == wlan::kBand24G) {
+  *band = named->value;
+  if (*band == kBand24G) {
     PM_LOG(log, kInfo, 0, "enter 2.4G-----------------------------------");
     return kOk;
   }

@@ -23,13 +23,16 @@ inline constexpr uint32_t kSecurityWpa2 = 3;
 inline constexpr uint32_t kSecurityWpaWpa2 = 6;
 inline constexpr uint32_t kSecurityWpa3 = 10;
 inline constexpr uint32_t kSecurityWpa2Wpa3 = 11;
-/// One code serves both lengths of WEP keys: they are told apart by another field.
+/// One code serves both lengths of WEP keys, the shorter one first: they are told apart by another
+/// field.
 inline constexpr Code kSecurityModes[] = {
     {kSecurityNone, "None"},          {kSecurityWep, "WEP-64"},
     {kSecurityWep, "WEP-128"},        {kSecurityWpa, "WPA-Personal"},
     {kSecurityWpa2, "WPA2-Personal"}, {kSecurityWpaWpa2, "MIXED-WPAPSK2"},
     {kSecurityWpa3, "WPA3-SAE"},      {kSecurityWpa2Wpa3, "MIXED-WPA2WPA3"}};
-inline constexpr Code kWepKeyLengths[] = {{1, "64 bit"}, {2, "128 bit"}};
+inline constexpr uint32_t kWep64Bit = 1;
+inline constexpr uint32_t kWep128Bit = 2;
+inline constexpr Code kWepKeyLengths[] = {{kWep64Bit, "64 bit"}, {kWep128Bit, "128 bit"}};
 
 // The platform says nothing of these but their order, so they bear the daemon's numbers.
 inline constexpr Code kCiphers[] = {{0, "cipher 2", 2}, {1, "cipher 1", 1}, {2, "cipher 3", 3}};
@@ -49,18 +52,25 @@ inline constexpr uint32_t kStaticAccess = 1;
 inline constexpr uint32_t kPppAccess = 2;
 inline constexpr Code kAccessModes[] = {{kStaticAccess, "static IP"}, {kPppAccess, "PPP"}};
 inline constexpr uint32_t kWlanClientUplink = 2;
-inline constexpr Code kAddressModes[] = {{1, "IPv4"}, {2, "IPv6"}, {3, "IPv4 and IPv6"}};
+inline constexpr uint32_t kIpv4Only = 1;
+inline constexpr uint32_t kIpv6Only = 2;
+inline constexpr uint32_t kDualStack = 3;
+inline constexpr Code kAddressModes[] = {
+    {kIpv4Only, "IPv4"}, {kIpv6Only, "IPv6"}, {kDualStack, "IPv4 and IPv6"}};
 inline constexpr uint32_t kRouteConnected = 2;
 inline constexpr Code kConnectionStates[] = {{kRouteConnected, "Connected"}};
 inline constexpr Code kAddressOrigins[] = {{1, "AutoConfigured"}, {2, "Static"}, {3, "DHCPv6"}};
 inline constexpr Code kPrefixOrigins[] = {{1, "Static"}, {2, "PrefixDelegation"}, {3, "Static"}};
 
-inline constexpr Code kFilterPolicies[] = {{0, "black list"}, {1, "white list"}};
+inline constexpr uint32_t kWhiteList = 1;
+inline constexpr Code kFilterPolicies[] = {{0, "black list"}, {kWhiteList, "white list"}};
 
 inline constexpr uint32_t kAddTimer = 0;
 inline constexpr uint32_t kDeleteTimer = 1;
 inline constexpr Code kTimerOperations[] = {{kAddTimer, "add or replace"},
                                             {kDeleteTimer, "delete"}};
-inline constexpr Code kTimerEdges[] = {{0, "start"}, {1, "end"}};
+inline constexpr uint8_t kStartEdge = 0;
+inline constexpr uint8_t kEndEdge = 1;
+inline constexpr Code kTimerEdges[] = {{kStartEdge, "start"}, {kEndEdge, "end"}};
 
 }  // namespace platform

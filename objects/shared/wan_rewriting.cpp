@@ -1,4 +1,4 @@
-#include "objects/wan_rewriting.hpp"
+#include "objects/shared/wan_rewriting.hpp"
 
 #include "frame/status.hpp"
 #include "platform/wan.h"
@@ -7,8 +7,6 @@
 namespace pm {
 
 namespace {
-
-enum AccessMode : uint32_t { kStaticIp = 1, kPpp = 2 };
 
 /// Room for a WAN connection's path as the networking-device view holds it.
 constexpr uint32_t kWanPathSize = 128;
@@ -116,7 +114,7 @@ int32_t rewriteConnection(const Trail &log, NetworkingBuffer &networking) {
     }
   }
   const uint32_t kind = networking.get(networking.accessMode);
-  return kind == kPpp ? rewritePpp(log, path) : rewriteIp(log, path, kind == kStaticIp);
+  return kind == kPppAccess ? rewritePpp(log, path) : rewriteIp(log, path, kind == kStaticAccess);
 }
 
 }  // namespace pm

@@ -1,8 +1,8 @@
-#include "objects/wlan_scan.hpp"
+#include "objects/shared/wlan_scan.hpp"
 
 #include <unistd.h>
 
-#include "objects/wlan_tables.hpp"
+#include "objects/shared/wlan_instances.hpp"
 
 namespace pm {
 

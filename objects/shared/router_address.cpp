@@ -23,8 +23,6 @@ uint32_t g_ipmode;
 
 namespace {
 
-enum AddressMode : uint32_t { kIpv4Only = 1, kIpv6Only = 2, kDualStack = 3 };
-
 constexpr uint32_t kRouteUsable = 1;
 constexpr uint32_t kMaxWanConnections = 32;
 

@@ -1,7 +1,8 @@
-#include "objects/uplink_ipv6.hpp"
+#include "objects/shared/uplink_ipv6.hpp"
 
 #include <cstring>
 
+#include "frame/codes.hpp"
 #include "frame/record_buffer.hpp"
 #include "platform/host.h"
 #include "platform/wan.hpp"
@@ -30,31 +31,6 @@ void readIpv6(const Trail &log, const InstancePath &wan, Ipv6State &state) {
          ubus_get_dsscfg(wan.text, state.dssConfig.bytes));
   PM_LOG(log, kInfo, 0, "the result of tPrefixcfg = %d\n",
          ubus_get_prefixcfg(wan.text, state.prefix.bytes));
-}
-
-const char *addressOriginText(uint32_t addressOrigin) {
-  switch (addressOrigin) {
-    case 1:
-      return "AutoConfigured";
-    case 2:
-      return "Static";
-    case 3:
-      return "DHCPv6";
-    default:
-      return "";
-  }
-}
-
-const char *prefixOriginText(uint32_t prefixOrigin) {
-  switch (prefixOrigin) {
-    case 1:
-    case 3:
-      return "Static";
-    case 2:
-      return "PrefixDelegation";
-    default:
-      return "";
-  }
 }
 
 /// Prints an address, and ends its text whatever the platform does.
@@ -92,22 +68,21 @@ void fillDnsServers(const Trail &log, const ViewBuffer<DssInfoView> &dss,
 }  // namespace
 
 void fillIpv6(const Trail &log, const InstancePath &wan, UplinkInfoRecord *record) {
-  constexpr uint32_t kConnected = 2;
   Ipv6State state;
   readIpv6(log, wan, state);
   const auto &route = state.route;
   const auto &dss = state.dss;
   const auto &prefix = state.prefix;
   copyText(record->v6Status,
-           route.get(route.connectionState) == kConnected ? "Connected" : "Unconnected ");
+           nameOf(kConnectionStates, route.get(route.connectionState), "Unconnected "));
   PM_LOG(log, kInfo, 0, "v6Status=%s\n", record->v6Status);
-  copyText(record->v6AddressOrigin, addressOriginText(dss.get(dss.addressOrigin)));
+  copyText(record->v6AddressOrigin, nameOf(kAddressOrigins, dss.get(dss.addressOrigin), ""));
   PM_LOG(log, kInfo, 0, "v6AddressOrigin=%s\n", record->v6AddressOrigin);
   copyAddress(record->v6IPAddress, route.get(route.ipv6Address));
   PM_LOG(log, kInfo, 0, "v6IPAddress=%s\n", record->v6IPAddress);
   fillDnsServers(log, dss, record);
   record->v6PrefixMode = state.dssConfig.getSigned(state.dssConfig.prefixMode);
-  copyText(record->v6PrefixOrigin, prefixOriginText(prefix.get(prefix.prefixOrigin)));
+  copyText(record->v6PrefixOrigin, nameOf(kPrefixOrigins, prefix.get(prefix.prefixOrigin), ""));
   PM_LOG(log, kInfo, 0, "v6PrefixOrigin=%s\n", record->v6PrefixOrigin);
   copyAddress(record->v6Prefix, prefix.get(prefix.prefix), kPrefixTextSize);
   PM_LOG(log, kInfo, 0, "v6Prefix=%s\n", record->v6Prefix);

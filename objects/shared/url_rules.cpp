@@ -1,4 +1,4 @@
-#include "objects/url_rules.hpp"
+#include "objects/shared/url_rules.hpp"
 
 #include <cstdio>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "objects/uplink_rates.hpp"
+#include "objects/shared/uplink_rates.hpp"
 
 #include "frame/instance.hpp"
 #include "frame/rate_text.hpp"
