@@ -1,3 +1,4 @@
+// The helpers that the library exports to its daemon.
 #include <sys/sysinfo.h>
 
 #include <cctype>

@@ -18,17 +18,21 @@ namespace {
 
 constexpr uint32_t kCopySize = 32;
 
-using EasyMeshBuffer = ViewBuffer<EasyMeshView>;
-
-/// Reads the view with the trail that both of its getters leave.
-int32_t readEasyMesh(const Trail &log, EasyMeshBuffer &view) {
+/// The whole of a getter of one setting of the mesh; `access` is how its lines call the reading.
+int32_t getSetting(const Trail &log, WordPlace setting, const char *access) {
   PM_LOG(log, kInfo, 0, "now in %s\n", log.function);
   PM_LOG(log, kInfo, 0, "now in VIEW_INIT\n");
   PM_LOG(log, kInfo, 0, "after VIEW_INIT\n");
   PM_LOG(log, kInfo, 0, "now in vcorDbGetView\n");
+  ViewBuffer<EasyMeshView> view;
   const int32_t status = view.read(kGatewayPath);
   PM_LOG(log, kInfo, 0, "after vcorDbGetView\n");
-  return log.readResult(status);
+  if (log.readResult(status) != kOk) return kFailure;
+  PM_LOG(log, kInfo, 0, "now in %s\n", access);
+  const auto value = static_cast<int32_t>(view.get(setting));
+  PM_LOG(log, kInfo, 0, "after %s\n", access);
+  PM_LOG(log, kInfo, 0, "sy:%d\n", value);
+  return value;
 }
 
 /// What the gateway tells of itself, so that the topology's 2.3 MB go back at once.
@@ -79,25 +83,11 @@ void copyBackhaul(const MeshBackhaulEntry &backhaul, MeshInfoRecord *record) {
 }  // namespace
 
 int32_t ubus_getmeshRole(void) {
-  const Trail log(kSourceTag);
-  EasyMeshBuffer view;
-  if (readEasyMesh(log, view) != kOk) return kFailure;
-  PM_LOG(log, kInfo, 0, "now in VCORGET_INT32\n");
-  const int32_t meshRole = view.getSigned(view.meshRole);
-  PM_LOG(log, kInfo, 0, "after VCORGET_INT32\n");
-  PM_LOG(log, kInfo, 0, "sy:%d\n", meshRole);
-  return meshRole;
+  return getSetting(Trail(kSourceTag), EasyMeshView::meshRole, "VCORGET_INT32");
 }
 
 int32_t ubus_getroamingEnable(void) {
-  const Trail log(kSourceTag);
-  EasyMeshBuffer view;
-  if (readEasyMesh(log, view) != kOk) return kFailure;
-  PM_LOG(log, kInfo, 0, "now in VCORGET_BOOL\n");
-  const int32_t roamingEnable = view.getSigned(view.roamingEnable);
-  PM_LOG(log, kInfo, 0, "after VCORGET_BOOL\n");
-  PM_LOG(log, kInfo, 0, "sy:%d\n", roamingEnable);
-  return roamingEnable;
+  return getSetting(Trail(kSourceTag), EasyMeshView::roamingEnable, "VCORGET_BOOL");
 }
 
 int32_t pm_ubus_get_meshinfo(MeshInfoRecord *record) {

@@ -54,22 +54,19 @@ int32_t pm_ubus_control_set(int32_t type) {
 }
 
 int32_t pm_ubus_set_locknet(uint32_t value) {
-  const Trail log(kSourceTag);
-  PM_LOG(log, kInfo, 0, "now in pm_ubus_set_locknet\n");
+  const Trail log = entered(kSourceTag);
   return sendEvent(log, CTSGW_EVENT_SET_LOCK, &value, sizeof value,
                    "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_LOCK error!\n");
 }
 
 int32_t pm_ubus_set_kernelcount(uint32_t value) {
-  const Trail log(kSourceTag);
-  PM_LOG(log, kInfo, 0, "now in pm_ubus_set_kernelcount\n");
+  const Trail log = entered(kSourceTag);
   return sendEvent(log, CTSGW_EVENT_SET_KERNELCOUNT, &value, sizeof value,
                    "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_KERNELCOUNT error!\n");
 }
 
 int32_t pm_ubus_set_hwnetClean(void) {
-  const Trail log(kSourceTag);
-  PM_LOG(log, kInfo, 0, "now in pm_ubus_set_hwnetClean\n");
+  const Trail log = entered(kSourceTag);
   return sendEvent(log, CTSGW_EVENT_CLEAN_HWNAT, nullptr, 0,
                    "ctSgw_ssend_to_proxy CTSGW_EVENT_CLEAN_HWNAT error!\n");
 }
@@ -149,8 +146,7 @@ bool readNumber(const Trail &log, const char *path, int32_t &number) {
 }  // namespace
 
 int32_t pm_ubus_get_kernelcount(int32_t *count) {
-  const Trail log(kSourceTag);
-  PM_LOG(log, kInfo, 0, "now in pm_ubus_get_kernelcount\n");
+  const Trail log = entered(kSourceTag);
   if (count == nullptr) return kFailure;
   int32_t enabled = 0;
   if (!readNumber(log, "/proc/ffe/hff_enable", enabled)) return kFailure;

@@ -177,11 +177,10 @@ int32_t listTasks(const Trail &log, UbusWifiTimer *records, int32_t capacity, in
 }
 
 void deleteSameTask(const Trail &log, int32_t taskId) {
-  constexpr Trail kListing(kSourceTag, "pm_ubus_nexumd_wifi_timer_list");
-  PM_LOG(kListing, kInfo, 0, "now in %s\n", kListing.function);
+  const Trail listing = entered(kSourceTag, "pm_ubus_nexumd_wifi_timer_list");
   UbusWifiTimer tasks[kReplaceableTasks] = {};
   int32_t count = 0;
-  if (listTasks(kListing, tasks, kReplaceableTasks, &count) != kOk) return;
+  if (listTasks(listing, tasks, kReplaceableTasks, &count) != kOk) return;
   for (int32_t i = 0; i < count; ++i) {
     if (tasks[i].taskId != taskId) continue;
     pm_ubus_nexumd_wifi_timer_del(taskId);
@@ -287,9 +286,6 @@ int32_t pm_ubus_nexumd_wifi_timer_del(int32_t taskId) {
 
 int32_t pm_ubus_nexumd_wifi_timer_list(UbusWifiTimer *records, int32_t *count) {
   const Trail log = entered(kSourceTag);
-  if (records == nullptr || count == nullptr) {
-    PM_LOG(log, kError, 0, "%s para is null", log.function);
-    return kFailure;
-  }
+  if (log.lacks(records) || log.lacks(count)) return kFailure;
   return listTasks(log, records, INT_MAX, count);
 }

@@ -1,3 +1,4 @@
+// The search for the addresses of the router, the other half of the basic information.
 #include <arpa/inet.h>
 
 #include <cstring>
