@@ -286,8 +286,9 @@ int32_t pm_ubus_get_basicinfo(BasicInfoRecord *record) {
   record->meshSupport = 1;
   MeshInfoRecord mesh{};
   const int32_t meshStatus = pm_ubus_get_meshinfo(&mesh);
-  if (meshStatus != kOk)
+  if (meshStatus != kOk) {
     PM_LOG(log, kError, meshStatus, "pm_ubus_get_meshinfo fail iRet =%d\n ", meshStatus);
+  }
   record->meshInfoCode = numberIn(mesh.meshRole);
 
   char uplinkType[kTextSize] = {};

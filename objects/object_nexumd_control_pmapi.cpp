@@ -268,8 +268,9 @@ int32_t pm_ubus_set_devlogstats(const DevLogStats *record) {
   config.set(config.logLevel, platformLevel(record->logLevel));
   config.set(config.logParam, record->logParam);
   if (const int32_t status = pm_log_set_config(&config); status != kOk) {
-    if (status == PLATFORM_NOTHING_CHANGED)
+    if (status == PLATFORM_NOTHING_CHANGED) {
       PM_LOG(log, kError, status, "LogParameter is not change!\n");
+    }
     PM_LOG(log, kError, status, "set pm_log_set_config error,iRet = %d!\n", status);
     return status;
   }

@@ -15,7 +15,8 @@ uint32_t pm_ubus_meshrole_set(const MeshRoleRecord *record) {
   RecordBuffer<WlanEasyMeshRecord> easyMesh;
   easyMesh.set(easyMesh.meshRole, static_cast<uint32_t>(record->meshRole));
   const int32_t status = pm_wlan_set_easymesh(&easyMesh);
-  if (status != kOk)
+  if (status != kOk) {
     PM_LOG(log, kError, status, "call pm_wlan_set_easymesh faild,ret=%d\n", status);
+  }
   return static_cast<uint32_t>(status);
 }

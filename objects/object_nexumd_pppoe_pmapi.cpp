@@ -26,7 +26,8 @@ int32_t pm_ubus_pppoe_set(const UbusPppoe *record) {
   settings.set(settings.userName, reinterpret_cast<const char *>(&account));
   settings.set(settings.password, account.pppoePwd);
   const int32_t status = pm_wanc_set_ppp_username_passwd(&settings);
-  if (status != kOk)
+  if (status != kOk) {
     PM_LOG(log, kError, status, "call pm_wanc_set_ppp_username_passwd faild,ret=%d\n", status);
+  }
   return status;
 }

@@ -15,7 +15,8 @@ uint32_t pm_ubus_set_meshroam(const MeshRoamRecord *record) {
   RecordBuffer<WlanEasyMeshRecord> easyMesh;
   easyMesh.set(easyMesh.roamingEnable, static_cast<uint32_t>(record->meshRoamingEnable));
   const int32_t status = pm_wlan_set_easymesh(&easyMesh);
-  if (status != kOk)
+  if (status != kOk) {
     PM_LOG(log, kError, status, "call pm_wlan_set_easymesh faild,ret=%d\n", status);
+  }
   return static_cast<uint32_t>(status);
 }

@@ -37,7 +37,8 @@ int32_t pm_ubus_workingmode_set(const UbusWorkingMode *record) {
   mode.set(mode.addressingType, "DHCP");
   mode.set(mode.text4516, WAN_NO_LAN_BINDING);
   const int32_t status = pm_wanc_change_brg_route_mode(&mode, kApplyNow);
-  if (status != kOk)
+  if (status != kOk) {
     PM_LOG(log, kError, status, "call pm_wanc_change_brg_route_mode faild,ret=%d\n", status);
+  }
   return status;
 }
