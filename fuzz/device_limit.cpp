@@ -13,10 +13,10 @@
 #include <vector>
 
 #include "gateway/command_line.hpp"
-#include "gateway/filter_rules.hpp"
+#include "gateway/ubusfilter.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/host.hpp"
-#include "gateway/limits.hpp"
+#include "gateway/time_policy.hpp"
 #include "platform/host.h"
 #include "pmapi/limit.h"
 
@@ -91,9 +91,9 @@ void startOver(gateway::Gateway &platform) {
   platform.boundary().clearCalls();
   platform.clearLogs();
   gateway::host().programs.clear();
-  gateway::timePolicies().reset();
-  gateway::filterRules().reset();
-  gateway::filterRules().exists = true;
+  gateway::timePolicy() = {};
+  gateway::ubusfilter() = {};
+  gateway::ubusfilter().exists = true;
 }
 
 }  // namespace
@@ -127,7 +127,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
 
   for (UbusDeviceLimit &limit : limits) std::memset(limit.LimitUrl, 0, kLongestUrls);
   pm_ubus_nexumd_limit_set(limits.data(), count);
-  require(gateway::filterRules().ipv4.empty() && gateway::filterRules().ipv6.empty(),
+  require(gateway::ubusfilter().ipv4.empty() && gateway::ubusfilter().ipv6.empty(),
           "without keywords no rule is left");
   require(platform.takeComplaints().empty(), "the platform has nothing to complain of");
   return 0;

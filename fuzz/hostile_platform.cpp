@@ -288,13 +288,13 @@ uintptr_t block(const HostileCall &call, const Arguments &arguments) {
   if (input.byte() >= 0x80) return 0;
   static char handle;
   if (std::strcmp(call.name, "GetUB") != 0) return reinterpret_cast<uintptr_t>(&handle);
-  blocks.push_back(gateway::host().blocks.take(static_cast<uint32_t>(arguments[0])));
+  blocks.push_back(gateway::blocks().take(static_cast<uint32_t>(arguments[0])));
   return reinterpret_cast<uintptr_t>(blocks.back());
 }
 
 void giveBlock(void *given) {
   std::erase(blocks, given);
-  gateway::host().blocks.give(given);
+  gateway::blocks().give(given);
 }
 
 void closeHandle(void *) {}

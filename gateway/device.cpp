@@ -1,36 +1,56 @@
 #include "gateway/device.hpp"
 
+#include <algorithm>
 #include <cstring>
-#include <nlohmann/json.hpp>
 
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "gateway/instances.hpp"
 #include "gateway/manager.hpp"
 #include "gateway/proxy.hpp"
+#include "gateway/requests.hpp"
 #include "platform/device.h"
 #include "platform/device.hpp"
 #include "platform/firewall.hpp"
 #include "platform/proxy.h"
 
+PM_RECORD(gateway::Restore, PM_FIELD(kind).means("what was to be restored"),
+          PM_FIELD(a).means("first argument"), PM_FIELD(b).means("second argument"),
+          PM_FIELD(c).means("third argument"));
+
+PM_RECORD(gateway::Led, PM_FIELD(number).means(platform::range(0, 15)),
+          PM_FIELD(state).means("as it was set last; LEDs that are not listed are 0"));
+
+PM_RECORD(gateway::Device, PM_FIELD(restarts).means("reasons of the restarts, oldest first"),
+          PM_FIELD(restores).means("oldest first"), PM_FIELD(leds).means("as they were set"),
+          PM_FIELD(hwnatCleanings).means("how often the table of accelerated flows was cleaned"));
+
 namespace gateway {
 
 namespace {
 
-[[maybe_unused]] const Device &registered = device();
-
+constexpr uint32_t kLeds = 16;
 constexpr const char *kFirewall = "IGD.FWBASE";
 constexpr const char *kSkipCounter = "/proc/ffe/hff_skip_num";
 
-uint32_t wordOf(const Json &value, const std::string &place) {
-  if (!value.is_number_unsigned()) throw InputError(place, "must be a number from 0 on");
-  return value.get<uint32_t>();
+void checkLeds(Device &loaded, const std::string &place) {
+  for (size_t i = 0; i < loaded.leds.size(); ++i) {
+    if (loaded.leds[i].number < kLeds) continue;
+    throw InputError(placeOf(placeOf(place, "leds"), i), "there are 16 LEDs, from 0 on");
+  }
+}
+
+SectionOf<Device> section{"device", "What was done to the device", {.loaded = checkLeds}};
+
+Led *findLed(uint32_t number) {
+  auto &leds = device().leds;
+  const auto found = std::ranges::find(leds, number, &Led::number);
+  return found == leds.end() ? nullptr : &*found;
 }
 
 uint32_t onlyWord(std::span<const uint8_t> request) {
   uint32_t value = 0;
-  if (request.size() != sizeof value) throw Refusal(kBadRequest, "the request is not one word");
+  requireSize(request, sizeof value);
   std::memcpy(&value, request.data(), sizeof value);
   return value;
 }
@@ -43,7 +63,7 @@ ProxyReply setLock(Gateway &gateway, std::span<const uint8_t> request) {
 }
 
 ProxyReply cleanHwnat(Gateway &, std::span<const uint8_t> request) {
-  if (!request.empty()) throw Refusal(kBadRequest, "the event takes no request");
+  requireSize(request, 0);
   ++device().hwnatCleanings;
   return {};
 }
@@ -61,11 +81,10 @@ const ProxyEvent kCleanHwnat{CTSGW_EVENT_CLEAN_HWNAT, cleanHwnat};
 const ProxyEvent kSetKernelCount{CTSGW_EVENT_SET_KERNELCOUNT, setKernelCount};
 
 int32_t takeLogMessage(Gateway &, const ReceivedMessage &message) {
-  const size_t expected = message.id == LOG_MGR_SET_LOGDISABLE ? sizeof(uint32_t) : 0;
   if (message.id != LOG_MGR_SET_LOGDISABLE && message.id != LOG_MGR_CHANGE_LOGSIZE) {
     throw Refusal(kBadRequest, "log_mgr does not know message " + std::to_string(message.id));
   }
-  if (message.data.size() != expected) throw Refusal(kBadRequest, "a message of the wrong length");
+  requireSize(message.data, message.id == LOG_MGR_SET_LOGDISABLE ? sizeof(uint32_t) : 0);
   return kOk;
 }
 
@@ -74,57 +93,7 @@ const MessageSink kLogManager{MANAGER_MODULE_LOG, takeLogMessage};
 }  // namespace
 
 Device &device() {
-  static Device *const instance = new Device;
-  return *instance;
-}
-
-void Device::reset() {
-  restarts.clear();
-  restores.clear();
-  leds.clear();
-  hwnatCleanings = 0;
-}
-
-void Device::load(const Json &value, const std::string &place) {
-  Members members(value, place);
-  members.each("restarts", [&](const Json &reason, const std::string &reasonPlace) {
-    restarts.push_back(wordOf(reason, reasonPlace));
-  });
-  members.each("restores", [&](const Json &element, const std::string &elementPlace) {
-    Restore restore = {};
-    Members one(element, elementPlace);
-    one.word("kind", &restore.kind);
-    one.word("a", &restore.a);
-    one.word("b", &restore.b);
-    one.word("c", &restore.c);
-    one.finish();
-    restores.push_back(restore);
-  });
-  members.each("leds", [&](const Json &element, const std::string &elementPlace) {
-    uint32_t number = 0;
-    uint32_t state = 0;
-    Members one(element, elementPlace);
-    one.word("number", &number);
-    one.word("state", &state);
-    one.finish();
-    if (number >= kLeds) throw InputError(one.placeOf("number"), "there are 16 LEDs, from 0 on");
-    leds[number] = state;
-  });
-  members.word("hwnatCleanings", &hwnatCleanings);
-  members.finish();
-}
-
-Json Device::save() const {
-  Json saved = Json::object();
-  if (!restarts.empty()) saved["restarts"] = restarts;
-  for (const Restore &one : restores) {
-    saved["restores"].push_back({{"kind", one.kind}, {"a", one.a}, {"b", one.b}, {"c", one.c}});
-  }
-  for (const auto &[number, state] : leds) {
-    saved["leds"].push_back({{"number", number}, {"state", state}});
-  }
-  if (hwnatCleanings != 0) saved["hwnatCleanings"] = hwnatCleanings;
-  return saved.empty() ? Json(nullptr) : saved;
+  return section.state();
 }
 
 }  // namespace gateway
@@ -132,9 +101,9 @@ Json Device::save() const {
 using namespace gateway;
 
 int32_t gateway::pm_dev_restart(uint32_t reason) {
-  Gateway &gateway = Gateway::current();
   device().restarts.push_back(reason);
-  gateway.clock().set(0, gateway.clock().time());
+  Clock &clock = Gateway::current().clock();
+  clock.set(0, clock.time());
   return kOk;
 }
 
@@ -144,29 +113,27 @@ int32_t gateway::pm_dev_restore_special(uint32_t kind, uint32_t a, uint32_t b, u
 }
 
 int32_t gateway::pm_pdt_ctl_leds(uint32_t a, uint32_t b, uint32_t, uint32_t) {
-  if (a >= Device::kLeds) return kUnknownInstance;
-  device().leds[a] = b;
+  if (a >= kLeds) return kUnknownInstance;
+  Led *led = findLed(a);
+  (led == nullptr ? device().leds.emplace_back(Led{a}) : *led).state = b;
   return kOk;
 }
 
 int32_t gateway::pm_pdt_get_leds_status(uint32_t a, uint32_t, uint32_t, uint32_t) {
-  if (a >= Device::kLeds) return kUnknownInstance;
-  const auto led = device().leds.find(a);
-  return led == device().leds.end() ? 0 : static_cast<int32_t>(led->second);
+  if (a >= kLeds) return kUnknownInstance;
+  const Led *led = findLed(a);
+  return led == nullptr ? 0 : static_cast<int32_t>(led->state);
 }
 
 int32_t gateway::pm_log_get_config(LogConfigRecord *record) {
-  Gateway &gateway = Gateway::current();
-  return gateway.store().get(layoutOf<LogConfigRecord>(), "IGD", record);
+  return Gateway::current().store().get(layoutOf<LogConfigRecord>(), "IGD", record);
 }
 
 int32_t gateway::pm_log_set_config(LogConfigRecord *record) {
-  Gateway &gateway = Gateway::current();
-  return gateway.store().set(layoutOf<LogConfigRecord>(), "IGD", record, Unchanged::kReported);
+  return Gateway::current().store().set(layoutOf<LogConfigRecord>(), "IGD", record,
+                                        Unchanged::kReported);
 }
 
 int32_t gateway::pm_srm_get_update_cpu_info(const char *instance, CpuInfoRecord *record) {
-  Gateway &gateway = Gateway::current();
-  const std::string path = instance;
-  return gateway.store().get(layoutOf<CpuInfoRecord>(), path, record);
+  return Gateway::current().store().get(layoutOf<CpuInfoRecord>(), instance, record);
 }

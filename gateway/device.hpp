@@ -2,8 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <string>
 #include <vector>
 
 #include "gateway/section.hpp"
@@ -11,28 +9,23 @@
 namespace gateway {
 
 struct Restore {
-  uint32_t kind;
-  uint32_t a;
-  uint32_t b;
-  uint32_t c;
+  uint32_t kind = 0;
+  uint32_t a = 0;
+  uint32_t b = 0;
+  uint32_t c = 0;
 };
 
-class Device : public Section {
- public:
-  static constexpr uint32_t kLeds = 16;
+struct Led {
+  uint32_t number = 0;
+  uint32_t state = 0;
+};
 
-  Device() : Section("device") {}
-
-  /// Reasons of the restarts, oldest first.
+struct Device {
   std::vector<uint32_t> restarts;
   std::vector<Restore> restores;
-  /// By number; what is not here is off.
-  std::map<uint32_t, uint32_t> leds;
+  /// What is not here is off.
+  std::vector<Led> leds;
   uint32_t hwnatCleanings = 0;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override;
 };
 
 Device &device();

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "gateway/host.hpp"
 #include "gateway/library_calls.hpp"
 #include "gateway/profile.hpp"
 #include "gateway/section.hpp"
@@ -30,6 +31,7 @@ void Gateway::reset() {
   logs_.clear();
   logResult_ = 0;
   for (Section *section : Section::all()) section->reset();
+  blocks().startCounting();
 }
 
 void Gateway::load(const Json &profile) {

@@ -1,10 +1,8 @@
 #include "gateway/host.hpp"
 
-#include <algorithm>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
-#include <nlohmann/json.hpp>
 
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
@@ -12,19 +10,29 @@
 #include "platform/logger.h"
 #include "records/addresses.hpp"
 
+PM_RECORD(platform::MemInfo, PM_FIELD(total).means("in any unit, the same for all four"),
+          PM_FIELD(free).means("used by nobody"), PM_FIELD(buffers).means("counts as free"),
+          PM_FIELD(cached).means("counts as free"));
+
+PM_RECORD(gateway::Host,
+          PM_FIELD(cpuType).means("number of the processor model").means(platform::range(1, 5)),
+          PM_FIELD(flashSize).means("as the host utilities count it"),
+          PM_FIELD(ramSize).means("as the host utilities count it"),
+          PM_FIELD(upMode).means("mask of the kinds of uplink: 8 GPON, 64 XGPON"),
+          PM_FIELD(memory).means("figures of the running system"));
+
 namespace gateway {
 
 namespace {
 
 constexpr int kPoison = 0xa5;
 
+SectionOf<Host> section{"host", "Figures of the hardware"};
+
 std::map<std::string, ProgramHandler::Run, std::less<>> &programHandlers() {
   static std::map<std::string, ProgramHandler::Run, std::less<>> handlers;
   return handlers;
 }
-
-// Made at start-up, so that its member of the profile is known before anybody calls.
-[[maybe_unused]] const Host &registered = host();
 
 int32_t print(const std::string &value, char *text, uint32_t length) {
   if (value.size() >= length) {
@@ -42,6 +50,11 @@ Address addressAt(const uint8_t *bytes) {
 }
 
 }  // namespace
+
+Blocks &blocks() {
+  static Blocks *const blocks = new Blocks;
+  return *blocks;
+}
 
 void *Blocks::take(uint32_t size) {
   void *block = std::malloc(size);
@@ -65,52 +78,8 @@ std::vector<uint32_t> Blocks::liveSizes() const {
   return sizes;
 }
 
-size_t Blocks::live() const {
-  return liveSizes().size();
-}
-
 Host &host() {
-  static Host *const instance = new Host;
-  return *instance;
-}
-
-void Host::reset() {
-  cpuType = 3;
-  flashSize = 0;
-  ramSize = 0;
-  memory = {};
-  upMode = 0;
-  programs.clear();
-  blocks.startCounting();
-}
-
-void Host::load(const Json &value, const std::string &place) {
-  Members members(value, place);
-  members.word("cpuType", &cpuType);
-  members.word("flashSize", &flashSize);
-  members.word("ramSize", &ramSize);
-  members.word("upMode", &upMode);
-  if (const Json *figures = members.take("memory")) {
-    Members memoryMembers(*figures, members.placeOf("memory"));
-    memoryMembers.word("total", &memory.total);
-    memoryMembers.word("free", &memory.free);
-    memoryMembers.word("buffers", &memory.buffers);
-    memoryMembers.word("cached", &memory.cached);
-    memoryMembers.finish();
-  }
-  members.finish();
-}
-
-Json Host::save() const {
-  return {{"cpuType", cpuType},
-          {"flashSize", flashSize},
-          {"ramSize", ramSize},
-          {"memory",
-           {{"total", memory.total},
-            {"free", memory.free},
-            {"buffers", memory.buffers},
-            {"cached", memory.cached}}},
-          {"upMode", upMode}};
+  return section.state();
 }
 
 ProgramHandler::ProgramHandler(std::string_view program, Run run) {
@@ -140,11 +109,11 @@ int32_t platform::ProcUserLog(const char *sourceTag, int32_t line, const char *f
 }
 
 void *gateway::GetUB(uint32_t size) {
-  return host().blocks.take(size);
+  return blocks().take(size);
 }
 
 void gateway::RetUB(void *block) {
-  if (!host().blocks.give(block)) throw Refusal(kBadRequest, "no block of GetUB");
+  if (!blocks().give(block)) throw Refusal(kBadRequest, "no block of GetUB");
 }
 
 int32_t gateway::StrToMAC(const char *text, uint8_t mac[6]) {
@@ -231,8 +200,8 @@ int32_t gateway::GetUpMode(uint32_t *mask) {
 }
 
 int32_t gateway::PcStartProgram(const char *program, const char *commandLine, int32_t, int32_t) {
-  Gateway &gateway = Gateway::current();
   host().programs.push_back({program, commandLine});
   const auto handler = programHandlers().find(std::string_view(program));
-  return handler == programHandlers().end() ? int32_t{kOk} : handler->second(gateway, commandLine);
+  if (handler == programHandlers().end()) return kOk;
+  return handler->second(Gateway::current(), commandLine);
 }

@@ -25,7 +25,7 @@ class Blocks {
   bool give(void *block);
 
   /// Blocks taken since the last reset and not given back.
-  size_t live() const;
+  size_t live() const { return liveSizes().size(); }
   std::vector<uint32_t> liveSizes() const;
   void startCounting() { ++period_; }
 
@@ -39,27 +39,21 @@ class Blocks {
   uint32_t period_ = 0;
 };
 
+Blocks &blocks();
+
 struct StartedProgram {
   std::string program;
   std::string commandLine;
 };
 
-class Host : public Section {
- public:
-  Host() : Section("host") {}
-
+struct Host {
   uint32_t cpuType = 3;
   uint32_t flashSize = 0;
   uint32_t ramSize = 0;
-  MemInfo memory = {};
   uint32_t upMode = 0;
-
-  Blocks blocks;
-  std::vector<StartedProgram> programs;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override;
+  MemInfo memory = {};
+  /// Gone after a restart, so no part of a profile.
+  std::vector<StartedProgram> programs = {};
 };
 
 Host &host();

@@ -115,13 +115,14 @@ void Members::finish() const {
 
 void TableSection::load(const Json &value, const std::string &place) {
   fromJson(value, place, *shape(), data());
+  isNamed_ = true;
   loaded(place);
 }
 
 Json TableSection::save() const {
   saving();
   Json saved = toJson(*shape(), data());
-  return saved == toJson(*shape(), untouched()) ? Json(nullptr) : saved;
+  return !isNamed_ && saved == toJson(*shape(), untouched()) ? Json(nullptr) : saved;
 }
 
 }  // namespace gateway

@@ -82,7 +82,10 @@ class TableSection : public Section {
 
   const char *description() const override { return description_; }
   void load(const Json &value, const std::string &place) override;
+  /// What a profile named is kept even where it says what a reset leaves: that it is there may be
+  /// all that matters.
   Json save() const override;
+  void reset() override { isNamed_ = false; }
 
  private:
   virtual void *data() const = 0;
@@ -92,6 +95,7 @@ class TableSection : public Section {
   virtual void saving() const = 0;
 
   const char *description_;
+  bool isNamed_ = false;
 };
 
 /// Lives at namespace scope in its family's file and announces itself to the gateway:
@@ -122,7 +126,10 @@ class SectionOf : public TableSection {
 
   State &state() { return state_; }
   const Shape *shape() const override { return &kShape<State>; }
-  void reset() override { state_ = State(); }
+  void reset() override {
+    TableSection::reset();
+    state_ = State();
+  }
 
  private:
   void *data() const override { return &state_; }

@@ -3,21 +3,32 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
-#include <nlohmann/json.hpp>
 
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/proxy.hpp"
-#include "platform/timers.h"
+#include "platform/codes.hpp"
 #include "platform/timers.hpp"
+
+PM_RECORD(
+    gateway::TimerTask, PM_FIELD(time).means("hh:mm"),
+    PM_FIELD(weekdays).atMost(8).means("1 Monday to 7 Sunday"),
+    PM_FIELD(edge).means("which end of a schedule").means(platform::codes(platform::kTimerEdges)),
+    PM_FIELD(enable).means(platform::codes(platform::kSwitch)),
+    PM_FIELD(taskId).means("the daemon's number of the task"),
+    PM_FIELD(index).means("of the Wi-Fi; a wake-up has none"));
+
+PM_RECORD(gateway::Timers,
+          PM_FIELD(wakeUps).atMost(gateway::Timers::kEntries).means("of the wake-up service"),
+          PM_FIELD(schedules)
+              .atMost(gateway::Timers::kEntries)
+              .means("of the Wi-Fi: two entries a task, its start and its end"));
 
 namespace gateway {
 
 namespace {
-
-[[maybe_unused]] const Timers &registered = timers();
 
 constexpr uint32_t kWeekdays = 8;
 constexpr uint32_t kDays = 7;
@@ -41,57 +52,30 @@ std::string objection(const TimerTask &task) {
   return {};
 }
 
-void loadTasks(Members &members, const char *name, std::vector<TimerTask> &tasks) {
-  members.each(name, [&](const Json &element, const std::string &place) {
-    TimerTask task;
-    Members one(element, place);
-    one.text("time", &task.time);
-    one.word("edge", &task.edge);
-    one.word("enable", &task.enable);
-    one.number("taskId", &task.taskId);
-    one.number("index", &task.index);
-    one.each("weekdays", [&](const Json &day, const std::string &dayPlace) {
-      if (!day.is_number_unsigned()) throw InputError(dayPlace, "must be a number");
-      task.weekdays.push_back(day.get<uint32_t>());
-    });
-    one.finish();
-    if (const std::string reason = objection(task); !reason.empty()) {
-      throw InputError(place, reason);
+void checkTasks(Timers &loaded, const std::string &place) {
+  const auto check = [&](const std::vector<TimerTask> &tasks, const std::string &service) {
+    for (size_t i = 0; i < tasks.size(); ++i) {
+      const std::string reason = objection(tasks[i]);
+      if (!reason.empty()) throw InputError(placeOf(service, i), reason);
     }
-    tasks.push_back(std::move(task));
-  });
-  if (tasks.size() > Timers::kEntries) {
-    throw InputError(members.placeOf(name), "a service keeps at most 90 entries");
-  }
+  };
+  check(loaded.wakeUps, placeOf(place, "wakeUps"));
+  check(loaded.schedules, placeOf(place, "schedules"));
 }
 
-Json saveTasks(const std::vector<TimerTask> &tasks) {
-  Json list = Json::array();
-  for (const TimerTask &task : tasks) {
-    list.push_back({{"time", task.time},
-                    {"weekdays", task.weekdays},
-                    {"edge", task.edge},
-                    {"enable", task.enable},
-                    {"taskId", task.taskId},
-                    {"index", task.index}});
-  }
-  return list;
-}
+SectionOf<Timers> section{"timers", "Entries of the two timer services", {.loaded = checkTasks}};
 
-Row entryAt(void *control, size_t position) {
-  auto *entries = static_cast<uint8_t *>(control) + TimerControlRecord::entries.offset;
-  return fieldsOf<TimerEntry>(entries + position * TimerEntry::kSize);
+Row entryAt(TimerControlRecord &control, size_t position) {
+  return fieldsOf<TimerEntry>(control.bytes + TimerControlRecord::entries.offset +
+                              position * TimerEntry::kSize);
 }
 
 TimerTask taskFrom(const Row &entry) {
   TimerTask task;
   task.time = entry.text(TimerEntry::time);
-  const std::vector<uint8_t> days = entry.bytes(TimerEntry::weekdays);
-  for (uint32_t i = 0; i < entry.word(TimerEntry::weekdayCount) && i < kWeekdays; ++i) {
-    uint32_t day = 0;
-    std::memcpy(&day, days.data() + i * sizeof day, sizeof day);
-    task.weekdays.push_back(day);
-  }
+  task.weekdays.resize(std::min(entry.word(TimerEntry::weekdayCount), kWeekdays));
+  const Bytes days = entry.bytes(TimerEntry::weekdays);
+  std::memcpy(task.weekdays.data(), days.data(), task.weekdays.size() * sizeof(uint32_t));
   task.edge = entry.byte(TimerEntry::edge);
   task.enable = entry.byte(TimerEntry::enable);
   task.taskId = static_cast<int32_t>(entry.word(TimerEntry::taskId));
@@ -101,12 +85,9 @@ TimerTask taskFrom(const Row &entry) {
 
 void writeTask(const TimerTask &task, const Row &entry) {
   entry.setText(TimerEntry::time, task.time);
-  std::vector<uint8_t> days;
-  for (const uint32_t day : task.weekdays) {
-    const Bytes word = bytesOf(day);
-    days.insert(days.end(), word.begin(), word.end());
-  }
-  days.resize(kWeekdays * sizeof(uint32_t));
+  Bytes days(kWeekdays * sizeof(uint32_t));
+  const size_t listed = std::min<size_t>(task.weekdays.size(), kWeekdays);
+  std::memcpy(days.data(), task.weekdays.data(), listed * sizeof(uint32_t));
   entry.setBytes(TimerEntry::weekdays, days);
   entry.setWord(TimerEntry::weekdayCount,
                 task.countedDays.value_or(static_cast<uint32_t>(task.weekdays.size())));
@@ -128,17 +109,15 @@ std::vector<uint8_t *> gapsIn(const Row &entry) {
   return gaps;
 }
 
-void checkBuffers(const void *request, const void *control) {
-  if (request == nullptr || control == nullptr) throw Refusal(kNullArgument, "a buffer is missing");
-  for (size_t i = 0; i < 32; ++i) {
-    if (static_cast<const uint8_t *>(request)[i] != 0) {
-      throw Refusal(kBadRequest, "the request was not cleared");
-    }
-  }
+void checkCleared(const TimerRequest &request) {
+  const bool isCleared = std::ranges::all_of(request.bytes, [](uint8_t byte) { return byte == 0; });
+  if (!isCleared) throw Refusal(kBadRequest, "the request was not cleared");
 }
 
-int32_t list(const std::vector<TimerTask> &tasks, void *control) {
-  const Row record = fieldsOf<TimerControlRecord>(control);
+int32_t list(const std::vector<TimerTask> &tasks, const TimerRequest &request,
+             TimerControlRecord &control) {
+  checkCleared(request);
+  const Row record = fieldsOf<TimerControlRecord>(&control);
   record.setWord(TimerControlRecord::entryCount, static_cast<uint32_t>(tasks.size()));
   for (size_t i = 0; i < tasks.size(); ++i) {
     const Row entry = entryAt(control, i);
@@ -163,20 +142,23 @@ int32_t add(std::vector<TimerTask> &tasks, const TimerTask &task, const Row &rec
   return kOk;
 }
 
-int32_t change(std::vector<TimerTask> &tasks, void *control) {
-  const Row record = fieldsOf<TimerControlRecord>(control);
+int32_t change(std::vector<TimerTask> &tasks, const TimerRequest &request,
+               TimerControlRecord &control) {
+  checkCleared(request);
+  const Row record = fieldsOf<TimerControlRecord>(&control);
   if (record.word(TimerControlRecord::entryCount) != 1 ||
       record.mark(TimerControlRecord::entryCount) != 1 ||
       record.mark(TimerControlRecord::operation) != 1) {
     throw Refusal(kBadRequest, "a set carries exactly one marked entry");
   }
-  for (const uint8_t *gap : gapsIn(entryAt(control, 0))) {
+  const Row entry = entryAt(control, 0);
+  for (const uint8_t *gap : gapsIn(entry)) {
     if (*gap != 0) throw Refusal(kBadRequest, "an entry holds more than its fields");
   }
-  const TimerTask task = taskFrom(entryAt(control, 0));
-  if (record.word(TimerControlRecord::operation) == 0) return add(tasks, task, record);
+  const TimerTask task = taskFrom(entry);
+  if (record.word(TimerControlRecord::operation) == kAddTimer) return add(tasks, task, record);
   // One entry for one request, however many are equal.
-  const auto found = std::find(tasks.begin(), tasks.end(), task);
+  const auto found = std::ranges::find(tasks, task);
   if (found == tasks.end()) return refuse(record, kUnknownInstance, "no such entry");
   tasks.erase(found);
   return kOk;
@@ -185,25 +167,7 @@ int32_t change(std::vector<TimerTask> &tasks, void *control) {
 }  // namespace
 
 Timers &timers() {
-  static Timers *const instance = new Timers;
-  return *instance;
-}
-
-void Timers::reset() {
-  wakeUps.clear();
-  schedules.clear();
-}
-
-void Timers::load(const Json &value, const std::string &place) {
-  Members members(value, place);
-  loadTasks(members, "wakeUps", wakeUps);
-  loadTasks(members, "schedules", schedules);
-  members.finish();
-}
-
-Json Timers::save() const {
-  if (wakeUps.empty() && schedules.empty()) return nullptr;
-  return {{"wakeUps", saveTasks(wakeUps)}, {"schedules", saveTasks(schedules)}};
+  return section.state();
 }
 
 }  // namespace gateway
@@ -211,21 +175,17 @@ Json Timers::save() const {
 using namespace gateway;
 
 int32_t gateway::pm_app_wake_up_control_get(TimerRequest *request, TimerControlRecord *control) {
-  checkBuffers(request, control);
-  return list(timers().wakeUps, control);
+  return list(timers().wakeUps, *request, *control);
 }
 
 int32_t gateway::pm_app_wake_up_control_set(TimerRequest *request, TimerControlRecord *control) {
-  checkBuffers(request, control);
-  return change(timers().wakeUps, control);
+  return change(timers().wakeUps, *request, *control);
 }
 
 int32_t gateway::pm_wlan_ex_control_get(TimerRequest *request, TimerControlRecord *control) {
-  checkBuffers(request, control);
-  return list(timers().schedules, control);
+  return list(timers().schedules, *request, *control);
 }
 
 int32_t gateway::pm_wlan_ex_control_set(TimerRequest *request, TimerControlRecord *control) {
-  checkBuffers(request, control);
-  return change(timers().schedules, control);
+  return change(timers().schedules, *request, *control);
 }

@@ -15,26 +15,19 @@ struct TimerTask {
   std::vector<uint32_t> weekdays;
   uint32_t edge = 0;
   uint32_t enable = 0;
-  int64_t taskId = 0;
-  int64_t index = 0;
+  int32_t taskId = 0;
+  int32_t index = 0;
   /// What a listing says of the number of weekdays, where it is not the truth.
   std::optional<uint32_t> countedDays = {};
 
   bool operator==(const TimerTask &) const = default;
 };
 
-class Timers : public Section {
- public:
+struct Timers {
   static constexpr size_t kEntries = 90;
-
-  Timers() : Section("timers") {}
 
   std::vector<TimerTask> wakeUps;
   std::vector<TimerTask> schedules;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override;
 };
 
 Timers &timers();

@@ -29,9 +29,9 @@ TEST_F(HostTest, LogKeepsTheRenderedLine) {
 TEST_F(HostTest, BlocksComePoisonedAndAreCounted) {
   auto *block = static_cast<uint8_t *>(GetUB(20));
   EXPECT_THAT(std::vector<uint8_t>(block, block + 20), Each(0xa5));
-  EXPECT_THAT(host().blocks.liveSizes(), ElementsAre(20u));
+  EXPECT_THAT(blocks().liveSizes(), ElementsAre(20u));
   gateway().reset();
-  EXPECT_EQ(host().blocks.live(), 0u) << "what was taken before a reset is not counted after it";
+  EXPECT_EQ(blocks().live(), 0u) << "what was taken before a reset is not counted after it";
   RetUB(block);
   expectComplaint("no block of GetUB");
   RetUB(block);

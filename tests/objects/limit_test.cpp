@@ -4,10 +4,10 @@
 #include <cstring>
 
 #include "gateway/command_line.hpp"
-#include "gateway/filter_rules.hpp"
+#include "gateway/ubusfilter.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/host.hpp"
-#include "gateway/limits.hpp"
+#include "gateway/time_policy.hpp"
 #include "gateway/manager.hpp"
 #include "platform/limits.hpp"
 #include "tests/support/gateway_test.hpp"
@@ -194,14 +194,14 @@ TEST_F(DeviceLimitCfgData, ValidPeriodCarriesTheLimitInsteadOfTheProxy) {
   EXPECT_THAT(policies(), ElementsAre("1792 65 3600-7200"));
   EXPECT_THAT(trace("ctSgw_ssend_to_proxy"), IsEmpty());
   EXPECT_EQ(g_ubus_RecentdwApp, 1792u);
-  ASSERT_THAT(timePolicies().registrations, SizeIs(1));
-  EXPECT_EQ(timePolicies().registrations[0].instance, 1792u);
-  EXPECT_EQ(timePolicies().registrations[0].limitMode, 1u);
-  EXPECT_EQ(timePolicies().registrations[0].signal, "nexumd_signal");
-  EXPECT_EQ(timePolicies().registrations[0].signalNumber, 44695u);
-  ASSERT_THAT(timePolicies().notices, SizeIs(1));
-  EXPECT_EQ(timePolicies().notices[0].week, "65");
-  EXPECT_EQ(timePolicies().notices[0].endTime, 7200u);
+  ASSERT_THAT(timePolicy().registrations, SizeIs(1));
+  EXPECT_EQ(timePolicy().registrations[0].instance, 1792u);
+  EXPECT_EQ(timePolicy().registrations[0].limitMode, 1u);
+  EXPECT_EQ(timePolicy().registrations[0].signal, "nexumd_signal");
+  EXPECT_EQ(timePolicy().registrations[0].signalNumber, 44695u);
+  ASSERT_THAT(timePolicy().notices, SizeIs(1));
+  EXPECT_EQ(timePolicy().notices[0].week, "65");
+  EXPECT_EQ(timePolicy().notices[0].endTime, 7200u);
   EXPECT_THAT(logs(), HasLogLine({5, "device_limit_cfg_data",
                                   "[device_limit_cfg_data] have set time policy return\n"}));
 
@@ -381,7 +381,7 @@ TEST_F(DeviceLimitCfgData, ProxyFailureIsReturnedAndUndoesNothing) {
   EXPECT_EQ(set(limitOf(kTablet, "1", "1", "a.com")), -31);
   EXPECT_THAT(logs(), HasLogLine({4, "device_limit_cfg_data",
                                   "ctSgw_ssend_to_proxy CTSGW_EVENT_SET_BW error", -31}));
-  EXPECT_THAT(filterRules().ipv6, SizeIs(1));
+  EXPECT_THAT(ubusfilter().ipv6, SizeIs(1));
   EXPECT_THAT(listedMacs(), ElementsAre(kTablet));
 
   fail(Fault{.call = "ctSgw_ssend_to_proxy", .match = "SET_BW", .times = 1, .replyStatus = 5});
@@ -530,12 +530,12 @@ TEST_F(UrlKeyword, RulesFollowTheListOfTheDevice) {
                                   "the url ptLmtUrlCfg->LimitURL is b.com,c.com\n"}));
   const std::vector<FilterRule> left = {{kTabletPairs, "b.com", "DROP"},
                                         {kTabletPairs, "c.com", "DROP"}};
-  EXPECT_EQ(filterRules().ipv4, left);
-  EXPECT_EQ(filterRules().ipv6, left);
+  EXPECT_EQ(ubusfilter().ipv4, left);
+  EXPECT_EQ(ubusfilter().ipv6, left);
 
   set(limitOf(kTablet, "0", "0"));
-  EXPECT_THAT(filterRules().ipv4, IsEmpty());
-  EXPECT_THAT(filterRules().ipv6, IsEmpty());
+  EXPECT_THAT(ubusfilter().ipv4, IsEmpty());
+  EXPECT_THAT(ubusfilter().ipv6, IsEmpty());
 }
 
 TEST_F(UrlKeyword, WhatIsUnsafeOnACommandLineIsPassedOver) {
@@ -594,7 +594,7 @@ TEST_F(UrlKeyword, StaysOneArgumentOfOneCommand) {
       EXPECT_EQ(words->at(kWordsToKeyword - 1), keyword);
       EXPECT_EQ(words->at(1), "-A");
     }
-    EXPECT_EQ(filterRules().ipv4.back().urlKey, keyword);
+    EXPECT_EQ(ubusfilter().ipv4.back().urlKey, keyword);
   }
 }
 
@@ -624,8 +624,8 @@ TEST_F(UrlKeyword, CutCommandLosesItsEndAndGainsNothing) {
     EXPECT_EQ(commands()[1], whole.substr(0, 255));
     using Rules = std::vector<FilterRule>;
     const FilterRule rule{kTabletPairs, keyword, one.target};
-    EXPECT_EQ(filterRules().ipv4, one.addsIpv4 ? Rules{rule} : Rules{});
-    EXPECT_EQ(filterRules().ipv6, one.addsIpv6 ? Rules{rule} : Rules{});
+    EXPECT_EQ(ubusfilter().ipv4, one.addsIpv4 ? Rules{rule} : Rules{});
+    EXPECT_EQ(ubusfilter().ipv6, one.addsIpv6 ? Rules{rule} : Rules{});
   }
   restart();
   forgetLimits();
@@ -633,8 +633,8 @@ TEST_F(UrlKeyword, CutCommandLosesItsEndAndGainsNothing) {
   const std::string keywords = "x -j ACCEPT " + tail + ",;reboot;" + tail + ",'x" + tail;
   EXPECT_EQ(set(limitOf(kTablet, "1", "1", keywords)), 0);
   EXPECT_THAT(commands(), AllOf(SizeIs(6), Each(SizeIs(255))));
-  EXPECT_THAT(filterRules().ipv4, IsEmpty()) << "a quote that is not closed makes no rule";
-  EXPECT_THAT(filterRules().ipv6, IsEmpty());
+  EXPECT_THAT(ubusfilter().ipv4, IsEmpty()) << "a quote that is not closed makes no rule";
+  EXPECT_THAT(ubusfilter().ipv6, IsEmpty());
 }
 
 TEST_F(SiUbusLmturlCommand, ConsumesTheTextForTheOperationsItKnows) {
@@ -653,7 +653,7 @@ TEST_F(SiUbusLmturlCommand, ConsumesTheTextForTheOperationsItKnows) {
   si_ubus_lmturl_command(&config, "-D");
   const std::vector<FilterRule> left = {{kTabletPairs, "first.com", "DROP"},
                                         {kTabletPairs, "b.com", "DROP"}};
-  EXPECT_EQ(filterRules().ipv4, left);
+  EXPECT_EQ(ubusfilter().ipv4, left);
 
   forgetCalls();
   si_ubus_lmturl_command(nullptr, "-X");

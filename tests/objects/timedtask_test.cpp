@@ -27,10 +27,10 @@ class TimedTaskTest : public GatewayTest {
     return records;
   }
 
-  static void put(std::vector<TimerTask> &tasks, int64_t taskId, const char *time,
+  static void put(std::vector<TimerTask> &tasks, int32_t taskId, const char *time,
                   std::vector<uint32_t> weekdays = {1}) {
     // The wake-up service knows no index.
-    const int64_t index = &tasks == &timers().schedules ? 3 : 0;
+    const int32_t index = &tasks == &timers().schedules ? 3 : 0;
     tasks.push_back({time, std::move(weekdays), 0, 1, taskId, index});
   }
 };

@@ -63,7 +63,7 @@ void GatewayTest::checkComplaints() {
 }
 
 void GatewayTest::checkLeaks() {
-  EXPECT_THAT(host().blocks.liveSizes(), ::testing::IsEmpty()) << "blocks were not given back";
+  EXPECT_THAT(blocks().liveSizes(), ::testing::IsEmpty()) << "blocks were not given back";
   EXPECT_EQ(files().openStreams(), 0u);
   EXPECT_EQ(mesh().openHandles, 0u);
 }

@@ -115,7 +115,7 @@ class EveryMethodTest : public GatewayTest {
     }();
     EXPECT_EQ(files().openStreams(), arpReaders) << method.function;
     EXPECT_EQ(mesh().openHandles, 0u) << method.function;
-    EXPECT_EQ(host().blocks.live(), nodesInLists()) << method.function;
+    EXPECT_EQ(blocks().live(), nodesInLists()) << method.function;
   }
 
   static void expectNamed(const Method &method, int32_t status) {
@@ -201,7 +201,7 @@ TEST_F(EveryMethodTest, UnlinkedLimitsAreTheOnlyBlocksThatNobodyFinds) {
   size_t most = 0;
   sweepFaults(limitAndFree, [&](const testing::SweepRun &) {
     most = std::max(most, unlinked);
-    EXPECT_EQ(host().blocks.live(), nodesInLists() + unlinked);
+    EXPECT_EQ(blocks().live(), nodesInLists() + unlinked);
   });
   EXPECT_EQ(most, 1u);
 }

@@ -1,13 +1,20 @@
-#include "gateway/filter_rules.hpp"
+#include "gateway/ubusfilter.hpp"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "boundary/boundary.hpp"
 #include "gateway/command_line.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/host.hpp"
 #include "records/addresses.hpp"
+
+PM_RECORD(gateway::FilterRule, PM_FIELD(mac).means("of the device whose packets are meant"),
+          PM_FIELD(urlKey).means("a word in the URL"),
+          PM_FIELD(target).means("what happens to them: DROP, ACCEPT, RETURN, REJECT; without one "
+                                 "they are only counted"));
+
+PM_RECORD(gateway::Ubusfilter, PM_FIELD(ipv4).means("rules for IPv4, the first counts"),
+          PM_FIELD(ipv6).means("rules for IPv6, the first counts"));
 
 namespace gateway {
 
@@ -23,29 +30,10 @@ constexpr int32_t kBadUsage = 2;
 constexpr std::string_view kChain = "ubusfilter";
 constexpr std::string_view kTargets[] = {"DROP", "ACCEPT", "RETURN", "REJECT"};
 
-[[maybe_unused]] const FilterRules &registered = filterRules();
-
-Rules loadRules(Members &members, std::string_view family) {
-  Rules rules;
-  members.each(family, [&](const Json &element, const std::string &place) {
-    FilterRule rule;
-    Members one(element, place);
-    one.text("mac", &rule.mac);
-    one.text("urlKey", &rule.urlKey);
-    one.text("target", &rule.target);
-    one.finish();
-    rules.push_back(std::move(rule));
-  });
-  return rules;
-}
-
-Json saveRules(const Rules &rules) {
-  Json list = Json::array();
-  for (const FilterRule &rule : rules) {
-    list.push_back({{"mac", rule.mac}, {"urlKey", rule.urlKey}, {"target", rule.target}});
-  }
-  return list;
-}
+SectionOf<Ubusfilter> section{
+    "ubusfilter",
+    "The firewall's chain of URL rules; it exists when the profile names it",
+    {.loaded = [](Ubusfilter &chain, const std::string &) { chain.exists = true; }}};
 
 /// One call of iptables or ip6tables.
 class FilterCommand {
@@ -60,7 +48,7 @@ class FilterCommand {
       if (const int32_t status = takeOption(); status != kDone) return status;
     }
     if (operation_.empty()) return kBadUsage;
-    if (chain_ != kChain || !filterRules().exists) return kNoSuchThing;
+    if (chain_ != kChain || !ubusfilter().exists) return kNoSuchThing;
     return apply(rules);
   }
 
@@ -94,7 +82,8 @@ class FilterCommand {
   int32_t apply(Rules &rules) {
     const std::optional<MacAddress> mac = parseMac(mac_);
     if (!mac || mac_.find(':') == mac_.npos) return kBadUsage;
-    const bool known = target_.empty() || std::ranges::find(kTargets, target_) != kTargets + 4;
+    const bool known =
+        target_.empty() || std::ranges::find(kTargets, target_) != std::end(kTargets);
     if (!known) return kNoSuchThing;
     FilterRule rule{printMac(*mac), urlKey_, target_};
     if (operation_ == "-D") return remove(rules, rule);
@@ -144,36 +133,16 @@ int32_t runFilter(std::string_view program, const std::string &commandLine, Rule
 }
 
 const ProgramHandler kIptables{"iptables", [](Gateway &, const std::string &commandLine) {
-                                 return runFilter("iptables", commandLine, filterRules().ipv4);
+                                 return runFilter("iptables", commandLine, ubusfilter().ipv4);
                                }};
 const ProgramHandler kIp6tables{"ip6tables", [](Gateway &, const std::string &commandLine) {
-                                  return runFilter("ip6tables", commandLine, filterRules().ipv6);
+                                  return runFilter("ip6tables", commandLine, ubusfilter().ipv6);
                                 }};
 
 }  // namespace
 
-FilterRules &filterRules() {
-  static FilterRules *const instance = new FilterRules;
-  return *instance;
-}
-
-void FilterRules::reset() {
-  exists = false;
-  ipv4.clear();
-  ipv6.clear();
-}
-
-void FilterRules::load(const Json &value, const std::string &place) {
-  Members members(value, place);
-  exists = true;
-  ipv4 = loadRules(members, "ipv4");
-  ipv6 = loadRules(members, "ipv6");
-  members.finish();
-}
-
-Json FilterRules::save() const {
-  if (!exists) return nullptr;
-  return {{"ipv4", saveRules(ipv4)}, {"ipv6", saveRules(ipv6)}};
+Ubusfilter &ubusfilter() {
+  return section.state();
 }
 
 }  // namespace gateway

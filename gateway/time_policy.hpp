@@ -26,18 +26,11 @@ struct PolicyNotice {
 };
 
 /// Both lists grow with each message; the newest is the last.
-class TimePolicies : public Section {
- public:
-  TimePolicies() : Section("timePolicy") {}
-
+struct TimePolicy {
   std::vector<PolicyRegistration> registrations;
   std::vector<PolicyNotice> notices;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override;
 };
 
-TimePolicies &timePolicies();
+TimePolicy &timePolicy();
 
 }  // namespace gateway

@@ -17,20 +17,14 @@ struct FilterRule {
   bool operator==(const FilterRule &) const = default;
 };
 
-class FilterRules : public Section {
- public:
-  FilterRules() : Section("ubusfilter") {}
-
-  /// The chain is made by whoever sets up the firewall; without it every command fails.
+struct Ubusfilter {
+  /// The chain is made by whoever sets up the firewall; without it every command fails. A profile
+  /// that names it has it.
   bool exists = false;
   std::vector<FilterRule> ipv4;
   std::vector<FilterRule> ipv6;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override;
 };
 
-FilterRules &filterRules();
+Ubusfilter &ubusfilter();
 
 }  // namespace gateway

@@ -1,4 +1,4 @@
-#include "gateway/filter_rules.hpp"
+#include "gateway/ubusfilter.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -55,14 +55,14 @@ TEST_F(FilterRulesTest, RulesAreAddedInsertedAndDeleted) {
   EXPECT_EQ(run(rule("-D", "c -j DROP")), 1) << "another target is another rule";
   EXPECT_EQ(run(rule("-D", "\"a b\" -j DROP")), 0);
   const std::string mac = "a1:b2:c3:d4:e5:f6";
-  EXPECT_THAT(filterRules().ipv4,
+  EXPECT_THAT(ubusfilter().ipv4,
               ElementsAre(FilterRule{mac, "first", "DROP"}, FilterRule{mac, "c", ""}));
-  EXPECT_THAT(filterRules().ipv6, IsEmpty());
+  EXPECT_THAT(ubusfilter().ipv6, IsEmpty());
 
   const Json saved = gateway().save();
   gateway().load(saved);
   EXPECT_EQ(gateway().save().dump(), saved.dump());
-  EXPECT_EQ(filterRules().ipv4.size(), 2u);
+  EXPECT_EQ(ubusfilter().ipv4.size(), 2u);
 }
 
 TEST_F(FilterRulesTest, WhatIsNoRuleIsRefused) {
@@ -86,9 +86,9 @@ TEST_F(FilterRulesTest, WhatIsNoRuleIsRefused) {
   expectComplaint("an argument that no rule is made of: b");
   expectComplaint("an argument that no rule is made of: --comment");
   expectComplaint("does not begin with its program's name");
-  filterRules().exists = false;
+  ubusfilter().exists = false;
   EXPECT_EQ(run(rule("-A", "a")), 1) << "nobody has made the chain";
-  EXPECT_THAT(filterRules().ipv4, IsEmpty());
+  EXPECT_THAT(ubusfilter().ipv4, IsEmpty());
 }
 
 }  // namespace
