@@ -37,12 +37,11 @@ abi-renew: setup
 	@scripts/build.sh arm pmapi
 	@scripts/abi.sh renew build/arm/lib/libpmapi.so
 
-# Renews what the documents show of the command, the reference and the schema of profiles.
+# Renews what the documents show of the command, and the reference.
 documents: setup
 	@scripts/build.sh host pmapi_command
 	@scripts/documents.py
 	@scripts/reference.py
-	@scripts/profile_schema.py
 
 setup:
 	@scripts/setup.sh

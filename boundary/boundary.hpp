@@ -86,6 +86,12 @@ class Boundary {
     complaintSink_ = std::move(sink);
   }
 
+  /// What the platform refuses of instance paths besides: it throws Refusal.
+  void onPath(void (*check)(const char *path)) { pathCheck_ = check; }
+  void checkPath(const char *path) const {
+    if (pathCheck_ != nullptr) pathCheck_(path);
+  }
+
   void clearCalls();
   void reset();
 
@@ -102,6 +108,7 @@ class Boundary {
   uint32_t fallible_ = 0;
   std::function<void(const Call &)> callSink_;
   std::function<void(const std::string &)> complaintSink_;
+  void (*pathCheck_)(const char *path) = nullptr;
 };
 
 /// While one of these lives, control is on the platform's side. The entries make one before all

@@ -86,6 +86,7 @@ void checkPath(const Parameter &parameter, const char *given) {
     throw Refusal(kPathTooLong, "the instance path is longer than " +
                                     std::to_string(PLATFORM_INSTANCE_SIZE) + " characters");
   }
+  Boundary::current().checkPath(given);
 }
 
 }  // namespace boundary

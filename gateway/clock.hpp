@@ -9,26 +9,25 @@
 
 namespace gateway {
 
+struct Time {
+  int64_t uptime = 3600;
+  int64_t time = 1700000000; /**< seconds since 1970 */
+};
+
 class Clock {
  public:
   /// Far beyond what the library can tell apart, and far enough from what an integer holds.
   static constexpr int64_t kLatest = int64_t{1} << 53;
-  static constexpr int64_t kDefaultUptime = 3600;
-  static constexpr int64_t kDefaultTime = 1700000000;
 
-  int64_t uptime() const { return uptime_; }
-  /// Seconds since 1970.
-  int64_t time() const { return time_; }
+  const Time &now() const { return now_; }
+  int64_t uptime() const { return now_.uptime; }
+  int64_t time() const { return now_.time; }
   /// Seconds that the library slept.
   int64_t slept() const { return slept_; }
 
-  void set(int64_t uptime, int64_t time) {
-    uptime_ = uptime;
-    time_ = time;
-  }
+  void set(int64_t uptime, int64_t time) { now_ = {uptime, time}; }
   void advance(int64_t seconds) {
-    uptime_ = std::min(uptime_ + seconds, kLatest);
-    time_ = std::min(time_ + seconds, kLatest);
+    set(std::min(uptime() + seconds, kLatest), std::min(time() + seconds, kLatest));
   }
   /// A sleep of the library: it moves the clock, and takes its time only when that is asked for.
   /// Returns how many seconds were left when it was interrupted.
@@ -40,14 +39,13 @@ class Clock {
   void onSleep(std::function<void(uint32_t)> sink) { sleepSink_ = std::move(sink); }
 
   void reset() {
-    set(kDefaultUptime, kDefaultTime);
+    now_ = {};
     slept_ = 0;
     interruptedAfter_.reset();
   }
 
  private:
-  int64_t uptime_ = kDefaultUptime;
-  int64_t time_ = kDefaultTime;
+  Time now_;
   int64_t slept_ = 0;
   std::optional<uint32_t> interruptedAfter_;
   bool real_ = false;

@@ -21,7 +21,6 @@ const Layout &layoutOfView(uint32_t viewId) {
 }
 
 void checkHeader(const Layout &layout, const void *view) {
-  if (view == nullptr) throw Refusal(kNullArgument, "no view buffer");
   uint32_t header[2];
   std::memcpy(header, view, sizeof header);
   if (header[0] != layout.size) {
@@ -41,61 +40,49 @@ void checkCleared(const Layout &layout, const void *view) {
 }  // namespace
 
 int32_t gateway::vcorDbGetView(uint32_t viewId, const char *instance, void *view) {
-  Gateway &gateway = Gateway::current();
   const Layout &layout = layoutOfView(viewId);
-  const std::string path = instance;
   checkHeader(layout, view);
   checkCleared(layout, view);
-  const int32_t status = gateway.store().get(layout, path, view);
+  const int32_t status = Gateway::current().store().get(layout, instance, view);
   if (habits().spoilsHeaders) std::memset(view, 0xFF, layout.headerSize());
   return status;
 }
 
 int32_t gateway::vcorDbSetView(uint32_t viewId, const char *instance, void *view) {
-  Gateway &gateway = Gateway::current();
   const Layout &layout = layoutOfView(viewId);
-  const std::string path = instance;
   checkHeader(layout, view);
-  return gateway.store().set(layout, path, view);
+  return Gateway::current().store().set(layout, instance, view);
 }
 
 int32_t gateway::vcorDbQryView(uint32_t viewId, void *keyView, InstanceList *list) {
-  Gateway &gateway = Gateway::current();
   const Layout &layout = layoutOfView(viewId);
   checkHeader(layout, keyView);
   std::vector<std::string> found;
-  const int32_t status = gateway.store().query(layout, keyView, &found);
+  const int32_t status = Gateway::current().store().query(layout, keyView, &found);
   if (status == kOk) fill(list, found);
   return status;
 }
 
 int32_t gateway::vcorDbLstView(uint32_t viewId, const char *parent, InstanceList *list,
                                uint32_t capacity) {
-  Gateway &gateway = Gateway::current();
   const Layout &layout = layoutOfView(viewId);
-  const std::string path = parent;
-  if (list != nullptr && list->capacity != capacity) {
+  if (list->capacity != capacity) {
     throw Refusal(kBadRequest, "two capacities, " + std::to_string(list->capacity) + " and " +
                                    std::to_string(capacity));
   }
-  fill(list, gateway.store().list(layout, path));
+  fill(list, Gateway::current().store().list(layout, parent));
   return kOk;
 }
 
 int32_t gateway::vcorDbAddView(uint32_t viewId, const char *parent, char identity[32]) {
-  Gateway &gateway = Gateway::current();
-  const Layout &layout = layoutOfView(viewId);
-  const std::string path = parent;
   std::string made;
-  const int32_t status = gateway.store().add(layout, path, &made);
+  const int32_t status = Gateway::current().store().add(layoutOfView(viewId), parent, &made);
   if (status == kOk) writePath(made, identity);
   return status;
 }
 
 int32_t gateway::vcorDbDelView(uint32_t viewId, const char *instance) {
-  Gateway &gateway = Gateway::current();
-  const Layout &layout = layoutOfView(viewId);
-  return gateway.store().remove(layout, instance);
+  return Gateway::current().store().remove(layoutOfView(viewId), instance);
 }
 
 int32_t gateway::vcorDbSave() {

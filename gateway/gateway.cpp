@@ -6,6 +6,7 @@
 
 #include "gateway/host.hpp"
 #include "gateway/library_calls.hpp"
+#include "gateway/manager.hpp"
 #include "gateway/profile.hpp"
 #include "gateway/section.hpp"
 
@@ -32,6 +33,7 @@ void Gateway::reset() {
   logResult_ = 0;
   for (Section *section : Section::all()) section->reset();
   blocks().startCounting();
+  receivedMessages().clear();
 }
 
 void Gateway::load(const Json &profile) {

@@ -3,12 +3,12 @@
 // How to add a family of platform calls:
 //  1. Make gateway/FAMILY.cpp with the functions of the family's header in include/platform/; it
 //     is found by itself.
-//  2. Define each function with boundary::status or boundary::pointer: the call's name, a key that
-//     says what it is about, and what it does. Answer a Status; throw Refusal for what the platform
-//     would complain of.
+//  2. Define each function as gateway::NAME: what it does, and no more. The boundary has named, traced
+//     and failed the call and refused missing arguments. Answer a Status; throw Refusal for what the
+//     platform would complain of.
 //  3. Keep state in the store where a view or record holds it (`gateway.store().row<View>(path)`),
-//     else in a Section at namespace scope with the family's member of the profile. A section must
-//     reset, load and save: a saved gateway loads to the same state.
+//     else in a structure with a table of its members and a SectionOf at namespace scope, the
+//     family's member of the profile (section.hpp).
 //  4. Answer proxy events with a ProxyEvent, manager messages with a ManagerReply or MessageSink at
 //     namespace scope (proxy.hpp, manager.hpp).
 //  5. Test the family through the library, with tests/support/gateway_test.hpp.

@@ -17,7 +17,10 @@ struct Habits {
   bool fillsGaps = false;
 };
 
-Habits &habits();
+inline Habits &habits() {
+  static Habits habits;
+  return habits;
+}
 
 /// Gives the gateway a habit for as long as this lives.
 class Habit {

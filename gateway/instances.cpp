@@ -11,24 +11,21 @@ namespace gateway {
 
 namespace {
 
-void checkWhole(const char *path, size_t length) {
+void checkWhole(const char *path) {
+  if (!habits().copiesWholePaths) return;
+  const size_t length = strnlen(path, PLATFORM_INSTANCE_SIZE);
   const bool isWhole =
       length < PLATFORM_INSTANCE_SIZE && std::all_of(path + length, path + PLATFORM_INSTANCE_SIZE,
                                                      [](char byte) { return byte == '\0'; });
   if (!isWhole) throw Refusal(kBadRequest, "the instance path does not lie in 32 zeroed bytes");
 }
 
+[[maybe_unused]] const bool kIsChecked = (Boundary::current().onPath(checkWhole), true);
+
 }  // namespace
 
 std::string pathFrom(const char *path) {
-  if (path == nullptr) throw Refusal(kNullArgument, "no instance path");
-  const size_t length = strnlen(path, PLATFORM_INSTANCE_SIZE + 1);
-  if (length > PLATFORM_INSTANCE_SIZE) {
-    throw Refusal(kPathTooLong, "the instance path is longer than " +
-                                    std::to_string(PLATFORM_INSTANCE_SIZE) + " characters");
-  }
-  if (habits().copiesWholePaths) checkWhole(path, length);
-  return {path, length};
+  return path;
 }
 
 void writePath(const std::string &path, char out[PLATFORM_INSTANCE_SIZE]) {
@@ -47,7 +44,6 @@ uint32_t writePaths(const std::vector<std::string> &paths, uint32_t capacity,
 }
 
 void fill(InstanceList *list, const std::vector<std::string> &paths) {
-  if (list == nullptr) throw Refusal(kNullArgument, "no list");
   if (list->marker != PLATFORM_BLOCK_MARKER) throw Refusal(kBadHeader, "the list has no marker");
   list->dwCount = writePaths(paths, list->capacity, list->instances);
 }

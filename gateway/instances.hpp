@@ -10,14 +10,13 @@ namespace gateway {
 
 using namespace platform;
 
-/// The path as a text; refuses none, and one that no path of the platform can be.
+/// The path as a text.
 std::string pathFrom(const char *path);
 
 /// Writes a path into the caller's 32 bytes.
 void writePath(const std::string &path, char out[PLATFORM_INSTANCE_SIZE]);
 
-/// Writes as many paths as there is room for; returns how many there are, or what a fault makes of
-/// that number.
+/// Writes as many paths as there is room for; returns how many there are.
 uint32_t writePaths(const std::vector<std::string> &paths, uint32_t capacity,
                     char (*instances)[PLATFORM_INSTANCE_SIZE]);
 

@@ -14,13 +14,28 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <string_view>
+#include <utility>
 
 #include "gateway/gateway.hpp"
 
 namespace gateway {
 
 namespace {
+
+/// Where a path of the library's lies on this machine.
+std::string realPath(const char *path) {
+  if (path == nullptr) throw Refusal(kNullArgument, "no path");
+  return Gateway::current().files().map(path);
+}
+
+/// A call that fails with -1 and this error.
+template <class Body>
+int32_t answered(const char *call, std::string key, int failure, Body body) {
+  errno = failure;
+  return boundary::status(call, std::move(key), body);
+}
 
 FILE *openForLibrary(const char *path, const char *mode) {
   const std::string key = boundary::text(path) + " " + boundary::text(mode);
@@ -38,11 +53,10 @@ int descriptorForLibrary(FILE *stream) {
 
 /// Of what fcntl can do, the library asks for one thing only.
 int duplicateForLibrary(int descriptor, int command, int lowest) {
-  const std::string path = Gateway::current().files().pathOfDescriptor(descriptor);
-  errno = EMFILE;
-  return boundary::status("fcntl", path, [&] {
+  Files &files = Gateway::current().files();
+  return answered("fcntl", files.pathOfDescriptor(descriptor), EMFILE, [&] {
     if (command != F_DUPFD) throw Refusal(kBadRequest, "only F_DUPFD");
-    return Gateway::current().files().duplicate(descriptor, lowest);
+    return files.duplicate(descriptor, lowest);
   });
 }
 
@@ -54,34 +68,23 @@ FILE *openDuplicateForLibrary(int descriptor, const char *mode) {
 }
 
 int statForLibrary(const char *path, struct stat *found) {
-  errno = EIO;
-  return boundary::status("lstat", boundary::text(path), [&] {
-    if (path == nullptr) throw Refusal(kNullArgument, "no path");
-    return ::lstat(Gateway::current().files().map(path).c_str(), found);
-  });
+  return answered("lstat", boundary::text(path), EIO,
+                  [&] { return ::lstat(realPath(path).c_str(), found); });
 }
 
 int syncForLibrary(int descriptor) {
   const std::string path = Gateway::current().files().pathOfDescriptor(descriptor);
-  errno = EIO;
-  return boundary::status("fsync", path, [&] { return ::fsync(descriptor); });
+  return answered("fsync", path, EIO, [&] { return ::fsync(descriptor); });
 }
 
 int renameForLibrary(const char *from, const char *to) {
-  errno = EIO;
-  return boundary::status("rename", boundary::text(from) + " " + boundary::text(to), [&] {
-    if (from == nullptr || to == nullptr) throw Refusal(kNullArgument, "no path");
-    Files &files = Gateway::current().files();
-    return std::rename(files.map(from).c_str(), files.map(to).c_str());
-  });
+  return answered("rename", boundary::text(from) + " " + boundary::text(to), EIO,
+                  [&] { return std::rename(realPath(from).c_str(), realPath(to).c_str()); });
 }
 
 int unlinkForLibrary(const char *path) {
-  errno = EIO;
-  return boundary::status("unlink", boundary::text(path), [&] {
-    if (path == nullptr) throw Refusal(kNullArgument, "no path");
-    return ::unlink(Gateway::current().files().map(path).c_str());
-  });
+  return answered("unlink", boundary::text(path), EIO,
+                  [&] { return ::unlink(realPath(path).c_str()); });
 }
 
 void *allocateForLibrary(size_t count, size_t size) {
@@ -96,8 +99,7 @@ unsigned sleepForLibrary(unsigned seconds) {
 }
 
 int sysinfoForLibrary(struct sysinfo *info) {
-  errno = EFAULT;
-  return boundary::status("sysinfo", "", [&] {
+  return answered("sysinfo", "", EFAULT, [&] {
     std::memset(info, 0, sizeof *info);
     info->uptime = static_cast<decltype(info->uptime)>(Gateway::current().clock().uptime());
     info->mem_unit = 1;
@@ -130,50 +132,6 @@ const ReplacedCall kReplacements[] = {
     replacement<sysinfoForLibrary>("sysinfo"),
 };
 
-/// The tables of one loaded library that say which of its slots holds which import.
-struct Imports {
-  ElfW(Addr) base = 0;
-  const ElfW(Sym) *symbols = nullptr;
-  const char *names = nullptr;
-  const ElfW(Rel) * relocations[2] = {};
-  size_t counts[2] = {};
-};
-
-Imports importsOf(const dl_phdr_info &library, const ElfW(Dyn) * dynamic) {
-  Imports imports;
-  imports.base = library.dlpi_addr;
-  // The loader may or may not have added the base to the addresses of its dynamic section.
-  const auto address = [&](ElfW(Addr) value) {
-    return value < imports.base ? imports.base + value : value;
-  };
-  for (; dynamic->d_tag != DT_NULL; ++dynamic) {
-    const ElfW(Addr) value = dynamic->d_un.d_ptr;
-    switch (dynamic->d_tag) {
-      case DT_SYMTAB:
-        imports.symbols = reinterpret_cast<const ElfW(Sym) *>(address(value));
-        break;
-      case DT_STRTAB:
-        imports.names = reinterpret_cast<const char *>(address(value));
-        break;
-      case DT_JMPREL:
-        imports.relocations[0] = reinterpret_cast<const ElfW(Rel) *>(address(value));
-        break;
-      case DT_PLTRELSZ:
-        imports.counts[0] = value / sizeof(ElfW(Rel));
-        break;
-      case DT_REL:
-        imports.relocations[1] = reinterpret_cast<const ElfW(Rel) *>(address(value));
-        break;
-      case DT_RELSZ:
-        imports.counts[1] = value / sizeof(ElfW(Rel));
-        break;
-      default:
-        break;
-    }
-  }
-  return imports;
-}
-
 void writeSlot(ElfW(Addr) slot, uintptr_t function) {
   const auto pageSize = static_cast<uintptr_t>(::sysconf(_SC_PAGESIZE));
   auto *page = reinterpret_cast<void *>(slot & ~(pageSize - 1));
@@ -181,15 +139,22 @@ void writeSlot(ElfW(Addr) slot, uintptr_t function) {
   std::memcpy(reinterpret_cast<void *>(slot), &function, sizeof function);
 }
 
-void redirect(const Imports &imports, std::span<const ReplacedCall> calls) {
-  if (imports.symbols == nullptr || imports.names == nullptr) return;
-  for (int table = 0; table < 2; ++table) {
-    for (size_t i = 0; i < imports.counts[table]; ++i) {
-      const ElfW(Rel) &relocation = imports.relocations[table][i];
-      const ElfW(Sym) &symbol = imports.symbols[ELF32_R_SYM(relocation.r_info)];
-      const std::string_view name = imports.names + symbol.st_name;
+/// Points each slot of a loaded library that holds one of these imports elsewhere.
+void redirect(ElfW(Addr) base, const ElfW(Dyn) * dynamic, std::span<const ReplacedCall> calls) {
+  std::map<ElfW(Sword), ElfW(Addr)> entries;
+  for (; dynamic->d_tag != DT_NULL; ++dynamic) entries[dynamic->d_tag] = dynamic->d_un.d_ptr;
+  // The loader may or may not have added the base to the addresses of its dynamic section.
+  const auto address = [&](ElfW(Sword) tag) {
+    return entries[tag] < base ? base + entries[tag] : entries[tag];
+  };
+  const auto *symbols = reinterpret_cast<const ElfW(Sym) *>(address(DT_SYMTAB));
+  const auto *names = reinterpret_cast<const char *>(address(DT_STRTAB));
+  for (const auto &[table, size] : {std::pair(DT_JMPREL, DT_PLTRELSZ), {DT_REL, DT_RELSZ}}) {
+    const auto *relocations = reinterpret_cast<const ElfW(Rel) *>(address(table));
+    for (const ElfW(Rel) & one : std::span(relocations, entries[size] / sizeof *relocations)) {
+      const std::string_view name = names + symbols[ELF32_R_SYM(one.r_info)].st_name;
       for (const ReplacedCall &call : calls) {
-        if (name == call.symbol) writeSlot(imports.base + relocation.r_offset, call.function);
+        if (name == call.symbol) writeSlot(base + one.r_offset, call.function);
       }
     }
   }
@@ -207,9 +172,8 @@ int visitLibrary(dl_phdr_info *library, size_t, void *given) {
   for (int i = 0; i < library->dlpi_phnum; ++i) {
     const ElfW(Phdr) &header = library->dlpi_phdr[i];
     if (header.p_type != PT_DYNAMIC) continue;
-    redirect(importsOf(*library,
-                       reinterpret_cast<const ElfW(Dyn) *>(library->dlpi_addr + header.p_vaddr)),
-             visit.calls);
+    const ElfW(Addr) base = library->dlpi_addr;
+    redirect(base, reinterpret_cast<const ElfW(Dyn) *>(base + header.p_vaddr), visit.calls);
     visit.found = true;
   }
   return 1;

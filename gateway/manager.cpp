@@ -1,8 +1,6 @@
 #include "gateway/manager.hpp"
 
-#include <cstdio>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "boundary/boundary.hpp"
@@ -10,7 +8,6 @@
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/habits.hpp"
-#include "gateway/section.hpp"
 #include "platform/proxy.h"
 
 namespace gateway {
@@ -29,22 +26,6 @@ std::map<std::string, MessageSink::Take> &sinks() {
   return registered;
 }
 
-/// The queue of the modules: gone after a restart, so no part of a profile.
-class Messages : public Section {
- public:
-  Messages() : Section("messages") {}
-
-  std::vector<ReceivedMessage> received;
-
-  void load(const Json &, const std::string &place) override {
-    throw InputError(place, "no such member");
-  }
-  Json save() const override { return nullptr; }
-  void reset() override { received.clear(); }
-};
-
-Messages messages;
-
 [[noreturn]] void refuseAsMissing() {
   throw Refusal(kNotThereYet, "this message is not there yet in the virtual gateway");
 }
@@ -59,8 +40,9 @@ MessageSink::MessageSink(std::string_view module, Take take) {
   sinks()[std::string(module)] = take;
 }
 
-const std::vector<ReceivedMessage> &receivedMessages() {
-  return messages.received;
+std::vector<ReceivedMessage> &receivedMessages() {
+  static auto *const received = new std::vector<ReceivedMessage>;
+  return *received;
 }
 
 }  // namespace gateway
@@ -83,12 +65,11 @@ int32_t gateway::pm_send_msg_2mm(const char *module, uint32_t messageClass, uint
 }
 
 int32_t gateway::ASEND(uint32_t messageId, const void *data, uint32_t length, const char *module) {
-  Gateway &gateway = Gateway::current();
   const auto found = sinks().find(module);
   if (found == sinks().end()) refuseAsMissing();
   const auto *begin = static_cast<const uint8_t *>(data);
   ReceivedMessage message{module, messageId, {begin, begin + (begin == nullptr ? 0 : length)}};
-  const int32_t status = found->second(gateway, message);
-  if (status == kOk) messages.received.push_back(std::move(message));
+  const int32_t status = found->second(Gateway::current(), message);
+  if (status == kOk) receivedMessages().push_back(std::move(message));
   return status;
 }

@@ -30,7 +30,8 @@ struct MessageSink {
   MessageSink(std::string_view module, Take take);
 };
 
-/// Everything that ASEND delivered since the last reset, oldest first.
-const std::vector<ReceivedMessage> &receivedMessages();
+/// Everything that ASEND delivered since the last reset, oldest first. A restart loses it, so it is
+/// no part of a profile.
+std::vector<ReceivedMessage> &receivedMessages();
 
 }  // namespace gateway

@@ -1,5 +1,6 @@
 #include "gateway/profile.hpp"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "gateway/gateway.hpp"
@@ -7,21 +8,26 @@
 #include "gateway/text_file.hpp"
 #include "records/codec.hpp"
 
+PM_RECORD(gateway::Time,
+          PM_FIELD(uptime).means("since the gateway started").means(platform::unit("s")),
+          PM_FIELD(time).means("since 1970").means(platform::unit("s")));
+
 namespace gateway {
 
 namespace {
 
-void loadTables(Gateway &gateway, const Json &tables, const std::string &place, bool views) {
-  if (!tables.is_object()) throw InputError(place, "must be an object");
+template <bool IsView>
+void loadTables(Gateway &gateway, const Json &tables, const std::string &place) {
+  requireObject(tables, place);
   for (const auto &[name, instances] : tables.items()) {
-    const std::string tablePlace = place + "." + name;
+    const std::string tablePlace = placeOf(place, name);
     const Layout *layout = layoutByName(name);
-    if (layout == nullptr || layout->isView() != views) {
-      throw InputError(tablePlace, views ? "no such view" : "no such record");
+    if (layout == nullptr || layout->isView() != IsView) {
+      throw InputError(tablePlace, IsView ? "no such view" : "no such record");
     }
-    if (!instances.is_object()) throw InputError(tablePlace, "must be an object");
+    requireObject(instances, tablePlace);
     for (const auto &[path, fields] : instances.items()) {
-      const std::string instancePlace = tablePlace + "." + path;
+      const std::string instancePlace = placeOf(tablePlace, path);
       if (path.empty()) throw InputError(instancePlace, "an instance needs a path");
       fromJson(fields, instancePlace, shapeOf(*layout),
                gateway.store().create(*layout, path).data());
@@ -29,10 +35,11 @@ void loadTables(Gateway &gateway, const Json &tables, const std::string &place, 
   }
 }
 
-Json saveTables(Gateway &gateway, bool views) {
+template <bool IsView>
+Json saveTables(Gateway &gateway) {
   Json tables = Json::object();
   for (const Layout &layout : allLayouts()) {
-    if (layout.isView() != views) continue;
+    if (layout.isView() != IsView) continue;
     Json instances = Json::object();
     for (const std::string &path : gateway.store().paths(layout)) {
       instances[path] =
@@ -41,6 +48,18 @@ Json saveTables(Gateway &gateway, bool views) {
     if (!instances.empty()) tables[std::string(layout.name)] = std::move(instances);
   }
   return tables;
+}
+
+template <bool IsView>
+Json tablesSchema() {
+  Json tables = Json::object();
+  for (const Layout &layout : allLayouts()) {
+    if (layout.isView() != IsView) continue;
+    tables[std::string(layout.name)] = {{"type", "object"},
+                                        {"propertyNames", {{"minLength", 1}}},
+                                        {"additionalProperties", schemaOf(shapeOf(layout))}};
+  }
+  return {{"type", "object"}, {"additionalProperties", false}, {"properties", std::move(tables)}};
 }
 
 /// A file is a text, or an array of lines.
@@ -56,9 +75,9 @@ std::string fileContent(const Json &value, const std::string &place) {
 }
 
 void loadFiles(Gateway &gateway, const Json &files, const std::string &place) {
-  if (!files.is_object()) throw InputError(place, "must be an object");
+  requireObject(files, place);
   for (const auto &[path, value] : files.items()) {
-    const std::string filePlace = place + "." + path;
+    const std::string filePlace = placeOf(place, path);
     const std::string content = fileContent(value, filePlace);
     try {
       // A directory of the user's keeps what is in it.
@@ -77,21 +96,60 @@ Json saveFiles(Gateway &gateway) {
   return files;
 }
 
-void readTime(Members &members, const char *member, int64_t *out) {
-  members.number(member, out);
-  if (*out < 0 || *out > Clock::kLatest) {
-    throw InputError(members.placeOf(member), "number out of range");
-  }
+Json filesSchema() {
+  const Json text = {{"type", "string"}};
+  return {{"type", "object"},
+          {"additionalProperties", {{"anyOf", {text, {{"type", "array"}, {"items", text}}}}}}};
 }
 
 void loadClock(Gateway &gateway, const Json &value, const std::string &place) {
-  Members members(value, place);
-  int64_t uptime = gateway.clock().uptime();
-  int64_t time = gateway.clock().time();
-  readTime(members, "uptime", &uptime);
-  readTime(members, "time", &time);
-  members.finish();
-  gateway.clock().set(uptime, time);
+  Time now = gateway.clock().now();
+  fromJson(value, place, kShape<Time>, &now);
+  for (const auto &[name, seconds] : value.items()) {
+    integerFromJson(seconds, placeOf(place, name), 0, Clock::kLatest);
+  }
+  gateway.clock().set(now.uptime, now.time);
+}
+
+Json saveClock(Gateway &gateway) {
+  return toJson(kShape<Time>, &gateway.clock().now());
+}
+
+Json clockSchema() {
+  Json schema = schemaOf(kShape<Time>);
+  for (Json &member : schema["properties"]) {
+    member["minimum"] = 0;
+    member["maximum"] = Clock::kLatest;
+  }
+  return schema;
+}
+
+/// A member of the profile that is no section, in the order in which they are loaded: sections look
+/// at the clock and at the store.
+struct Part {
+  std::string name;
+  const char *description;
+  void (*load)(Gateway &gateway, const Json &value, const std::string &place);
+  Json (*save)(Gateway &gateway);
+  Json (*schema)();
+};
+
+const Part kParts[] = {
+    {"clock", "When it is", loadClock, saveClock, clockSchema},
+    {"views", "Views of the configuration by name and instance", loadTables<true>, saveTables<true>,
+     tablesSchema<true>},
+    {"records", "The platform's records that are no views, by name and instance", loadTables<false>,
+     saveTables<false>, tablesSchema<false>},
+    {"files", "Files by path, each a text or an array of lines", loadFiles, saveFiles, filesSchema},
+};
+
+/// Anything may stand there.
+constexpr const char *kComment = "description";
+
+bool isMember(std::string_view name) {
+  const auto isNamed = [&](const Section *section) { return section->name() == name; };
+  return name == kComment || std::ranges::find(kParts, name, &Part::name) != std::end(kParts) ||
+         std::ranges::any_of(Section::all(), isNamed);
 }
 
 }  // namespace
@@ -109,32 +167,46 @@ std::string profileText(Gateway &gateway) {
 }
 
 void loadProfile(Gateway &gateway, const Json &profile) {
-  Members members(profile, "");
-  members.take("description");
-  if (const Json *clock = members.take("clock")) loadClock(gateway, *clock, "clock");
-  if (const Json *views = members.take("views")) loadTables(gateway, *views, "views", true);
-  if (const Json *records = members.take("records")) {
-    loadTables(gateway, *records, "records", false);
+  requireObject(profile, "");
+  for (const auto &entry : profile.items()) {
+    if (!isMember(entry.key())) throw InputError(entry.key(), "no such member");
   }
-  if (const Json *files = members.take("files")) loadFiles(gateway, *files, "files");
+  for (const Part &part : kParts) {
+    if (profile.contains(part.name)) part.load(gateway, profile[part.name], part.name);
+  }
   for (Section *section : Section::all()) {
     const std::string name(section->name());
-    if (const Json *value = members.take(name)) section->load(*value, name);
+    if (profile.contains(name)) section->load(profile[name], name);
   }
-  members.finish();
 }
 
 Json saveProfile(Gateway &gateway) {
   Json profile = Json::object();
-  profile["clock"] = {{"uptime", gateway.clock().uptime()}, {"time", gateway.clock().time()}};
-  profile["views"] = saveTables(gateway, true);
-  profile["records"] = saveTables(gateway, false);
-  profile["files"] = saveFiles(gateway);
+  for (const Part &part : kParts) profile[part.name] = part.save(gateway);
   for (const Section *section : Section::all()) {
     Json value = section->save();
     if (!value.is_null()) profile[std::string(section->name())] = std::move(value);
   }
   return profile;
+}
+
+Json profileSchema() {
+  Json members = {{kComment, {{"description", "Anything"}}}};
+  for (const Part &part : kParts) {
+    members[part.name] = {{"description", part.description}};
+    members[part.name].update(part.schema());
+  }
+  for (const Section *section : Section::all()) {
+    if (section->shape() == nullptr) continue;
+    Json &member = members[std::string(section->name())];
+    member = {{"description", section->description()}};
+    member.update(schemaOf(*section->shape()));
+  }
+  return {{"$schema", "http://json-schema.org/draft-07/schema#"},
+          {"title", "Profile of a virtual gateway"},
+          {"type", "object"},
+          {"additionalProperties", false},
+          {"properties", std::move(members)}};
 }
 
 }  // namespace gateway

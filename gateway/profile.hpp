@@ -21,4 +21,7 @@ void loadProfile(Gateway &gateway, const Json &profile);
 Json saveProfile(Gateway &gateway);
 std::string profileText(Gateway &gateway);
 
+/// A JSON schema of everything that loadProfile() takes.
+Json profileSchema();
+
 }  // namespace gateway

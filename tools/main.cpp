@@ -1,12 +1,13 @@
 // pmapi: stands in for the daemon. Calls the library's handlers on a virtual gateway, JSON in and
 // JSON out.
+#include "gateway/profile.hpp"
 #include "gateway/temporary_root.hpp"
-#include "tools/session/layout_listing.hpp"
 #include "tools/command/listing.hpp"
 #include "tools/command/output.hpp"
-#include "tools/session/session.hpp"
 #include "tools/command/subcommands.hpp"
 #include "tools/command/transcript.hpp"
+#include "tools/session/layout_listing.hpp"
+#include "tools/session/session.hpp"
 
 namespace command {
 namespace {
@@ -17,11 +18,14 @@ struct Request {
   bool verbose = false;
   bool json = false;
   bool layouts = false;
+  bool schema = false;
 };
 
 int list(const Request &request) {
   const std::string &object = request.target.object;
-  if (request.layouts) {
+  if (request.schema) {
+    std::cout << gateway::profileSchema().dump(1) << '\n';
+  } else if (request.layouts) {
     std::cout << layoutsAsJson().dump(2) << '\n';
   } else if (request.json) {
     std::cout << listingAsJson(object).dump(2) << '\n';
@@ -83,8 +87,9 @@ int main(int argc, char **argv) {
   const Subcommands subcommands = addSubcommands(app, request.target);
   subcommands.list->add_flag("-v,--verbose", request.verbose, "Methods, arguments and answers");
   subcommands.list->add_flag("--json", request.json, "The same for programs");
-  subcommands.list->add_flag("--layouts", request.layouts,
-                             "What a gateway profile may hold instead");
+  subcommands.list->add_flag("--layouts", request.layouts, "The platform's views and records");
+  subcommands.list->add_flag("--schema", request.schema,
+                             "What a gateway profile may hold, as a JSON schema");
   addOptions(app, request.options);
   return runProgram(app, argc, argv, [&] {
     if (subcommands.list->parsed()) return list(request);

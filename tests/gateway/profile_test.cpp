@@ -63,7 +63,7 @@ TEST_F(ProfileTest, WrongProfileIsRefusedWithPlaceAndReason) {
     std::string profile;
     const char *refusal;
   } cases[] = {
-      {"[]", "must be an object"},
+      {"[]", "expected an object, got an array"},
       {R"({"vues": {}})", "vues: no such member"},
       {R"({"views": {"DBVIEW_X": {}}})", "views.DBVIEW_X: no such view"},
       {R"({"views": {"RouteInfoRecord": {}}})", "views.RouteInfoRecord: no such view"},
@@ -99,6 +99,30 @@ TEST_F(ProfileTest, WrongProfileIsRefusedWithPlaceAndReason) {
        R"(mesh.state: must be one of "up", "down", "failing", "timing out")"},
   };
   for (const auto &[profile, expected] : cases) EXPECT_EQ(refusal(profile), expected) << profile;
+}
+
+/// Places in a schema whose members nobody described.
+void collectUndescribed(const Json &schema, const std::string &place,
+                        std::vector<std::string> &out) {
+  if (schema.is_object() && schema.contains("properties")) {
+    for (const auto &[name, member] : schema["properties"].items()) {
+      const std::string description = member["description"];
+      if (description == "nothing more is known of it") out.push_back(place + "." + name);
+    }
+  }
+  for (const auto &[name, part] : schema.items()) {
+    if (part.is_structured()) collectUndescribed(part, place + "." + name, out);
+  }
+}
+
+TEST_F(ProfileTest, EveryMemberOfASectionIsDescribed) {
+  std::vector<std::string> undescribed;
+  for (const auto &[name, schema] : profileSchema()["properties"].items()) {
+    EXPECT_NE(schema["description"], "") << name;
+    // What is known of the platform's fields is all that anybody knows.
+    if (name != "views" && name != "records") collectUndescribed(schema, name, undescribed);
+  }
+  EXPECT_THAT(undescribed, ::testing::IsEmpty());
 }
 
 TEST_F(ProfileTest, FileThatIsNoProfileIsNamed) {

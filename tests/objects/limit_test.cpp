@@ -4,11 +4,11 @@
 #include <cstring>
 
 #include "gateway/command_line.hpp"
-#include "gateway/ubusfilter.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/host.hpp"
-#include "gateway/time_policy.hpp"
 #include "gateway/manager.hpp"
+#include "gateway/time_policy.hpp"
+#include "gateway/ubusfilter.hpp"
 #include "platform/limits.hpp"
 #include "tests/support/gateway_test.hpp"
 
@@ -27,10 +27,10 @@ using ::testing::StartsWith;
 using boundary::Fault;
 using gateway::Bytes;
 using gateway::FilterRule;
-using gateway::filterRules;
 using gateway::layoutOf;
 using gateway::Row;
-using gateway::timePolicies;
+using gateway::timePolicy;
+using gateway::ubusfilter;
 
 constexpr char kTag[] = "object_nexumd_limit_pmapi.c";
 constexpr char kProfile[] = R"({"ubusfilter": {}})";

@@ -146,7 +146,7 @@ TEST_F(TimedTaskTest, SameIdIsReplacedWhateverItsAction) {
 }
 
 TEST_F(TimedTaskTest, FullServicesNeitherOverrunNorLoseTasks) {
-  for (int64_t id = 100; id < 190; ++id) {
+  for (int32_t id = 100; id < 190; ++id) {
     put(timers().wakeUps, id, "01:00");
     put(timers().schedules, id, "02:00");
   }

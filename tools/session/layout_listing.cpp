@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "gateway/section.hpp"
-#include "records/layouts.hpp"
+#include "records/row.hpp"
 
 namespace command {
 namespace {
@@ -11,34 +11,18 @@ namespace {
 using platform::Field;
 using platform::FieldKind;
 
-const char *kindName(FieldKind kind) {
-  switch (kind) {
-    case FieldKind::kWord:
-      return "word";
-    case FieldKind::kByte:
-      return "byte";
-    case FieldKind::kMac:
-      return "mac";
-    case FieldKind::kCounter:
-      return "counter";
-    case FieldKind::kText:
-      return "text";
-    case FieldKind::kBytes:
-      return "bytes";
-    case FieldKind::kRows:
-      return "rows";
-    case FieldKind::kPointer:
-      break;
-  }
-  return "pointer";
-}
+// By their number in FieldKind.
+constexpr const char *kKindNames[] = {"word", "byte",  "mac",     "counter",
+                                      "text", "bytes", "pointer", "rows"};
 
 Json fieldsOf(const records::Layout &layout) {
   Json fields = Json::array();
   for (const Field &field : layout.fields) {
-    Json entry{{"name", field.name}, {"kind", kindName(field.kind)}, {"width", field.width}};
+    Json entry{{"name", field.name},
+               {"kind", kKindNames[static_cast<size_t>(field.kind)]},
+               {"width", field.width}};
     if (field.kind == FieldKind::kText) {
-      entry["longest"] = field.width - (field.marked ? platform::kValidityDistance : 1);
+      entry["longest"] = records::textCapacity(field);
     }
     fields.push_back(entry);
   }
