@@ -139,12 +139,19 @@ void bytesFromJson(const Json &value, const std::string &where, uint32_t size, v
 }
 
 void textInto(const std::string &text, const Member &member, void *place) {
-  if (member.kind == Kind::kString) {
+  if (member.kind != Kind::kText) {
     *static_cast<std::string *>(place) = text;
     return;
   }
   std::memset(place, 0, member.size);
   std::memcpy(place, text.data(), text.size());
+}
+
+/// Profiles hold any bytes where documents hold UTF-8.
+std::string documentFromJson(const Json &value, const std::string &where) {
+  if (value.is_string()) return textFromJson(value, where, UINT32_MAX);
+  const std::string text = bytesFromUtf8(withTexts(value, bytesToUtf8).dump());
+  return textFromJson(text, where, UINT32_MAX);
 }
 
 struct Input {
@@ -177,6 +184,8 @@ void elementFromJson(const Json &value, const std::string &where, const Member &
       }
       return textInto(text, member, place);
     }
+    case Kind::kDocument:
+      return textInto(documentFromJson(value, where), member, place);
     case Kind::kMac:
       return addressFromJson<MacAddress>(value, where, "a MAC address", macIn, place);
     case Kind::kIpv6:
@@ -284,6 +293,18 @@ Json textToJson(std::string_view text, const Member &member, const Print &print)
   return print.escapesBytes ? printable(text) : std::string(text);
 }
 
+/// One that is a text, is written in another way or is no JSON stays the text that it is.
+Json documentToJson(const std::string &text) {
+  try {
+    // It stands below the levels of the document that holds it.
+    constexpr int kLevelsAbove = 2;
+    Json document = parseJson(text, "", kDeepestJson - kLevelsAbove);
+    if (!document.is_string() && document.dump() == text) return document;
+  } catch (const InputError &) {
+  }
+  return text;
+}
+
 Json elementToJson(const Member &member, const void *place, const Print &print) {
   switch (member.kind) {
     case Kind::kUnsigned:
@@ -298,6 +319,8 @@ Json elementToJson(const Member &member, const void *place, const Print &print) 
     }
     case Kind::kString:
       return textToJson(*static_cast<const std::string *>(place), member, print);
+    case Kind::kDocument:
+      return documentToJson(*static_cast<const std::string *>(place));
     case Kind::kMac:
       return printMac(addressAt<MacAddress>(place));
     case Kind::kIpv6:
@@ -328,7 +351,7 @@ const void *elementAt(const Member &member, const uint8_t *record, size_t index)
 
 bool isZero(const Member &member, const uint8_t *record) {
   if (member.sequence != nullptr) return countOf(member, record) == 0;
-  if (member.kind == Kind::kString) {
+  if (member.kind == Kind::kString || member.kind == Kind::kDocument) {
     return reinterpret_cast<const std::string *>(record + member.offset)->empty();
   }
   const uint8_t *begin = record + member.offset;
@@ -368,6 +391,11 @@ Json elementSchema(const Member &member) {
       return {{"type", "boolean"}};
     case Kind::kText:
       return {{"type", "string"}, {"maxLength", member.longest}};
+    case Kind::kString:
+      if (member.longest == UINT32_MAX) return name;
+      return {{"type", "string"}, {"maxLength", member.longest}};
+    case Kind::kDocument:
+      return Json::object();
     case Kind::kMac:
       return {{"type", "string"},
               {"pattern", "^([0-9A-Fa-f]{2}(:[0-9A-Fa-f]{2}){5}|[0-9A-Fa-f]{12})$"}};

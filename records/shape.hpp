@@ -28,8 +28,9 @@ enum class Kind : uint8_t {
   kSigned,
   kEitherSign, /**< a word of the platform, whose sign nobody states */
   kFlag,
-  kText,   /**< characters up to a zero or to the end of their room */
-  kString, /**< a std::string */
+  kText,     /**< characters up to a zero or to the end of their room */
+  kString,   /**< a std::string */
+  kDocument, /**< a std::string of JSON, which may also be given as the JSON itself */
   kMac,
   kIpv6,
   kBytes,
@@ -97,10 +98,23 @@ struct Member {
     return member;
   }
 
-  /// At most so many elements.
+  /// At most so many elements, or characters of a std::string.
   constexpr Member atMost(uint32_t count) const {
     Member member = *this;
-    member.elements = count;
+    (isArray ? member.elements : member.longest) = count;
+    return member;
+  }
+
+  /// What JSON calls the member, where that is no name of C++ or says more in its place.
+  constexpr Member named(const char *other) const {
+    Member member = *this;
+    member.name = other;
+    return member;
+  }
+
+  constexpr Member document() const {
+    Member member = *this;
+    member.kind = Kind::kDocument;
     return member;
   }
 
@@ -188,6 +202,8 @@ consteval void describeElement(Member &member) {
     member.longest = UINT32_MAX;
   } else if constexpr (std::is_same_v<Element, bool>) {
     member.kind = Kind::kFlag;
+  } else if constexpr (std::is_enum_v<Element>) {
+    member.kind = Kind::kUnsigned;
   } else if constexpr (std::is_integral_v<Element>) {
     member.kind = std::is_signed_v<Element> ? Kind::kSigned : Kind::kUnsigned;
   } else if constexpr (std::is_same_v<Element, MacAddress>) {
@@ -263,8 +279,9 @@ consteval Member describeMember(const char *name, size_t offset) {
 /// To be used at global scope. Inside, PM_FIELD names a member of the record.
 #define PM_RECORD(Type, ...) PM_RECORD_AS(false, Type, __VA_ARGS__)
 
-#define PM_FIELD(member) \
-  ::records::describeMember<decltype(Record::member)>(#member, offsetof(Record, member))
+#define PM_FIELD(member)                                                        \
+  ::records::describeMember<std::remove_reference_t<decltype(Record::member)>>( \
+      #member, offsetof(Record, member))
 
 /// An array of which the member `count` says how many elements are filled.
 #define PM_COUNTED(member, count) PM_FIELD(member).countedBy(offsetof(Record, count))
