@@ -3,24 +3,16 @@
 
 #include <vector>
 
-#include "gateway/section.hpp"
 #include "records/addresses.hpp"
 
 namespace gateway {
 
 using namespace records;
 
-class BlockList : public Section {
- public:
-  BlockList() : Section("blockList") {}
-
+struct BlockList {
   std::vector<MacAddress> stations;
 
   bool holds(const MacAddress &mac) const;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override { stations.clear(); }
 };
 
 BlockList &blockList();

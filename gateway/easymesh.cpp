@@ -1,17 +1,14 @@
 // The EasyMesh settings: written through a record, read through a view.
-#include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "platform/wlan.h"
 #include "platform/wlan.hpp"
 
-using namespace gateway;
+namespace gateway {
 
-int32_t gateway::pm_wlan_set_easymesh(WlanEasyMeshRecord *record) {
-  Gateway &gateway = Gateway::current();
-  if (!gateway.store().has<EasyMeshView>("IGD")) return kUnknownInstance;
+int32_t pm_wlan_set_easymesh(WlanEasyMeshRecord *record) {
+  if (!store().has<EasyMeshView>("IGD")) return kUnknownInstance;
   const Row given = fieldsOf<WlanEasyMeshRecord>(record);
-  const Row view = gateway.store().row<EasyMeshView>("IGD");
+  const Row view = store().row<EasyMeshView>("IGD");
   if (given.mark(WlanEasyMeshRecord::meshRole) == 1) {
     view.setWord(EasyMeshView::meshRole, given.word(WlanEasyMeshRecord::meshRole));
   }
@@ -20,3 +17,5 @@ int32_t gateway::pm_wlan_set_easymesh(WlanEasyMeshRecord *record) {
   }
   return kOk;
 }
+
+}  // namespace gateway

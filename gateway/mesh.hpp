@@ -2,27 +2,20 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
-
-#include "gateway/section.hpp"
 
 namespace gateway {
 
 enum class MapdState : uint32_t { kUp, kDown, kFailing, kTimingOut };
 
-class Mesh : public Section {
- public:
-  Mesh() : Section("mesh") {}
-
-  MapdState state = MapdState::kDown;
+struct Mesh {
+  /// None without a daemon.
+  std::optional<MapdState> state;
   /// The dump as the daemon writes it: JSON text, not necessarily well-formed.
   std::string topology;
   /// Control connections that the library has not closed.
   uint32_t openHandles = 0;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override;
 };
 
 Mesh &mesh();

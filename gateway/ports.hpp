@@ -2,37 +2,33 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "gateway/section.hpp"
-#include "gateway/store.hpp"
+#include "records/addresses.hpp"
 
 namespace gateway {
 
+using namespace records;
+
+/// The optional members are held by the port's row of DBVIEW_ETH_PORTCONF.
 struct Port {
   uint32_t number = 0;
   std::string instance;
-  /// By which the platform knows the port's MAC.
-  uint32_t macParameterId = 0;
+  std::optional<uint32_t> macParameterId;
   MacAddress mac = {};
   uint32_t linkState = 0;
-  uint32_t rateCode = 0;
+  std::optional<uint32_t> rateCode;
 };
 
-class Ports : public Section {
- public:
-  Ports() : Section("ports") {}
-
+struct Ports {
   std::vector<Port> all;
 
   /// nullptr for a number beyond the box.
   Port *byNumber(uint32_t number);
-  Port *byInstance(const std::string &instance);
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override { all.clear(); }
+  Port *byInstance(std::string_view instance);
 };
 
 Ports &ports();

@@ -42,6 +42,7 @@ Json saveTables(Gateway &gateway) {
     if (layout.isView() != IsView) continue;
     Json instances = Json::object();
     for (const std::string &path : gateway.store().paths(layout)) {
+      if (gateway.store().isLeftToSection(layout, path)) continue;
       instances[path] =
           toJson(shapeOf(layout), gateway.store().row(layout, path).data(), {.omitsZeros = true});
     }
@@ -178,6 +179,7 @@ void loadProfile(Gateway &gateway, const Json &profile) {
     const std::string name(section->name());
     if (profile.contains(name)) section->load(profile[name], name);
   }
+  for (Section *section : Section::all()) section->complete();
 }
 
 Json saveProfile(Gateway &gateway) {

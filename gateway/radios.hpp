@@ -2,35 +2,28 @@
 // is counted here.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 
-#include "gateway/section.hpp"
+#include "platform/codes.hpp"
 
 namespace gateway {
-
-inline constexpr uint32_t kRadio24G = 0;
-inline constexpr uint32_t kRadio5G = 1;
 
 /// The radio that carries an SSID such as "IGD.LD1.WLAN6", or what hangs under it.
 uint32_t radioOfSsid(std::string_view path);
 
 /// Where the records of a whole radio stand.
 constexpr const char *radioBase(uint32_t radio) {
-  return radio == kRadio24G ? "IGD.LD1.WLANBase1" : "IGD.LD1.WLANBase2";
+  return radio == platform::kBand24G ? "IGD.LD1.WLANBase1" : "IGD.LD1.WLANBase2";
 }
 
-class Radios : public Section {
- public:
-  Radios() : Section("radios") {}
+/// A number for each radio.
+struct RadioCounts {
+  uint32_t of[2] = {};
+};
 
-  /// How often each radio was restarted.
-  std::array<uint32_t, 2> restarts = {};
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override { restarts = {}; }
+struct Radios {
+  RadioCounts restarts;
 };
 
 Radios &radios();

@@ -2,123 +2,73 @@
 
 #include <algorithm>
 #include <cstring>
-#include <nlohmann/json.hpp>
 #include <span>
 
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "gateway/instances.hpp"
-#include "gateway/wlan.hpp"
-#include "platform/wlan.h"
+#include "gateway/radios.hpp"
+#include "gateway/section.hpp"
+#include "platform/codes.hpp"
 #include "platform/wlan.hpp"
+
+PM_RECORD(gateway::AccessPoint, PM_FIELD(ssid).atMost(32).means("empty when it is hidden"),
+          PM_FIELD(bssid).means("which must be given"), PM_FIELD(channel).means("its number"),
+          PM_FIELD(rssi).means(platform::unit("dBm")),
+          PM_FIELD(securityMode).means(platform::codes(platform::kSecurityModes)),
+          PM_FIELD(encryption).means(platform::codes(platform::kCiphers)),
+          PM_FIELD(passphrase).secret().means("what lets a client join"));
+PM_RECORD(gateway::Air,
+          PM_FIELD(accessPoints)
+              .atMost(platform::WlanApList::Entries::kCount)
+              .means("those that a scan would hear"),
+          PM_FIELD(reportedCount).means("the number that the platform says, where it miscounts"),
+          PM_FIELD(heard)
+              .atMost(platform::WlanApList::Entries::kCount)
+              .means("those that the last scan heard"),
+          PM_FIELD(scannedAt)
+              .means(platform::unit("s"))
+              .means("uptime at which the last scan has its result"));
+PM_RECORD(gateway::JoinedNetwork, PM_FIELD(radio).means(platform::codes(platform::kBands)),
+          PM_FIELD(ssid).atMost(32).means("of the access point"),
+          PM_FIELD(bssid).means("which must be given"));
+PM_RECORD(gateway::Scans, PM_FIELD(radios[0]).named("2.4G").means("around the first radio"),
+          PM_FIELD(radios[1]).named("5G").means("around the second radio"),
+          PM_FIELD(joined).means("the network that the gateway is a client of"));
 
 namespace gateway {
 
 namespace {
 
-[[maybe_unused]] const Scans &registered = scans();
-
-const std::vector<std::string_view> kRadioNames = {"2.4G", "5G"};
-constexpr size_t kLongestSsid = 32;
-constexpr uint32_t kOpen = 0;
-
-MacAddress readBssid(Members &members) {
-  std::string text;
-  members.text("bssid", &text);
-  const std::optional<MacAddress> bssid = parseMac(text);
-  if (!bssid) throw InputError(members.placeOf("bssid"), "must be a MAC address");
-  return *bssid;
-}
-
-AccessPoint readAccessPoint(const Json &value, const std::string &place) {
-  AccessPoint accessPoint;
-  int64_t rssi = 0;
-  Members members(value, place);
-  members.text("ssid", &accessPoint.ssid);
-  accessPoint.bssid = readBssid(members);
-  members.word("channel", &accessPoint.channel);
-  members.number("rssi", &rssi);
-  members.word("securityMode", &accessPoint.securityMode);
-  members.word("encryption", &accessPoint.encryption);
-  members.text("passphrase", &accessPoint.passphrase);
-  members.finish();
-  if (accessPoint.ssid.size() > kLongestSsid) {
-    throw InputError(members.placeOf("ssid"), "is longer than 32 characters");
+void checkBssids(const std::vector<AccessPoint> &list, const std::string &place) {
+  for (size_t i = 0; i < list.size(); ++i) {
+    if (list[i].bssid != MacAddress{}) continue;
+    throw InputError(placeOf(placeOf(place, i), "bssid"), "is missing");
   }
-  if (rssi < -127 || rssi > 127) throw InputError(members.placeOf("rssi"), "out of range");
-  accessPoint.rssi = static_cast<int32_t>(rssi);
-  return accessPoint;
 }
 
-std::vector<AccessPoint> readAccessPoints(Members &members, std::string_view member) {
-  std::vector<AccessPoint> list;
-  members.each(member, [&](const Json &element, const std::string &place) {
-    if (list.size() == WlanApList::Entries::kCount)
-      throw InputError(place, "no scan lists so many");
-    list.push_back(readAccessPoint(element, place));
-  });
-  return list;
-}
-
-Air readAir(const Json &value, const std::string &place) {
-  Air air;
-  Members members(value, place);
-  air.accessPoints = readAccessPoints(members, "accessPoints");
-  air.heard = readAccessPoints(members, "heard");
-  int64_t number = INT64_MAX;
-  members.number("reportedCount", &number);
-  if (number != INT64_MAX) air.reportedCount = static_cast<int32_t>(number);
-  number = INT64_MAX;
-  members.number("scannedAt", &number);
-  if (number != INT64_MAX) air.scannedAt = number;
-  members.finish();
-  return air;
-}
-
-JoinedNetwork readJoined(const Json &value, const std::string &place) {
-  JoinedNetwork joined;
-  Members members(value, place);
-  members.choice("radio", kRadioNames, &joined.radio);
-  members.text("ssid", &joined.ssid);
-  joined.bssid = readBssid(members);
-  members.finish();
-  return joined;
-}
-
-Json saveAccessPoints(const std::vector<AccessPoint> &list) {
-  Json saved = Json::array();
-  for (const AccessPoint &one : list) {
-    saved.push_back({{"ssid", one.ssid},
-                     {"bssid", printMac(one.bssid)},
-                     {"channel", one.channel},
-                     {"rssi", one.rssi},
-                     {"securityMode", one.securityMode},
-                     {"encryption", one.encryption},
-                     {"passphrase", one.passphrase}});
+void check(Scans &all, const std::string &place) {
+  for (const Code &band : kBands) {
+    const Air &air = all.radios[band.value];
+    checkBssids(air.accessPoints, placeOf(placeOf(place, band.name), "accessPoints"));
+    checkBssids(air.heard, placeOf(placeOf(place, band.name), "heard"));
   }
-  return saved;
+  if (all.joined && all.joined->bssid == MacAddress{}) {
+    throw InputError(placeOf(place, "joined.bssid"), "is missing");
+  }
 }
 
-Json saveAir(const Air &air) {
-  Json saved = {{"accessPoints", saveAccessPoints(air.accessPoints)}};
-  if (air.reportedCount) saved["reportedCount"] = *air.reportedCount;
-  if (air.scannedAt) {
-    saved["heard"] = saveAccessPoints(air.heard);
-    saved["scannedAt"] = *air.scannedAt;
-  }
-  return saved;
-}
+SectionOf<Scans> section{
+    "scans", "The air around the gateway, and the network that it joined", {check}};
 
 Air &airOfBase(std::string_view path) {
-  for (uint32_t radio = 0; radio < scans().radios.size(); ++radio) {
-    if (path == radioBase(radio)) return scans().radios[radio];
+  for (const Code &band : kBands) {
+    if (path == radioBase(band.value)) return scans().radios[band.value];
   }
   throw Refusal(kUnknownInstance);
 }
 
 void checkWholeScan(WlanScanRequest *request) {
-  if (request == nullptr) throw Refusal(kNullArgument, "no request");
   const Row row = fieldsOf<WlanScanRequest>(request);
   const bool whole =
       row.mark(WlanScanRequest::setting1) == 1 && row.mark(WlanScanRequest::setting2) == 1 &&
@@ -149,7 +99,6 @@ void writeList(const Air &air, WlanApList *list) {
 }
 
 void checkListRequest(WlanApList *list) {
-  if (list == nullptr) throw Refusal(kNullArgument, "no list");
   const Row row = fieldsOf<WlanApList>(list);
   const std::span rest(list->bytes + sizeof(uint32_t), WlanApList::kSize - sizeof(uint32_t));
   const bool cleared = row.word(WlanApList::selector) == UINT32_MAX &&
@@ -179,7 +128,7 @@ int32_t join(uint32_t radio, const Row &selection) {
       selection.word(WlanSelectRecord::channel) != network.channel) {
     throw Refusal(kBadRequest, "security or channel is not that of the access point");
   }
-  const bool refused = network.securityMode != kOpen &&
+  const bool refused = network.securityMode != kSecurityNone &&
                        selection.text(WlanSelectRecord::passphrase) != network.passphrase;
   if (refused) return kWrongPassphrase;
   scans().joined = {radio, network.ssid, network.bssid};
@@ -189,66 +138,34 @@ int32_t join(uint32_t radio, const Row &selection) {
 }  // namespace
 
 Scans &scans() {
-  static Scans *const instance = new Scans;
-  return *instance;
+  return section.state();
 }
 
-void Scans::load(const Json &value, const std::string &place) {
-  Members members(value, place);
-  for (size_t radio = 0; radio < radios.size(); ++radio) {
-    const Json *air = members.take(kRadioNames[radio]);
-    if (air != nullptr) radios[radio] = readAir(*air, members.placeOf(kRadioNames[radio]));
-  }
-  if (const Json *network = members.take("joined")) {
-    joined = readJoined(*network, members.placeOf("joined"));
-  }
-  members.finish();
-}
-
-Json Scans::save() const {
-  const bool silent = std::ranges::all_of(radios, [](const Air &air) {
-    return air.accessPoints.empty() && !air.scannedAt && !air.reportedCount;
-  });
-  if (silent && !joined) return nullptr;
-  Json saved = {{"2.4G", saveAir(radios[kRadio24G])}, {"5G", saveAir(radios[kRadio5G])}};
-  if (joined) {
-    saved["joined"] = {{"radio", kRadioNames[joined->radio]},
-                       {"ssid", joined->ssid},
-                       {"bssid", printMac(joined->bssid)}};
-  }
-  return saved;
-}
-
-}  // namespace gateway
-
-using namespace gateway;
-
-int32_t gateway::pm_wlan_set_scan_ap(const char *instance, WlanScanRequest *request) {
-  Gateway &gateway = Gateway::current();
+int32_t pm_wlan_set_scan_ap(const char *instance, WlanScanRequest *request) {
   Air &air = airOfBase(instance);
   checkWholeScan(request);
   air.heard = air.accessPoints;
-  air.scannedAt = gateway.clock().uptime() + Scans::kDuration;
+  air.scannedAt = Gateway::current().clock().uptime() + Scans::kDuration;
   return kOk;
 }
 
-int32_t gateway::pm_wlan_list_ap(const char *instance, WlanApList *list) {
-  Gateway &gateway = Gateway::current();
-  const std::string path = instance;
-  if (!gateway.store().has<WlanConfigRecord>(path)) throw Refusal(kUnknownInstance);
+int32_t pm_wlan_list_ap(const char *instance, WlanApList *list) {
+  if (!store().has<WlanConfigRecord>(instance)) throw Refusal(kUnknownInstance);
   checkListRequest(list);
-  const Air &air = scans().radios[radioOfSsid(path)];
+  const Air &air = scans().radios[radioOfSsid(instance)];
   if (!air.scannedAt) throw Refusal(kBadRequest, "no scan was asked for");
-  if (*air.scannedAt > gateway.clock().uptime()) {
+  if (*air.scannedAt > Gateway::current().clock().uptime()) {
     throw Refusal(kBadRequest, "the scan is still running");
   }
   writeList(air, list);
   return kOk;
 }
 
-int32_t gateway::pm_wlan_select_ap_bystamode(uint32_t radio, WlanSelectRecord *selection) {
-  if (radio >= scans().radios.size()) throw Refusal(kUnknownInstance, "no such radio");
+int32_t pm_wlan_select_ap_bystamode(uint32_t radio, WlanSelectRecord *selection) {
+  if (radio > kBand5G) throw Refusal(kUnknownInstance, "no such radio");
   const Row row = fieldsOf<WlanSelectRecord>(selection);
   checkSelection(row);
   return join(radio, row);
 }
+
+}  // namespace gateway

@@ -2,13 +2,11 @@
 // one that the gateway is a client of.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "gateway/section.hpp"
 #include "records/addresses.hpp"
 
 namespace gateway {
@@ -19,7 +17,7 @@ struct AccessPoint {
   std::string ssid;
   MacAddress bssid = {};
   uint32_t channel = 0;
-  int32_t rssi = 0;
+  int8_t rssi = 0;
   uint32_t securityMode = 0;
   uint32_t encryption = 0;
   std::string passphrase;
@@ -41,22 +39,12 @@ struct JoinedNetwork {
   MacAddress bssid = {};
 };
 
-class Scans : public Section {
- public:
+struct Scans {
   /// Seconds until a scan has its result.
   static constexpr int64_t kDuration = 4;
 
-  Scans() : Section("scans") {}
-
-  std::array<Air, 2> radios;
+  Air radios[2];
   std::optional<JoinedNetwork> joined;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override {
-    radios = {};
-    joined.reset();
-  }
 };
 
 Scans &scans();

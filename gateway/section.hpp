@@ -63,6 +63,9 @@ class Section {
   /// The same form; null when there is nothing to keep.
   virtual Json save() const = 0;
   virtual void reset() = 0;
+  /// The whole profile is loaded, whether or not it has the family's member; throws InputError when
+  /// its parts do not go together.
+  virtual void complete() {}
 
   /// For the schema; nullptr for a section without a table.
   virtual const char *description() const { return nullptr; }
@@ -119,6 +122,8 @@ class SectionOf : public TableSection {
   struct Hooks {
     void (*loaded)(State &state, const std::string &place) = nullptr;
     void (*saving)(State &state) = nullptr;
+    /// Called when the whole profile is loaded, whether or not it has the section's member.
+    void (*complete)(State &state) = nullptr;
   };
 
   SectionOf(std::string_view name, const char *description, Hooks hooks = {})
@@ -129,6 +134,9 @@ class SectionOf : public TableSection {
   void reset() override {
     TableSection::reset();
     state_ = State();
+  }
+  void complete() override {
+    if (hooks_.complete != nullptr) hooks_.complete(state_);
   }
 
  private:

@@ -1,8 +1,8 @@
 #include "gateway/stations.hpp"
 
 #include <algorithm>
+#include <array>
 #include <ctime>
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "boundary/boundary.hpp"
@@ -10,20 +10,44 @@
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
 #include "gateway/proxy.hpp"
-#include "platform/attached_devices.h"
+#include "gateway/row_members.hpp"
+#include "gateway/section.hpp"
 #include "platform/attached_devices.hpp"
-#include "platform/ports.h"
-#include "platform/proxy.h"
+#include "platform/codes.hpp"
 #include "platform/wlan.hpp"
+
+PM_RECORD(gateway::Association,
+          PM_FIELD(ssid).atMost(32).means("instance path of the SSID, which must be given"),
+          PM_FIELD(rssi).means(platform::unit("dBm")),
+          PM_FIELD(linkRate).means(platform::unit("kbit/s")),
+          PM_FIELD(linkRate2).means(platform::unit("kbit/s")));
+PM_RECORD(
+    gateway::Station, PM_FIELD(mac).means("which must be given; no two stations have the same"),
+    PM_FIELD(ipv4).means(platform::kIpv4).means("0.0.0.0 is none"),
+    PM_FIELD(ipv6).means("all addresses of the device"),
+    PM_FIELD(hostName).atMost(63).means("as the device calls itself"),
+    PM_FIELD(vendor).atMost(64).means("of the device"),
+    PM_FIELD(kind).means(platform::codes(platform::kDeviceKinds)),
+    PM_FIELD(interfaceName).named("interface").atMost(15).means("eth0, wlan1, ..."),
+    PM_FIELD(online).means("whether it is listed as present; true when left out"),
+    PM_FIELD(accessType).means("the platform's number"),
+    PM_FIELD(linkFlag).means("the platform's number"),
+    PM_FIELD(adevValue).means("the platform's number"),
+    PM_FIELD(connectedAt).means(platform::unit("s")).means("uptime of the gateway at connection"),
+    PM_FIELD(lastConnection).atMost(32).means("date and time of the same, as text"),
+    PM_FIELD(withoutRegister).means("the switch has no register left to count this one"),
+    PM_FIELD(association).means("of a station on the air"),
+    PM_FIELD(bytesSent).means(platform::unit("byte")),
+    PM_FIELD(bytesReceived).means(platform::unit("byte")),
+    PM_FIELD(packetsSent).means(platform::unit("packet")),
+    PM_FIELD(packetsReceived).means(platform::unit("packet")));
+PM_RECORD(gateway::Stations, PM_FIELD(all).means("in the platform's order"));
 
 namespace gateway {
 
 namespace {
 
-[[maybe_unused]] const Stations &registered = stations();
-
 constexpr std::string_view kPathStem = "IGD.LD1.Hosts.Adev";
-const std::vector<std::string_view> kKinds = {"other", "phone", "pad", "pc", "stb", "ap", "iot"};
 
 std::string printTime(int64_t seconds) {
   const auto time = static_cast<time_t>(seconds);
@@ -34,95 +58,64 @@ std::string printTime(int64_t seconds) {
   return {text, length};
 }
 
-/// What came with the text, refused at its place in the profile when it is no address.
-template <class Value>
-Value parsed(std::optional<Value> value, const std::string &place) {
-  if (!value) throw InputError(place, "is no address");
-  return *value;
+std::array<Meter *, 4> metersOf(Station &station) {
+  return {&station.bytesSent, &station.bytesReceived, &station.packetsSent,
+          &station.packetsReceived};
 }
 
-Association readAssociation(const Json &value, const std::string &place) {
-  Association association;
-  int64_t rssi = 0;
-  Members members(value, place);
-  members.text("ssid", &association.ssid);
-  members.number("rssi", &rssi);
-  members.word("linkRate", &association.linkRate);
-  members.word("linkRate2", &association.linkRate2);
-  members.finish();
-  if (association.ssid.empty()) throw InputError(members.placeOf("ssid"), "is missing");
-  if (rssi < -127 || rssi > 127) throw InputError(members.placeOf("rssi"), "out of range");
-  association.rssi = static_cast<int32_t>(rssi);
-  return association;
-}
-
-Json saveAssociation(const Association &association) {
-  return {{"ssid", association.ssid},
-          {"rssi", association.rssi},
-          {"linkRate", association.linkRate},
-          {"linkRate2", association.linkRate2}};
-}
-
-void readMeters(Members &members, int64_t uptime, Station *station) {
-  readMeter(members, "bytesSent", uptime, &station->bytesSent);
-  readMeter(members, "bytesReceived", uptime, &station->bytesReceived);
-  readMeter(members, "packetsSent", uptime, &station->packetsSent);
-  readMeter(members, "packetsReceived", uptime, &station->packetsReceived);
-}
-
-Station readStation(const Json &value, const std::string &place, int64_t uptime) {
-  Station station;
-  std::string mac;
-  std::string ipv4 = "0.0.0.0";
-  Members members(value, place);
-  members.text("mac", &mac);
-  members.text("ipv4", &ipv4);
-  members.each("ipv6", [&](const Json &element, const std::string &elementPlace) {
-    station.ipv6.push_back(textIn(element, elementPlace));
-    parsed(parseIpv6(station.ipv6.back()), elementPlace);
-  });
-  members.text("hostName", &station.hostName);
-  members.text("vendor", &station.vendor);
-  members.choice("kind", kKinds, &station.kind);
-  members.text("interface", &station.interfaceName);
-  members.flag("online", &station.online);
-  members.word("accessType", &station.accessType);
-  members.word("linkFlag", &station.linkFlag);
-  members.word("adevValue", &station.adevValue);
-  members.word("connectedAt", &station.connectedAt);
-  members.text("lastConnection", &station.lastConnection);
-  members.flag("withoutRegister", &station.withoutRegister);
-  if (const Json *association = members.take("association")) {
-    station.association = readAssociation(*association, members.placeOf("association"));
+std::string printAddresses(const std::vector<Ipv6Address> &addresses) {
+  std::string text;
+  for (const Ipv6Address &address : addresses) {
+    text += (text.empty() ? "" : ",") + printIpv6(address);
   }
-  readMeters(members, uptime, &station);
-  members.finish();
-  station.mac = parsed(parseMac(mac), members.placeOf("mac"));
-  station.ipv4 = parsed(parseIpv4(ipv4), members.placeOf("ipv4"));
-  return station;
+  return text;
 }
 
-Json saveStation(const Station &station, int64_t uptime) {
-  Json value = {{"mac", printMac(station.mac)},
-                {"ipv4", printIpv4(station.ipv4)},
-                {"ipv6", station.ipv6},
-                {"hostName", station.hostName},
-                {"vendor", station.vendor},
-                {"kind", kKinds[station.kind]},
-                {"interface", station.interfaceName},
-                {"online", station.online},
-                {"accessType", station.accessType},
-                {"linkFlag", station.linkFlag},
-                {"adevValue", station.adevValue},
-                {"connectedAt", station.connectedAt},
-                {"lastConnection", station.lastConnection},
-                {"withoutRegister", station.withoutRegister},
-                {"bytesSent", saveMeter(station.bytesSent, uptime)},
-                {"bytesReceived", saveMeter(station.bytesReceived, uptime)},
-                {"packetsSent", saveMeter(station.packetsSent, uptime)},
-                {"packetsReceived", saveMeter(station.packetsReceived, uptime)}};
-  if (station.association) value["association"] = saveAssociation(*station.association);
-  return value;
+/// None when one of them is no address.
+std::optional<std::vector<Ipv6Address>> parseAddresses(std::string text) {
+  std::vector<Ipv6Address> addresses;
+  while (!text.empty()) {
+    const size_t end = std::min(text.find(','), text.size());
+    const std::optional<Ipv6Address> address = parseIpv6(text.substr(0, end));
+    if (!address) return std::nullopt;
+    addresses.push_back(*address);
+    text.erase(0, end + 1);
+  }
+  return addresses;
+}
+
+template <class Visit>
+void visitDevice(Station &station, const Visit &visit) {
+  visit(AccessDeviceView::vendor, station.vendor, "vendor");
+  visit(AccessDeviceView::lastConnection, station.lastConnection, "lastConnection");
+  visit(AccessDeviceView::adevValue, station.adevValue, "adevValue");
+}
+
+template <class Visit>
+void visitAssociation(Association &association, const Visit &visit) {
+  visit(AssociatedDeviceView::rssi, association.rssi, "rssi");
+  visit(AssociatedDeviceView::linkRate, association.linkRate, "linkRate");
+  visit(AssociatedDeviceView::linkRate2, association.linkRate2, "linkRate2");
+}
+
+void makeDeviceRow(Station &station) {
+  const std::string path = stations().pathOf(station);
+  const Row row = store().create<AccessDeviceView>(path);
+  store().leaveToSection<AccessDeviceView>(path);
+  visitDevice(station, IntoRow{row});
+  if (station.ipv6.empty()) return;
+  row.setText(AccessDeviceView::ipv6Address, printAddresses(station.ipv6));
+  station.ipv6.clear();
+}
+
+void makeAssociationRow(Station &station) {
+  if (!station.association) return;
+  const std::string path = stations().associationPathOf(station);
+  const Row row = store().create<AssociatedDeviceView>(path);
+  store().leaveToSection<AssociatedDeviceView>(path);
+  row.setText(AssociatedDeviceView::ssidInstance, station.association->ssid);
+  row.setMac(AssociatedDeviceView::mac, station.mac);
+  visitAssociation(*station.association, IntoRow{row});
 }
 
 void fillDevice(const Station &station, const Row &row) {
@@ -146,14 +139,14 @@ ProxyReply describeDevice(Gateway &, std::span<const uint8_t> request) {
   return {kOk, bytesOf(record)};
 }
 
-void fillStatistics(const Station &station, int64_t uptime, const Row &row) {
+void fillStatistics(const Station &station, const Row &row) {
   row.setMac(StationStatisticsRecord::mac, station.mac);
   row.setWord(StationStatisticsRecord::txRate, station.bytesSent.perSecond);
   row.setWord(StationStatisticsRecord::rxRate, station.bytesReceived.perSecond);
-  row.setCounter(StationStatisticsRecord::totalBytesSent, station.bytesSent.at(uptime));
-  row.setCounter(StationStatisticsRecord::totalBytesReceived, station.bytesReceived.at(uptime));
-  row.setCounter(StationStatisticsRecord::totalPacketsSent, station.packetsSent.at(uptime));
-  row.setCounter(StationStatisticsRecord::totalPacketsReceived, station.packetsReceived.at(uptime));
+  row.setCounter(StationStatisticsRecord::totalBytesSent, station.bytesSent.now());
+  row.setCounter(StationStatisticsRecord::totalBytesReceived, station.bytesReceived.now());
+  row.setCounter(StationStatisticsRecord::totalPacketsSent, station.packetsSent.now());
+  row.setCounter(StationStatisticsRecord::totalPacketsReceived, station.packetsReceived.now());
 }
 
 /// The station whose MAC stands, marked, in a request for statistics.
@@ -170,16 +163,16 @@ const Station *stationAskedFor(std::span<const uint8_t> request) {
   return stations().byMac(row.mac(StationStatisticsRecord::mac));
 }
 
-ProxyReply measuredStatistics(Gateway &gateway, std::span<const uint8_t> request) {
+ProxyReply measuredStatistics(Gateway &, std::span<const uint8_t> request) {
   const Station *station = stationAskedFor(request);
   if (station == nullptr) return {kUnknownInstance};
   StationStatisticsRecord record = {};
-  fillStatistics(*station, gateway.clock().uptime(), fieldsOf<StationStatisticsRecord>(&record));
+  fillStatistics(*station, fieldsOf<StationStatisticsRecord>(&record));
   return {kOk, bytesOf(record)};
 }
 
 /// The switch counts what is on the wire, as long as it has registers.
-ProxyReply hardwareStatistics(Gateway &gateway, std::span<const uint8_t> request) {
+ProxyReply hardwareStatistics(Gateway &, std::span<const uint8_t> request) {
   const Station *station = stationAskedFor(request);
   if (station == nullptr) return {kUnknownInstance};
   StationStatisticsRecord record = {};
@@ -187,7 +180,7 @@ ProxyReply hardwareStatistics(Gateway &gateway, std::span<const uint8_t> request
   if (station->withoutRegister || station->association) {
     row.setWord(StationStatisticsRecord::notEnoughRegister, 1);
   } else {
-    fillStatistics(*station, gateway.clock().uptime(), row);
+    fillStatistics(*station, row);
   }
   return {kOk, bytesOf(record)};
 }
@@ -196,11 +189,88 @@ const ProxyEvent kDescribeDevice{CTSGW_EVENT_QUERY_ADEV_PARAM, describeDevice};
 const ProxyEvent kMeasuredStatistics{CTSGW_EVENT_GET_BW_STATS, measuredStatistics};
 const ProxyEvent kHardwareStatistics{CTSGW_EVENT_GET_HARD_STATS, hardwareStatistics};
 
+int32_t listDevices(InstanceList *list, bool onlineOnly) {
+  std::vector<std::string> paths;
+  for (const Station &station : stations().all) {
+    if (station.online || !onlineOnly) paths.push_back(stations().pathOf(station));
+  }
+  fill(list, paths);
+  return kOk;
+}
+
+void checkIdentity(const Station &station, const std::string &place) {
+  if (station.mac == MacAddress{}) throw InputError(placeOf(place, "mac"), "is missing");
+  if (stations().byMac(station.mac) != &station) {
+    throw InputError(place, "another one has its MAC");
+  }
+  if (station.association && station.association->ssid.empty()) {
+    throw InputError(placeOf(place, "association.ssid"), "is missing");
+  }
+}
+
+/// A profile may have the rows of a station as well.
+void checkDeviceRow(Station &station, const std::string &place) {
+  const std::string path = stations().pathOf(station);
+  if (!store().has<AccessDeviceView>(path)) return;
+  const SameAsRow same{store().row<AccessDeviceView>(path), path, place};
+  visitDevice(station, same);
+  const auto addresses = parseAddresses(same.row.text(AccessDeviceView::ipv6Address));
+  const bool differs = !station.ipv6.empty() && addresses != station.ipv6;
+  if (!addresses || differs) same.refuse(AccessDeviceView::ipv6Address, "ipv6");
+}
+
+void checkAssociationRow(Station &station, const std::string &place) {
+  const std::string path = stations().associationPathOf(station);
+  if (!station.association || !store().has<AssociatedDeviceView>(path)) return;
+  const SameAsRow same{store().row<AssociatedDeviceView>(path), path,
+                       placeOf(place, "association")};
+  visitAssociation(*station.association, same);
+  if (same.row.text(AssociatedDeviceView::ssidInstance) != station.association->ssid) {
+    same.refuse(AssociatedDeviceView::ssidInstance, "ssid");
+  }
+  if (same.row.mac(AssociatedDeviceView::mac) != station.mac) {
+    SameAsRow{same.row, path, place}.refuse(AssociatedDeviceView::mac, "mac");
+  }
+}
+
+void takeOver(Stations &house, const std::string &place) {
+  for (size_t i = 0; i < house.all.size(); ++i) {
+    Station &station = house.all[i];
+    const std::string where = placeOf(placeOf(place, "all"), i);
+    checkIdentity(station, where);
+    checkDeviceRow(station, where);
+    checkAssociationRow(station, where);
+    try {
+      makeDeviceRow(station);
+      makeAssociationRow(station);
+    } catch (const std::length_error &error) {
+      throw InputError(where, error.what());
+    }
+    std::ranges::for_each(metersOf(station), [](Meter *meter) { begin(*meter); });
+  }
+}
+
+void bringUpToDate(Stations &house) {
+  for (Station &station : house.all) {
+    const Row device = store().create<AccessDeviceView>(house.pathOf(station));
+    visitDevice(station, OutOfRow{device});
+    const std::string addresses = device.text(AccessDeviceView::ipv6Address);
+    station.ipv6 = parseAddresses(addresses).value_or(std::vector<Ipv6Address>());
+    if (station.association) {
+      const std::string path = house.associationPathOf(station);
+      visitAssociation(*station.association, OutOfRow{store().create<AssociatedDeviceView>(path)});
+    }
+    std::ranges::for_each(metersOf(station), &Meter::settle);
+  }
+}
+
+SectionOf<Stations> section{
+    "stations", "Attached devices, on the wire and on the air", {takeOver, bringUpToDate}};
+
 }  // namespace
 
 Stations &stations() {
-  static Stations *const instance = new Stations;
-  return *instance;
+  return section.state();
 }
 
 Station *Stations::byMac(const MacAddress &mac) {
@@ -229,108 +299,46 @@ std::string Stations::associationPathOf(const Station &station) const {
   return ssid + ".AD" + std::to_string(&station - all.data() + 1);
 }
 
-void Stations::writeRows(Gateway &gateway, const Station &station) {
-  const Row device = gateway.store().create<AccessDeviceView>(pathOf(station));
-  device.setText(AccessDeviceView::vendor, station.vendor);
-  device.setText(AccessDeviceView::lastConnection, station.lastConnection);
-  device.setWord(AccessDeviceView::adevValue, station.adevValue);
-  std::string addresses;
-  for (const std::string &address : station.ipv6) {
-    addresses += (addresses.empty() ? "" : ",") + address;
-  }
-  device.setText(AccessDeviceView::ipv6Address, addresses);
-  if (!station.association) return;
-  const Association &association = *station.association;
-  const Row row = gateway.store().create<AssociatedDeviceView>(associationPathOf(station));
-  row.setText(AssociatedDeviceView::ssidInstance, association.ssid);
-  row.setMac(AssociatedDeviceView::mac, station.mac);
-  row.setWord(AssociatedDeviceView::rssi, static_cast<uint32_t>(association.rssi));
-  row.setWord(AssociatedDeviceView::linkRate, association.linkRate);
-  row.setWord(AssociatedDeviceView::linkRate2, association.linkRate2);
+Station &Stations::attach(Station station) {
+  Station &attached = all.emplace_back(std::move(station));
+  makeDeviceRow(attached);
+  makeAssociationRow(attached);
+  return attached;
 }
 
-Station &Stations::attach(Gateway &gateway, Station station) {
-  all.push_back(std::move(station));
-  writeRows(gateway, all.back());
-  return all.back();
-}
-
-void Stations::associate(Gateway &gateway, Station &station, Association association) {
-  leave(gateway, station);
+void Stations::associate(Station &station, Association association) {
+  const Clock &clock = Gateway::current().clock();
+  leave(station);
   station.association = std::move(association);
   station.online = true;
-  station.connectedAt = static_cast<uint32_t>(gateway.clock().uptime());
-  station.lastConnection = printTime(gateway.clock().time());
-  writeRows(gateway, station);
+  station.connectedAt = static_cast<uint32_t>(clock.uptime());
+  store()
+      .create<AccessDeviceView>(pathOf(station))
+      .setText(AccessDeviceView::lastConnection, printTime(clock.time()));
+  makeAssociationRow(station);
 }
 
-void Stations::leave(Gateway &gateway, Station &station) {
-  const int64_t uptime = gateway.clock().uptime();
-  for (Meter *meter : {&station.bytesSent, &station.bytesReceived, &station.packetsSent,
-                       &station.packetsReceived}) {
-    meter->stop(uptime);
-  }
+void Stations::leave(Station &station) {
+  std::ranges::for_each(metersOf(station), &Meter::stop);
   station.online = false;
   if (!station.association) return;
-  gateway.store().remove(layoutOf<AssociatedDeviceView>(), associationPathOf(station));
+  store().remove<AssociatedDeviceView>(associationPathOf(station));
   station.association.reset();
 }
 
-void Stations::load(const Json &value, const std::string &place) {
-  Gateway &gateway = Gateway::current();
-  Members members(value, place);
-  members.each("all", [&](const Json &element, const std::string &elementPlace) {
-    Station station = readStation(element, elementPlace, gateway.clock().uptime());
-    if (byMac(station.mac) != nullptr) throw InputError(elementPlace, "another one has its MAC");
-    try {
-      DeviceRecord record = {};
-      const Station &attached = attach(gateway, std::move(station));
-      fillDevice(attached, fieldsOf<DeviceRecord>(&record));
-    } catch (const std::length_error &error) {
-      throw InputError(elementPlace, error.what());
-    }
-  });
-  members.finish();
-}
-
-Json Stations::save() const {
-  if (all.empty()) return nullptr;
-  const int64_t uptime = Gateway::current().clock().uptime();
-  Json list = Json::array();
-  for (const Station &station : all) list.push_back(saveStation(station, uptime));
-  return {{"all", std::move(list)}};
-}
-
-}  // namespace gateway
-
-using namespace gateway;
-
-namespace {
-
-int32_t listDevices(InstanceList *list, bool onlineOnly) {
-  std::vector<std::string> paths;
-  for (const Station &station : stations().all) {
-    if (station.online || !onlineOnly) paths.push_back(stations().pathOf(station));
-  }
-  fill(list, paths);
-  return kOk;
-}
-
-}  // namespace
-
-int32_t gateway::plib_adev_list_view(InstanceList *list) {
+int32_t plib_adev_list_view(InstanceList *list) {
   return listDevices(list, true);
 }
 
-int32_t gateway::plib_adev_list_view_all(InstanceList *list) {
+int32_t plib_adev_list_view_all(InstanceList *list) {
   return listDevices(list, false);
 }
 
-int32_t gateway::pm_bw_get_hard_stats(const char *instance, StationStatisticsRecord *record) {
-  Gateway &gateway = Gateway::current();
-  const std::string path = instance;
-  const Station *station = stations().byPath(path);
+int32_t pm_bw_get_hard_stats(const char *instance, StationStatisticsRecord *record) {
+  const Station *station = stations().byPath(instance);
   if (station == nullptr) return kUnknownInstance;
-  fillStatistics(*station, gateway.clock().uptime(), fieldsOf<StationStatisticsRecord>(record));
+  fillStatistics(*station, fieldsOf<StationStatisticsRecord>(record));
   return kOk;
 }
+
+}  // namespace gateway

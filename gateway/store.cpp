@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "boundary/status.hpp"
+#include "gateway/gateway.hpp"
 
 namespace gateway {
 
@@ -187,14 +188,24 @@ int32_t Store::add(const Layout &layout, std::string_view parent, std::string *p
 int32_t Store::remove(const Layout &layout, std::string_view path) {
   const auto table = tables_.find(&layout);
   if (table == tables_.end()) return kUnknownInstance;
+  ofSections_.erase({&layout, std::string(path)});
   const size_t removed =
       std::erase_if(table->second, [&](const Instance &instance) { return instance.path == path; });
   return removed == 0 ? kUnknownInstance : kOk;
 }
 
+bool Store::isLeftToSection(const Layout &layout, std::string_view path) const {
+  return ofSections_.contains({&layout, std::string(path)});
+}
+
 void Store::clear() {
   tables_.clear();
   limits_.clear();
+  ofSections_.clear();
+}
+
+Store &store() {
+  return Gateway::current().store();
 }
 
 }  // namespace gateway

@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "records/row.hpp"
@@ -51,6 +53,39 @@ class Store {
     return has(layoutOf<Record>(), path);
   }
 
+  template <class Record>
+  int32_t get(std::string_view path, Record *record) const {
+    return get(layoutOf<Record>(), path, record);
+  }
+  template <class Record>
+  int32_t set(std::string_view path, const Record *record,
+              Unchanged unchanged = Unchanged::kAccepted) {
+    return set(layoutOf<Record>(), path, record, unchanged);
+  }
+  template <class Record>
+  std::vector<std::string> paths() const {
+    return paths(layoutOf<Record>());
+  }
+  template <class Record>
+  std::vector<std::string> list(std::string_view parent) const {
+    return list(layoutOf<Record>(), parent);
+  }
+  template <class Record>
+  int32_t add(std::string_view parent, std::string *path) {
+    return add(layoutOf<Record>(), parent, path);
+  }
+  template <class Record>
+  int32_t remove(std::string_view path) {
+    return remove(layoutOf<Record>(), path);
+  }
+
+  /// The row is saved with the section that made it, not as a row.
+  template <class Record>
+  void leaveToSection(std::string_view path) {
+    ofSections_.emplace(&layoutOf<Record>(), path);
+  }
+  bool isLeftToSection(const Layout &layout, std::string_view path) const;
+
   /// Instances that a layout may have before `add` answers that the table is full.
   void limit(const Layout &layout, uint32_t instances) { limits_[&layout] = instances; }
 
@@ -69,6 +104,10 @@ class Store {
 
   std::map<const Layout *, Table> tables_;
   std::map<const Layout *, uint32_t> limits_;
+  std::set<std::pair<const Layout *, std::string>> ofSections_;
 };
+
+/// That of the current gateway.
+Store &store();
 
 }  // namespace gateway

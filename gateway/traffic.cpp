@@ -1,51 +1,75 @@
-#include "gateway/uplink_traffic.hpp"
+#include "gateway/traffic.hpp"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "gateway/instances.hpp"
 #include "gateway/manager.hpp"
 #include "gateway/proxy.hpp"
-#include "platform/ports.h"
+#include "gateway/section.hpp"
+#include "platform/codes.hpp"
 #include "platform/ports.hpp"
-#include "platform/proxy.h"
 #include "platform/sampling.hpp"
 #include "platform/wan.hpp"
+
+PM_RECORD(gateway::InterfaceTraffic, PM_FIELD(name).means("nbif0, br0, ..."),
+          PM_FIELD(tx).means(platform::unit("byte")).means("sent"),
+          PM_FIELD(rx).means(platform::unit("byte")).means("received"));
+
+#define PORT_COUNTER(index, field)                       \
+  PM_FIELD(counters[index])                              \
+      .named(platform::PortStatisticsRecord::field.name) \
+      .means("as the switch has it")
+PM_RECORD(gateway::PortTraffic, PM_FIELD(instance).means("path of the port"),
+          PORT_COUNTER(0, counter28), PORT_COUNTER(1, counter64), PORT_COUNTER(2, counter208),
+          PORT_COUNTER(3, counter244), PORT_COUNTER(4, counter280), PORT_COUNTER(5, counter316),
+          PORT_COUNTER(6, counter460), PORT_COUNTER(7, counter496));
+#undef PORT_COUNTER
+
+PM_RECORD(gateway::Traffic, PM_FIELD(interfaces).means("counters of network interfaces"),
+          PM_FIELD(ports).means("counters of switch ports"));
 
 namespace gateway {
 
 namespace {
 
-[[maybe_unused]] const UplinkTraffic &registered = uplinkTraffic();
+void forAllMeters(Traffic &all, void (*visit)(Meter &meter)) {
+  for (InterfaceTraffic &one : all.interfaces) visit(one.tx), visit(one.rx);
+  for (PortTraffic &port : all.ports) std::ranges::for_each(port.counters, visit);
+}
+
+SectionOf<Traffic> section{
+    "traffic",
+    "Counters of interfaces and of switch ports",
+    {[](Traffic &all, const std::string &) { forAllMeters(all, begin); },
+     [](Traffic &all) { forAllMeters(all, [](Meter &meter) { meter.settle(); }); }}};
 
 const InterfaceTraffic *interfaceAskedFor(std::span<const uint8_t> request) {
   if (request.size() != BandwidthRequest::kSize) throw Refusal(kBadRequest, "no interface name");
-  const auto &all = uplinkTraffic().interfaces;
+  const auto &all = traffic().interfaces;
   const auto found = std::ranges::find(all, textOf(request), &InterfaceTraffic::name);
   return found == all.end() ? nullptr : &*found;
 }
 
-Bytes bandwidthOf(const InterfaceTraffic &traffic, int64_t uptime) {
+Bytes bandwidthOf(const InterfaceTraffic &moved) {
   BandwidthReply reply = {};
   const Row row = fieldsOf<BandwidthReply>(&reply);
-  row.setCounter(BandwidthReply::tx, traffic.tx.at(uptime));
-  row.setCounter(BandwidthReply::rx, traffic.rx.at(uptime));
+  row.setCounter(BandwidthReply::tx, moved.tx.now());
+  row.setCounter(BandwidthReply::rx, moved.rx.now());
   return bytesOf(reply);
 }
 
-ProxyReply proxyBandwidth(Gateway &gateway, std::span<const uint8_t> request) {
-  const InterfaceTraffic *traffic = interfaceAskedFor(request);
-  if (traffic == nullptr) return {kUnknownInstance};
-  return {kOk, bandwidthOf(*traffic, gateway.clock().uptime())};
+ProxyReply proxyBandwidth(Gateway &, std::span<const uint8_t> request) {
+  const InterfaceTraffic *moved = interfaceAskedFor(request);
+  if (moved == nullptr) return {kUnknownInstance};
+  return {kOk, bandwidthOf(*moved)};
 }
 
-Bytes managerBandwidth(Gateway &gateway, std::span<const uint8_t> request) {
-  const InterfaceTraffic *traffic = interfaceAskedFor(request);
-  if (traffic == nullptr) throw Refusal(kUnknownInstance);
-  return bandwidthOf(*traffic, gateway.clock().uptime());
+Bytes managerBandwidth(Gateway &, std::span<const uint8_t> request) {
+  const InterfaceTraffic *moved = interfaceAskedFor(request);
+  if (moved == nullptr) throw Refusal(kUnknownInstance);
+  return bandwidthOf(*moved);
 }
 
 /// The gateway's own link as a client: a LinkStatusRecord named after its band. A band without one
@@ -54,10 +78,9 @@ ProxyReply clientLink(Gateway &gateway, std::span<const uint8_t> request) {
   if (request.size() != LinkStatusRequest::kSize) throw Refusal(kBadRequest, "no band");
   const uint32_t band = fieldsOf<LinkStatusRequest>(const_cast<uint8_t *>(request.data()))
                             .word(LinkStatusRequest::band);
-  if (band > 1) throw Refusal(kBadRequest, "no such band");
+  if (band > kBand5G) throw Refusal(kBadRequest, "no such band");
   LinkStatusRecord record = {};
-  const char *path = band == 0 ? "2.4G" : "5G";
-  if (gateway.store().get(layoutOf<LinkStatusRecord>(), path, &record) != kOk) {
+  if (gateway.store().get(kBands[band].name, &record) != kOk) {
     fieldsOf<LinkStatusRecord>(&record).setWord(LinkStatusRecord::linkDown, 1);
   }
   return {kOk, bytesOf(record)};
@@ -68,81 +91,22 @@ const ManagerReply kManagerBandwidth{MANAGER_MODULE_BANDINFO, BANDINFO_MGR_GET_B
                                      managerBandwidth};
 const ProxyEvent kClientLink{CTSGW_EVENT_GET_LINKSTAT_BY_STAMODE, clientLink};
 
-std::string counterName(size_t index) {
-  return layoutOf<PortStatisticsRecord>().fields[index].name;
-}
-
 }  // namespace
 
-UplinkTraffic &uplinkTraffic() {
-  static UplinkTraffic *const instance = new UplinkTraffic;
-  return *instance;
+Traffic &traffic() {
+  return section.state();
 }
 
-void UplinkTraffic::reset() {
-  interfaces.clear();
-  ports.clear();
-}
-
-void UplinkTraffic::load(const Json &value, const std::string &place) {
-  const int64_t uptime = Gateway::current().clock().uptime();
-  Members members(value, place);
-  members.each("interfaces", [&](const Json &element, const std::string &elementPlace) {
-    InterfaceTraffic traffic;
-    Members one(element, elementPlace);
-    one.text("name", &traffic.name);
-    readMeter(one, "tx", uptime, &traffic.tx);
-    readMeter(one, "rx", uptime, &traffic.rx);
-    one.finish();
-    interfaces.push_back(std::move(traffic));
-  });
-  members.each("ports", [&](const Json &element, const std::string &elementPlace) {
-    PortTraffic traffic;
-    Members one(element, elementPlace);
-    one.text("instance", &traffic.instance);
-    for (size_t i = 0; i < traffic.counters.size(); ++i) {
-      readMeter(one, counterName(i), uptime, &traffic.counters[i]);
-    }
-    one.finish();
-    ports.push_back(std::move(traffic));
-  });
-  members.finish();
-}
-
-Json UplinkTraffic::save() const {
-  if (interfaces.empty() && ports.empty()) return nullptr;
-  const int64_t uptime = Gateway::current().clock().uptime();
-  Json interfaceList = Json::array();
-  for (const InterfaceTraffic &traffic : interfaces) {
-    interfaceList.push_back({{"name", traffic.name},
-                             {"tx", saveMeter(traffic.tx, uptime)},
-                             {"rx", saveMeter(traffic.rx, uptime)}});
-  }
-  Json portList = Json::array();
-  for (const PortTraffic &traffic : ports) {
-    Json port = {{"instance", traffic.instance}};
-    for (size_t i = 0; i < traffic.counters.size(); ++i) {
-      port[counterName(i)] = saveMeter(traffic.counters[i], uptime);
-    }
-    portList.push_back(std::move(port));
-  }
-  return {{"interfaces", std::move(interfaceList)}, {"ports", std::move(portList)}};
-}
-
-}  // namespace gateway
-
-using namespace gateway;
-
-int32_t gateway::pm_eth_get_port_basic_statstics(const char *instance,
-                                                 PortStatisticsRecord *record) {
-  Gateway &gateway = Gateway::current();
-  const std::string path = instance;
-  const auto &all = uplinkTraffic().ports;
-  const auto found = std::ranges::find(all, path, &PortTraffic::instance);
-  if (found == all.end()) return kUnknownInstance;
+int32_t pm_eth_get_port_basic_statstics(const char *instance, PortStatisticsRecord *record) {
+  const std::string_view path = instance;
+  const auto found = std::ranges::find(traffic().ports, path, &PortTraffic::instance);
+  if (found == traffic().ports.end()) return kUnknownInstance;
   const Row row = fieldsOf<PortStatisticsRecord>(record);
-  for (size_t i = 0; i < found->counters.size(); ++i) {
-    row.setCounter(row.layout().fields[i], found->counters[i].at(gateway.clock().uptime()));
+  size_t next = 0;
+  for (const Meter &counter : found->counters) {
+    row.setCounter(row.layout().fields[next++], counter.now());
   }
   return kOk;
 }
+
+}  // namespace gateway

@@ -1,12 +1,10 @@
-// What the uplink has moved: per interface, and per port of the switch.
+// What has been moved: per interface, and per port of the switch.
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "gateway/meter.hpp"
-#include "gateway/section.hpp"
 
 namespace gateway {
 
@@ -16,24 +14,17 @@ struct InterfaceTraffic {
   Meter rx;
 };
 
-/// The counters in the order of their offsets in PortStatisticsRecord.
 struct PortTraffic {
   std::string instance;
-  std::array<Meter, 8> counters;
+  /// In the order of their offsets in PortStatisticsRecord.
+  Meter counters[8];
 };
 
-class UplinkTraffic : public Section {
- public:
-  UplinkTraffic() : Section("traffic") {}
-
+struct Traffic {
   std::vector<InterfaceTraffic> interfaces;
   std::vector<PortTraffic> ports;
-
-  void load(const Json &value, const std::string &place) override;
-  Json save() const override;
-  void reset() override;
 };
 
-UplinkTraffic &uplinkTraffic();
+Traffic &traffic();
 
 }  // namespace gateway

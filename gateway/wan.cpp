@@ -1,74 +1,49 @@
 #include "gateway/wan.hpp"
 
 #include <cstring>
-#include <nlohmann/json.hpp>
 
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/instances.hpp"
+#include "gateway/section.hpp"
+#include "platform/codes.hpp"
 #include "platform/wan.hpp"
+
+PM_RECORD(gateway::WanConnection,
+          PM_FIELD(instance).atMost(31).means("path of the connection, which must be given"),
+          PM_FIELD(deviceType).means("kind of its WAN device; the one in use when left out"));
+PM_RECORD(gateway::Wan,
+          PM_FIELD(uplink.mode).named("uplinkMode").means(platform::codes(platform::kUplinkModes)),
+          PM_FIELD(uplink.port).named("uplinkPort").means("the low 16 bits are the port's number"),
+          PM_FIELD(deviceType).means("kind of the WAN device in use; 1 when left out"),
+          PM_FIELD(connections).means("in the platform's order; their settings are views"));
 
 namespace gateway {
 
 namespace {
 
-[[maybe_unused]] const Wan &registered = wan();
+void checkPaths(Wan &wan, const std::string &place) {
+  for (size_t i = 0; i < wan.connections.size(); ++i) {
+    if (!wan.connections[i].instance.empty()) continue;
+    throw InputError(placeOf(placeOf(placeOf(place, "connections"), i), "instance"), "is missing");
+  }
+}
+
+SectionOf<Wan> section{"wan", "The uplink and the order of the WAN connections", {checkPaths}};
 
 }  // namespace
 
 Wan &wan() {
-  static Wan *const instance = new Wan;
-  return *instance;
+  return section.state();
 }
 
-void Wan::reset() {
-  uplink = {UP_MODE_ETHERNET, 0};
-  deviceType = 1;
-  connections.clear();
-}
-
-void Wan::load(const Json &value, const std::string &place) {
-  Members members(value, place);
-  members.word("uplinkMode", &uplink.mode);
-  members.word("uplinkPort", &uplink.port);
-  members.word("deviceType", &deviceType);
-  members.each("connections", [&](const Json &element, const std::string &elementPlace) {
-    WanConnection connection{"", deviceType};
-    Members one(element, elementPlace);
-    one.text("instance", &connection.instance);
-    one.word("deviceType", &connection.deviceType);
-    one.finish();
-    if (connection.instance.empty() || connection.instance.size() >= PLATFORM_INSTANCE_SIZE) {
-      throw InputError(one.placeOf("instance"), "must be a path of 1 to 31 characters");
-    }
-    connections.push_back(std::move(connection));
-  });
-  members.finish();
-}
-
-Json Wan::save() const {
-  Json list = Json::array();
-  for (const WanConnection &connection : connections) {
-    list.push_back({{"instance", connection.instance}, {"deviceType", connection.deviceType}});
-  }
-  return {{"uplinkMode", uplink.mode},
-          {"uplinkPort", uplink.port},
-          {"deviceType", deviceType},
-          {"connections", std::move(list)}};
-}
-
-}  // namespace gateway
-
-using namespace gateway;
-
-int32_t gateway::pm_upmode_info_get(UpModeInfo *info) {
+int32_t pm_upmode_info_get(UpModeInfo *info) {
   *info = wan().uplink;
   return kOk;
 }
 
-int32_t gateway::pm_upmode_info_set(const UpModeInfo *, const UpModeInfo *newMode,
-                                    UpModeBlock *block) {
+int32_t pm_upmode_info_set(const UpModeInfo *, const UpModeInfo *newMode, UpModeBlock *block) {
   const Row given = fieldsOf<UpModeBlock>(block);
   const UpModeInfo &current = wan().uplink;
   if (given.word(UpModeBlock::mode) != current.mode ||
@@ -79,14 +54,14 @@ int32_t gateway::pm_upmode_info_set(const UpModeInfo *, const UpModeInfo *newMod
   return kOk;
 }
 
-int32_t gateway::pm_e8_wanc_get_current_wandtype(WanDeviceTypeRecord *record) {
+int32_t pm_e8_wanc_get_current_wandtype(WanDeviceTypeRecord *record) {
   fieldsOf<WanDeviceTypeRecord>(record).setWord(WanDeviceTypeRecord::wanDeviceType,
                                                 wan().deviceType);
   return kOk;
 }
 
-int32_t gateway::pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceType,
-                                                  WanConnectionList *list) {
+int32_t pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t wanDeviceType,
+                                         WanConnectionList *list) {
   const std::string prefix = std::string(parent) + ".";
   if (list->marker != PLATFORM_BLOCK_MARKER) throw Refusal(kBadHeader, "the list has no marker");
   if (!list->workArea1 || !list->workArea2 || !list->workArea3) {
@@ -94,9 +69,8 @@ int32_t gateway::pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t w
   }
   std::vector<std::string> paths;
   for (const WanConnection &connection : wan().connections) {
-    const bool listed =
-        connection.deviceType == wanDeviceType && connection.instance.starts_with(prefix);
-    if (listed) paths.push_back(connection.instance);
+    const bool isOfType = connection.deviceType.value_or(wan().deviceType) == wanDeviceType;
+    if (isOfType && connection.instance.starts_with(prefix)) paths.push_back(connection.instance);
   }
   list->dwCount = writePaths(paths, list->capacity, list->instances);
   // The platform works in the caller's room; what is left there means nothing.
@@ -106,8 +80,8 @@ int32_t gateway::pm_e8_wanc_list_all_wanc_by_wand(const char *parent, uint32_t w
   return kOk;
 }
 
-int32_t gateway::plib_ifs_get_routeif_info(const char *instance, RouteInfoRecord *record) {
-  Gateway &gateway = Gateway::current();
-  const std::string path = instance;
-  return gateway.store().get(layoutOf<RouteInfoRecord>(), path, record);
+int32_t plib_ifs_get_routeif_info(const char *instance, RouteInfoRecord *record) {
+  return store().get(instance, record);
 }
+
+}  // namespace gateway

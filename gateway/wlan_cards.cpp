@@ -1,20 +1,19 @@
 // How many Wi-Fi cards there are; the record stands in the store under the first radio's base.
 #include "gateway/gateway.hpp"
 #include "gateway/manager.hpp"
-#include "platform/proxy.h"
 #include "platform/wlan.hpp"
 
 namespace gateway {
 
 namespace {
 
-Bytes cardCount(Gateway &gateway, std::span<const uint8_t> request) {
+Bytes cardCount(Gateway &, std::span<const uint8_t> request) {
   if (request.size() != CardCountRequest::kSize) {
     throw Refusal(kBadRequest, "a request of " + std::to_string(request.size()) + " bytes");
   }
   const std::string instance(textOf(request));
-  if (!gateway.store().has<WlanCardRecord>(instance)) throw Refusal(kUnknownInstance);
-  return bytesOf(gateway.store().row<WlanCardRecord>(instance).word(WlanCardRecord::cardCount));
+  if (!store().has<WlanCardRecord>(instance)) throw Refusal(kUnknownInstance);
+  return bytesOf(store().row<WlanCardRecord>(instance).word(WlanCardRecord::cardCount));
 }
 
 const ManagerReply kCardCount{MANAGER_MODULE_WLAN, WLAN_MGR_GET_CARD_MAX, cardCount};

@@ -1,4 +1,4 @@
-#include "gateway/wlan.hpp"
+#include "gateway/radios.hpp"
 
 #include <cstring>
 #include <nlohmann/json.hpp>
@@ -60,11 +60,11 @@ TEST_F(WlanTest, RestartsAreCountedPerRadioAndLeaveNoSetting) {
   EXPECT_EQ(pm_wlan_set_config("IGD.LD1.WLAN5", &restart), kOk);
   EXPECT_EQ(pm_wlan_set_config("IGD.LD1.WLAN1", &restart), kOk);
   EXPECT_EQ(setting("IGD.LD1.WLAN5", WlanConfigRecord::restart), 0u);
-  EXPECT_THAT(radios().restarts, ::testing::ElementsAre(1, 2));
+  EXPECT_THAT(radios().restarts.of, ::testing::ElementsAre(1, 2));
 
   const Json saved = gateway().save();
   gateway().load(saved);
-  EXPECT_THAT(radios().restarts, ::testing::ElementsAre(1, 2));
+  EXPECT_THAT(radios().restarts.of, ::testing::ElementsAre(1, 2));
 }
 
 TEST_F(WlanTest, ProtectedManagementFramesReadBackThroughTheView) {

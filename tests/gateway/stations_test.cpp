@@ -51,7 +51,7 @@ TEST_F(StationsTest, StationThatLeavesIsListedAmongAllOnly) {
   EXPECT_EQ(listed(plib_adev_list_view), 9u);
   EXPECT_STREQ(paths[3], "IGD.LD1.Hosts.Adev4");
 
-  stations().leave(gateway(), pad);
+  stations().leave(pad);
   EXPECT_EQ(listed(plib_adev_list_view_all), 12u);
   EXPECT_EQ(listed(plib_adev_list_view), 8u);
   EXPECT_STREQ(paths[0], "IGD.LD1.Hosts.Adev2");
@@ -59,7 +59,7 @@ TEST_F(StationsTest, StationThatLeavesIsListedAmongAllOnly) {
   EXPECT_EQ(stations().byAssociation(association), nullptr);
 
   gateway().clock().advance(3600);
-  stations().associate(gateway(), pad, {"IGD.LD1.WLAN5", -50, 866700, 780000});
+  stations().associate(pad, {"IGD.LD1.WLAN5", -50, 866700, 780000});
   EXPECT_EQ(listed(plib_adev_list_view), 9u);
   EXPECT_EQ(store().row<AssociatedDeviceView>("IGD.LD1.WLAN5.AD1").mac(AssociatedDeviceView::mac),
             pad.mac);
@@ -73,7 +73,7 @@ TEST_F(StationsTest, CountersGrowUntilTheStationLeaves) {
   const uint64_t before = bytesSent("IGD.LD1.Hosts.Adev1");
   gateway().clock().advance(100);
   EXPECT_EQ(bytesSent("IGD.LD1.Hosts.Adev1"), before + 204800);
-  stations().leave(gateway(), stations().all[0]);
+  stations().leave(stations().all[0]);
   gateway().clock().advance(100);
   EXPECT_EQ(bytesSent("IGD.LD1.Hosts.Adev1"), before + 204800);
   StationStatisticsRecord record = {};
@@ -82,7 +82,7 @@ TEST_F(StationsTest, CountersGrowUntilTheStationLeaves) {
 
 TEST_F(StationsTest, HouseIsTheSameAfterSavingAndLoading) {
   gateway().clock().advance(50);
-  stations().leave(gateway(), stations().all[2]);
+  stations().leave(stations().all[2]);
   const Json saved = gateway().save();
   gateway().load(saved);
   EXPECT_EQ(gateway().save(), saved);

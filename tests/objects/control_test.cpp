@@ -6,7 +6,7 @@
 #include "gateway/device.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/manager.hpp"
-#include "gateway/wlan.hpp"
+#include "gateway/radios.hpp"
 #include "platform/device.hpp"
 #include "platform/firewall.hpp"
 #include "platform/proxy.h"
@@ -45,10 +45,10 @@ TEST_F(ControlTest, RestartsTheGatewayOrOneRadio) {
   EXPECT_THAT(device().restarts, ElementsAre(11));
   EXPECT_EQ(gateway().clock().uptime(), 0);
   EXPECT_EQ(pm_ubus_control_set(3), 0);
-  EXPECT_EQ(radios().restarts[kRadio24G], 0u);
-  EXPECT_EQ(radios().restarts[kRadio5G], 1u);
+  EXPECT_EQ(radios().restarts.of[kBand24G], 0u);
+  EXPECT_EQ(radios().restarts.of[kBand5G], 1u);
   EXPECT_EQ(pm_ubus_control_set(2), 0);
-  EXPECT_EQ(radios().restarts[kRadio24G], 1u);
+  EXPECT_EQ(radios().restarts.of[kBand24G], 1u);
   EXPECT_THAT(logs(), IsEmpty()) << "the handler has no entry line";
 
   for (const int32_t type : {0, 4, -1}) EXPECT_EQ(pm_ubus_control_set(type), -1) << type;

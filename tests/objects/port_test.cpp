@@ -59,7 +59,9 @@ TEST_F(PortTest, UplinkPortIsTheOneWhoseIndexEqualsTheLowHalfOfThePlatformsWord)
   } cases[] = {{0, "10Mbps"}, {1, "100Mbps"}, {2, "1000Mbps"}, {3, ""}, {9, ""}};
   wan().uplink.port = 0xABCD0004;
   for (const auto &one : cases) {
-    ports().byNumber(4)->rateCode = one.rateCode;
+    store()
+        .row<EthPortConfigView>("IGD.WD1.ETH5")
+        .setWord(EthPortConfigView::rateCode, one.rateCode);
     EXPECT_EQ(get(4, "IGD.WD1.ETH5"), 0);
     EXPECT_EQ(record.portNumber, 5u);
     EXPECT_EQ(record.portType, 0u);

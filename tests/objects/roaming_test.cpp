@@ -3,7 +3,7 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
-#include "gateway/associations.hpp"
+#include "gateway/block_list.hpp"
 #include "gateway/stations.hpp"
 #include "platform/attached_devices.hpp"
 #include "platform/wlan.hpp"

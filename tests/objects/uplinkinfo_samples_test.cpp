@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "gateway/stations.hpp"
-#include "gateway/uplink_traffic.hpp"
+#include "gateway/traffic.hpp"
 #include "platform/attached_devices.hpp"
 #include "platform/device.hpp"
 #include "platform/firewall.hpp"
@@ -158,9 +158,9 @@ class UplinkSamplerTest : public RateSamplesTest {
 TEST_F(UplinkSamplerTest, FilesTheReceiveRateTwiceAsTimePasses) {
   store().row<SampleConfigView>("IGD").setWord(SampleConfigView::reportInterval, 1200);
   g_if6_ReportInterval = g_if6_SampleInterval = 1;
-  const uint64_t before = uplinkTraffic().interfaces[0].rx.count +
-                          uplinkTraffic().interfaces[1].rx.count +
-                          uplinkTraffic().interfaces[2].rx.count;
+  const uint64_t before = gateway::traffic().interfaces[0].rx.count +
+                          gateway::traffic().interfaces[1].rx.count +
+                          gateway::traffic().interfaces[2].rx.count;
   EXPECT_EQ(if_uplink_statics(1), 0);
   gateway().clock().advance(60);
   EXPECT_EQ(if_uplink_statics(1), 0);
@@ -201,7 +201,7 @@ TEST_F(UplinkSamplerTest, RatesThatCannotBeReadCountAsZero) {
 }
 
 TEST_F(UplinkSamplerTest, CountersThatDoNotComeCountAsZero) {
-  auto &interfaces = uplinkTraffic().interfaces;
+  auto &interfaces = gateway::traffic().interfaces;
   interfaces[0].rx = {1024, 0, 0};
   interfaces[1].rx = {1024 << 1, 0, 0};
   interfaces[2].rx = {1024 << 2, 0, 0};
@@ -384,7 +384,7 @@ TEST_F(StationSamplerTest, ListLongerThanItsBufferIsCut) {
     Station more;
     more.mac = {2, 0, 0, 0, 0, i};
     more.interfaceName = "wlan0";
-    stations().attach(gateway(), more);
+    stations().attach(more);
   }
   EXPECT_THAT(sampleOnce(), Pair(1024, 512)) << "the 128th device is the last";
   size_t queries = 0;

@@ -6,7 +6,7 @@
 #include "gateway/habits.hpp"
 #include "gateway/host.hpp"
 #include "gateway/ports.hpp"
-#include "gateway/uplink_traffic.hpp"
+#include "gateway/traffic.hpp"
 #include "gateway/wan.hpp"
 #include "platform/attached_devices.hpp"
 #include "platform/device.hpp"
@@ -121,7 +121,8 @@ TEST_F(UplinkInfoTest, RateBlocksShowEachDirectionOfTheirOwnList) {
 }
 
 TEST_F(UplinkInfoTest, PortCountersComeInTheirOwnOrderAndGrow) {
-  for (uint32_t i = 0; i < 8; ++i) uplinkTraffic().ports[0].counters[i] = {1ull << (32 + i), i, 0};
+  for (uint32_t i = 0; i < 8; ++i)
+    gateway::traffic().ports[0].counters[i] = {1ull << (32 + i), i, 0};
   gateway().clock().set(10, 0);
   EXPECT_EQ(get(), 0);
   // By the order of the offsets 280, 28, 316, 64, 460, 208, 496, 244 among all eight.
@@ -154,7 +155,7 @@ TEST_F(UplinkInfoTest, PortSpeeds) {
   const char *const speeds[] = {"10", "100", "1000", ""};
   wan().uplink.port = 0xABC0004;
   for (uint32_t code = 0; code < 4; ++code) {
-    ports().byNumber(4)->rateCode = code;
+    store().row<EthPortConfigView>("IGD.WD1.ETH5").setWord(EthPortConfigView::rateCode, code);
     EXPECT_EQ(get(), 0);
     EXPECT_STREQ(record.linkRate, speeds[code]);
     EXPECT_STREQ(record.linkRate2, speeds[code]);
@@ -433,7 +434,7 @@ TEST_F(UplinkInfoTest, ManagementMacNeedsOneInternetConnection) {
 TEST_F(UplinkInfoTest, CurrentRateIsSumOfAllInSinglePrecision) {
   char rx[64] = {};
   char tx[64] = {};
-  auto &interfaces = uplinkTraffic().interfaces;
+  auto &interfaces = gateway::traffic().interfaces;
   // 2^24 + 1 is no float; the sum over 1024 shows it.
   interfaces[0] = {"nbif0", {1ull << 24, 0, 0}, {0xffffffffull * 1024, 0, 0}};
   interfaces[1] = {"nbif1", {1, 0, 0}, {512, 0, 0}};
