@@ -26,9 +26,8 @@ uint32_t ssidNumber(std::string_view ssidInstance) {
 }
 
 Row associationAt(const char *name) {
-  const std::string path = pathFrom(name);
-  if (!store().has<AssociatedDeviceView>(path)) throw Refusal(kUnknownInstance);
-  return store().row<AssociatedDeviceView>(path);
+  if (!store().has<AssociatedDeviceView>(name)) throw Refusal(kUnknownInstance);
+  return store().row<AssociatedDeviceView>(name);
 }
 
 std::vector<std::string> associationsOf(const std::string &ssid) {

@@ -2,7 +2,6 @@
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "gateway/instances.hpp"
 #include "platform/wlan.hpp"
 
 namespace gateway {
@@ -10,9 +9,8 @@ namespace gateway {
 namespace {
 
 Row ssidAt(const char *instance) {
-  const std::string path = pathFrom(instance);
-  if (!store().has<WlanConfigRecord>(path)) throw Refusal(kUnknownInstance);
-  return store().row<WlanConfigRecord>(path);
+  if (!store().has<WlanConfigRecord>(instance)) throw Refusal(kUnknownInstance);
+  return store().row<WlanConfigRecord>(instance);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "boundary/boundary.hpp"
 #include "gateway/calls.hpp"
 #include "gateway/gateway.hpp"
-#include "gateway/instances.hpp"
 #include "gateway/section.hpp"
 #include "platform/wlan.hpp"
 
@@ -28,9 +27,8 @@ bool BlockList::holds(const MacAddress &mac) const {
 }
 
 int32_t pm_wlan_add_blklist(const char *name, AssociatedDeviceView *view) {
-  const std::string path = pathFrom(name);
-  if (!store().has<AssociatedDeviceView>(path)) return kUnknownInstance;
-  const MacAddress mac = store().row<AssociatedDeviceView>(path).mac(AssociatedDeviceView::mac);
+  if (!store().has<AssociatedDeviceView>(name)) return kUnknownInstance;
+  const MacAddress mac = store().row<AssociatedDeviceView>(name).mac(AssociatedDeviceView::mac);
   if (fieldsOf<AssociatedDeviceView>(view).mac(AssociatedDeviceView::mac) != mac) {
     throw Refusal(kBadRequest, "the record is another station's");
   }
