@@ -97,7 +97,7 @@ void Call::put(const char *name, const Json &value) {
   answer_.shown[name] = value;
 }
 
-void Call::putInteger(const char *name, int64_t value) {
+void Call::putSigned(const char *name, int64_t value) {
   put(name, value);
 }
 

@@ -44,8 +44,8 @@ class Call {
   void row(const char *name, uint32_t index, const Shape &shape, void *out);
 
   void put(const char *name, const Json &value);
-  void putInteger(const char *name, int64_t value);
-  void putUnsigned(const char *name, uint64_t value);
+  template <class Integer>
+  void putNumber(const char *name, Integer value);
   void putText(const char *name, std::string_view value, bool secret = false);
   /// `json` as it stands; a text that is no JSON is put as text.
   void putJson(const char *name, const char *json);
@@ -66,6 +66,8 @@ class Call {
  private:
   int64_t signedInteger(const char *name, int64_t min, int64_t max) const;
   uint64_t unsignedInteger(const char *name, uint64_t max) const;
+  void putSigned(const char *name, int64_t value);
+  void putUnsigned(const char *name, uint64_t value);
 
   std::string where_;
   const Json &arguments_;
@@ -81,6 +83,15 @@ Integer Call::integer(const char *name, std::optional<int64_t> preset) const {
     return static_cast<Integer>(signedInteger(name, Limits::min(), Limits::max()));
   } else {
     return static_cast<Integer>(unsignedInteger(name, Limits::max()));
+  }
+}
+
+template <class Integer>
+void Call::putNumber(const char *name, Integer value) {
+  if constexpr (std::is_signed_v<Integer>) {
+    putSigned(name, value);
+  } else {
+    putUnsigned(name, value);
   }
 }
 

@@ -76,13 +76,14 @@ Answer invoke(const Object &object, const Method &method, const Json &arguments,
   return answer;
 }
 
-Method customMethod(const char *name, const char *function, const char *summary,
-                    std::vector<Parameter> parameters, std::function<int64_t(Call &)> invoke) {
-  return {.name = name,
-          .function = function,
-          .summary = summary,
-          .parameters = std::move(parameters),
-          .invoke = std::move(invoke)};
+void prepare(const Example &example) {
+  if (example.before.empty()) return;
+  const std::string_view call = example.before;
+  const size_t space = call.find(' ');
+  const Object &object = findObject(call.substr(0, space));
+  Secrets secrets;
+  invoke(object, findMethod(object, call.substr(space + 1)),
+         parseJson(example.beforeArguments, example.before), secrets);
 }
 
 }  // namespace catalogue

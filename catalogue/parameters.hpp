@@ -1,13 +1,13 @@
 // How the parameters of exported functions meet JSON. A table names a function and describes each
 // of its parameters; the C types come from the function itself:
 //
-//   method("get", PM_FUNCTION(pm_ubus_get_portinfo), "One Ethernet port.",
-//          In{"portIndex"}, TextIn{"instance", 31}, RecordOut{})
+//   method("get", PM_FUNCTION(pm_ubus_get_portinfo), In{"portIndex"}, TextIn{"instance", 31},
+//          RecordOut{})
+//       .example(R"({"portIndex": 0, "instance": "IGD.LD1.ETH1"})")
 #pragma once
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
 #include <memory_resource>
 #include <optional>
 #include <string>
@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "catalogue/method.hpp"
+#include "records/addresses.hpp"
 
 #define PM_FUNCTION(function) #function, &::function
 
@@ -54,6 +55,7 @@ Result callExport(Result (*function)(C...), std::type_identity_t<C>... arguments
 class Buffer {
  public:
   explicit Buffer(size_t size) : bytes_(std::max<size_t>(size, 1)), size_(size) {}
+  Buffer(const void *content, size_t size) : Buffer(size) { std::memcpy(data(), content, size); }
   template <class Pointer>
   Pointer as() {
     return reinterpret_cast<Pointer>(bytes_.data());
@@ -66,8 +68,8 @@ class Buffer {
   size_t size_;
 };
 
-template <class Pointer>
-using Pointee = std::remove_const_t<std::remove_pointer_t<Pointer>>;
+template <class C>
+using Pointee = std::remove_const_t<std::remove_pointer_t<C>>;
 
 template <class Integer>
 std::string integerType() {
@@ -79,43 +81,44 @@ inline std::string textType(size_t size) {
   return "text[" + std::to_string(size) + "]";
 }
 
-inline Parameter argument(const char *name, std::string type) {
-  return {.name = name, .direction = Direction::kIn, .type = std::move(type)};
+inline Parameter parameter(Direction direction, const char *name, std::string type) {
+  return {.name = name, .direction = direction, .type = std::move(type)};
 }
 
-/// An argument that may be left out.
-inline Parameter option(const char *name, std::string type) {
-  return {.name = name, .direction = Direction::kIn, .type = std::move(type), .isOptional = true};
+inline Parameter argument(const char *name, std::string type) {
+  return parameter(Direction::kIn, name, std::move(type));
 }
 
 inline Parameter result(const char *name, std::string type) {
-  return {.name = name, .direction = Direction::kOut, .type = std::move(type)};
+  return parameter(Direction::kOut, name, std::move(type));
+}
+
+/// What may be left out.
+inline Parameter optional(Parameter described) {
+  described.isOptional = true;
+  return described;
 }
 
 template <class Record>
-Parameter argumentRecord(const char *name = nullptr) {
+Parameter record(Direction direction, const char *name = nullptr) {
   return {.name = name == nullptr ? "" : name,
-          .direction = Direction::kIn,
+          .direction = direction,
           .type = std::string(kShape<Record>.name),
           .shape = &kShape<Record>};
 }
 
 template <class Record>
-Parameter resultRecord(const char *name = nullptr) {
-  return {.name = name == nullptr ? "" : name,
-          .direction = Direction::kOut,
-          .type = std::string(kShape<Record>.name),
-          .shape = &kShape<Record>};
+Parameter rows(Direction direction, const char *name) {
+  Parameter described = record<Record>(direction, name);
+  described.isRows = true;
+  return described;
 }
 
-// Each description `bind`s to a C type: an object that reads its argument when it is made, hands
-// the value to the function, and puts what the function wrote into the answer.
-
-/// Base of those that have nothing to put.
-struct OnlyRead {
-  template <class Description>
-  void finish(const Description &, Call &) {}
-};
+// What follows are the kinds of descriptions. For a parameter of type C each can
+//   read<C>(call)       make what the parameter points to, or is: from an argument, or zeroed
+//   put<C>(held, call)  put what the function left there into the answer
+//   describe<C>()       say this to those who list or check the arguments
+// and leaves out what it has no use for.
 
 /// An integer or a character, by value or behind a pointer to const.
 struct In {
@@ -123,33 +126,58 @@ struct In {
   std::optional<int64_t> preset = std::nullopt;
 
   template <class C>
-  class Bound : public OnlyRead {
-   public:
-    using Value = std::remove_const_t<std::remove_pointer_t<C>>;
-    Bound(const In &in, Call &call) : value_(read(in, call)) {}
-    C value() {
-      if constexpr (std::is_pointer_v<C>) {
-        return &value_;
-      } else {
-        return value_;
-      }
+  Buffer read(Call &call) const {
+    Pointee<C> value = 0;
+    if constexpr (std::is_same_v<Pointee<C>, char>) {
+      value = *call.text(name, 1).c_str();
+    } else {
+      value = call.integer<Pointee<C>>(name, preset);
     }
+    return {&value, sizeof value};
+  }
+  template <class C>
+  Parameter describe() const {
+    const Parameter described = argument(name, integerType<Pointee<C>>());
+    return preset ? optional(described) : described;
+  }
+};
 
-   private:
-    static Value read(const In &in, Call &call) {
-      if constexpr (std::is_same_v<Value, char>) {
-        const std::string text = call.text(in.name, 1);
-        return text.empty() ? '\0' : text[0];
-      } else {
-        return call.integer<Value>(in.name, in.preset);
-      }
-    }
-    Value value_;
-  };
+/// A word that the handler writes.
+struct Out {
+  const char *name;
 
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back((preset ? option : argument)(name, integerType<Pointee<C>>()));
+  Buffer read(Call &) const {
+    return Buffer(sizeof(Pointee<C>));
+  }
+  template <class C>
+  void put(Buffer &held, Call &call) const {
+    call.putNumber(name, *held.as<C>());
+  }
+  template <class C>
+  Parameter describe() const {
+    return result(name, integerType<Pointee<C>>());
+  }
+};
+
+/// A word that the handler reads and writes.
+struct InOut {
+  const char *name;
+  std::optional<int64_t> preset = 0;
+
+  template <class C>
+  Buffer read(Call &call) const {
+    return In{name, preset}.read<C>(call);
+  }
+  template <class C>
+  void put(Buffer &held, Call &call) const {
+    Out{name}.put<C>(held, call);
+  }
+  template <class C>
+  Parameter describe() const {
+    Parameter described = In{name, preset}.describe<C>();
+    described.direction = Direction::kInOut;
+    return described;
   }
 };
 
@@ -160,151 +188,14 @@ struct TextIn {
   const char *preset = nullptr;
 
   template <class C>
-  class Bound : public OnlyRead {
-   public:
-    Bound(const TextIn &in, Call &call) : text_(call.text(in.name, in.longest, in.preset)) {}
-    C value() { return text_.c_str(); }
-
-   private:
-    std::string text_;
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back((preset == nullptr ? argument : option)(name, textType(longest)));
+  Buffer read(Call &call) const {
+    const std::string text = call.text(name, longest, preset);
+    return {text.c_str(), text.size() + 1};
   }
-};
-
-/// Six bytes of a MAC address.
-struct MacIn {
-  const char *name;
-
   template <class C>
-  class Bound : public OnlyRead {
-   public:
-    Bound(const MacIn &in, Call &call) { call.mac(in.name, mac_); }
-    C value() { return mac_; }
-
-   private:
-    uint8_t mac_[6];
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(argument(name, "MAC"));
-  }
-};
-
-/// A record, by pointer or by value; without a name its members are arguments of their own.
-struct RecordIn {
-  const char *name = nullptr;
-
-  template <class C>
-  class Bound : public OnlyRead {
-   public:
-    using Record = Pointee<C>;
-    Bound(const RecordIn &in, Call &call) : buffer_(kShape<Record>.allocation()) {
-      call.record(in.name, kShape<Record>, buffer_.data());
-    }
-    C value() {
-      if constexpr (std::is_pointer_v<C>) {
-        return buffer_.as<C>();
-      } else {
-        return *buffer_.as<C *>();
-      }
-    }
-
-   private:
-    Buffer buffer_;
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(argumentRecord<Pointee<C>>(name));
-  }
-};
-
-/// A zeroed record that the handler fills; members marked input() are arguments as well.
-struct RecordOut {
-  const char *name = nullptr;
-
-  template <class C>
-  class Bound {
-   public:
-    using Record = Pointee<C>;
-    Bound(const RecordOut &, Call &call) : buffer_(kShape<Record>.allocation()) {
-      call.inputs(kShape<Record>, buffer_.data());
-    }
-    C value() { return buffer_.as<C>(); }
-    void finish(const RecordOut &out, Call &call) {
-      call.putRecord(out.name, kShape<Record>, buffer_.data());
-    }
-
-   private:
-    Buffer buffer_;
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(resultRecord<Pointee<C>>(name));
-  }
-};
-
-/// A word that the handler writes.
-struct Out {
-  const char *name;
-
-  template <class C>
-  class Bound {
-   public:
-    Bound(const Out &, Call &) {}
-    C value() { return &value_; }
-    void finish(const Out &out, Call &call) {
-      if constexpr (std::is_signed_v<Pointee<C>>) {
-        call.putInteger(out.name, value_);
-      } else {
-        call.putUnsigned(out.name, value_);
-      }
-    }
-
-   private:
-    Pointee<C> value_ = 0;
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(result(name, integerType<Pointee<C>>()));
-  }
-};
-
-/// A word that the handler reads and writes.
-struct InOut {
-  const char *name;
-  std::optional<int64_t> preset = 0;
-
-  template <class C>
-  class Bound {
-   public:
-    Bound(const InOut &out, Call &call) : value_(call.integer<Pointee<C>>(out.name, out.preset)) {}
-    C value() { return &value_; }
-    void finish(const InOut &out, Call &call) {
-      if constexpr (std::is_signed_v<Pointee<C>>) {
-        call.putInteger(out.name, value_);
-      } else {
-        call.putUnsigned(out.name, value_);
-      }
-    }
-
-   private:
-    Pointee<C> value_;
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name,
-                   .direction = Direction::kInOut,
-                   .type = integerType<Pointee<C>>(),
-                   .isOptional = preset.has_value()});
+  Parameter describe() const {
+    const Parameter described = argument(name, textType(longest));
+    return preset == nullptr ? described : optional(described);
   }
 };
 
@@ -315,22 +206,18 @@ struct TextOut {
   bool isSecret = false;
 
   template <class C>
-  class Bound {
-   public:
-    Bound(const TextOut &out, Call &) : buffer_(out.size) {}
-    C value() { return buffer_.as<C>(); }
-    void finish(const TextOut &out, Call &call) {
-      call.putText(out.name, boundedText(buffer_.data(), out.size), out.isSecret);
-    }
-
-   private:
-    Buffer buffer_;
-  };
-
+  Buffer read(Call &) const {
+    return Buffer(size);
+  }
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(
-        {.name = name, .direction = Direction::kOut, .type = textType(size), .isSecret = isSecret});
+  void put(Buffer &held, Call &call) const {
+    call.putText(name, boundedText(held.data(), size), isSecret);
+  }
+  template <class C>
+  Parameter describe() const {
+    Parameter described = result(name, textType(size));
+    described.isSecret = isSecret;
+    return described;
   }
 };
 
@@ -340,24 +227,34 @@ struct TextInOut {
   size_t size = 256;
 
   template <class C>
-  class Bound {
-   public:
-    Bound(const TextInOut &out, Call &call) : buffer_(out.size) {
-      const std::string text = call.text(out.name, out.size - 1);
-      std::memcpy(buffer_.data(), text.data(), text.size());
-    }
-    C value() { return buffer_.as<C>(); }
-    void finish(const TextInOut &out, Call &call) {
-      call.putText(out.name, boundedText(buffer_.data(), out.size));
-    }
+  Buffer read(Call &call) const {
+    std::string text = call.text(name, size - 1);
+    text.resize(size);
+    return {text.data(), size};
+  }
+  template <class C>
+  void put(Buffer &held, Call &call) const {
+    TextOut{name, size}.put<C>(held, call);
+  }
+  template <class C>
+  Parameter describe() const {
+    return parameter(Direction::kInOut, name, textType(size));
+  }
+};
 
-   private:
-    Buffer buffer_;
-  };
+/// Six bytes of a MAC address.
+struct MacIn {
+  const char *name;
 
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name, .direction = Direction::kInOut, .type = textType(size)});
+  Buffer read(Call &call) const {
+    Buffer mac(6);
+    call.mac(name, mac.as<uint8_t *>());
+    return mac;
+  }
+  template <class C>
+  Parameter describe() const {
+    return argument(name, "MAC");
   }
 };
 
@@ -367,27 +264,53 @@ struct BytesOut {
   size_t size;
 
   template <class C>
-  class Bound {
-   public:
-    Bound(const BytesOut &out, Call &) : buffer_(out.size) {}
-    C value() { return buffer_.as<C>(); }
-    void finish(const BytesOut &out, Call &call) {
-      static constexpr char kDigits[] = "0123456789abcdef";
-      std::string text;
-      for (size_t i = 0; i < out.size; ++i) {
-        const uint8_t byte = buffer_.as<const uint8_t *>()[i];
-        text += {kDigits[byte >> 4], kDigits[byte & 15]};
-      }
-      call.putText(out.name, text);
-    }
+  Buffer read(Call &) const {
+    return Buffer(size);
+  }
+  template <class C>
+  void put(Buffer &held, Call &call) const {
+    const auto *bytes = held.as<const uint8_t *>();
+    call.putText(name, printHex({bytes, bytes + size}));
+  }
+  template <class C>
+  Parameter describe() const {
+    return result(name, "bytes[" + std::to_string(size) + "]");
+  }
+};
 
-   private:
-    Buffer buffer_;
-  };
+/// A record, by pointer or by value; without a name its members are arguments of their own.
+struct RecordIn {
+  const char *name = nullptr;
 
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(result(name, "bytes[" + std::to_string(size) + "]"));
+  Buffer read(Call &call) const {
+    Buffer given(kShape<Pointee<C>>.allocation());
+    call.record(name, kShape<Pointee<C>>, given.data());
+    return given;
+  }
+  template <class C>
+  Parameter describe() const {
+    return record<Pointee<C>>(Direction::kIn, name);
+  }
+};
+
+/// A zeroed record that the handler fills; members marked input() are arguments as well.
+struct RecordOut {
+  const char *name = nullptr;
+
+  template <class C>
+  Buffer read(Call &call) const {
+    Buffer asked(kShape<Pointee<C>>.allocation());
+    call.inputs(kShape<Pointee<C>>, asked.data());
+    return asked;
+  }
+  template <class C>
+  void put(Buffer &held, Call &call) const {
+    call.putRecord(name, kShape<Pointee<C>>, held.data());
+  }
+  template <class C>
+  Parameter describe() const {
+    return record<Pointee<C>>(Direction::kOut, name);
   }
 };
 
@@ -397,27 +320,17 @@ struct RowsIn {
   uint32_t capacity;
 
   template <class C>
-  class Bound : public OnlyRead {
-   public:
-    using Record = Pointee<C>;
-    Bound(const RowsIn &in, Call &call)
-        : count_(call.rowCount(in.name, in.capacity)), buffer_(count_ * sizeof(Record)) {
-      for (uint32_t i = 0; i < count_; ++i) {
-        call.row(in.name, i, kShape<Record>, buffer_.as<Record *>() + i);
-      }
-      call.rows = static_cast<int32_t>(count_);
-    }
-    C value() { return buffer_.as<C>(); }
-
-   private:
-    uint32_t count_;
-    Buffer buffer_;
-  };
-
+  Buffer read(Call &call) const {
+    using Row = Pointee<C>;
+    const uint32_t count = call.rowCount(name, capacity);
+    Buffer given(count * sizeof(Row));
+    for (uint32_t i = 0; i < count; ++i) call.row(name, i, kShape<Row>, given.as<Row *>() + i);
+    call.rows = static_cast<int32_t>(count);
+    return given;
+  }
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(argumentRecord<Pointee<C>>(name));
-    out.back().isRows = true;
+  Parameter describe() const {
+    return rows<Pointee<C>>(Direction::kIn, name);
   }
 };
 
@@ -427,47 +340,26 @@ struct RowsOut {
   uint32_t capacity;
 
   template <class C>
-  class Bound {
-   public:
-    using Record = Pointee<C>;
-    Bound(const RowsOut &out, Call &) : buffer_(out.capacity * sizeof(Record)) {}
-    C value() { return buffer_.as<C>(); }
-    void finish(const RowsOut &out, Call &call) {
-      const auto count = static_cast<uint32_t>(call.rows < 0 ? 0 : call.rows);
-      call.putRows(out.name, kShape<Record>, buffer_.data(), std::min(count, out.capacity));
-    }
-
-   private:
-    Buffer buffer_;
-  };
-
+  Buffer read(Call &) const {
+    return Buffer(capacity * sizeof(Pointee<C>));
+  }
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back(resultRecord<Pointee<C>>(name));
-    out.back().isRows = true;
+  void put(Buffer &held, Call &call) const {
+    const auto count = static_cast<uint32_t>(std::max(call.rows, 0));
+    call.putRows(name, kShape<Pointee<C>>, held.data(), std::min(count, capacity));
+  }
+  template <class C>
+  Parameter describe() const {
+    return rows<Pointee<C>>(Direction::kOut, name);
   }
 };
 
 /// Number of the rows beside it, by value or behind a pointer.
 struct Count {
   template <class C>
-  class Bound : public OnlyRead {
-   public:
-    Bound(const Count &, Call &call) : call_(&call) {}
-    C value() {
-      if constexpr (std::is_pointer_v<C>) {
-        return &call_->rows;
-      } else {
-        return static_cast<C>(call_->rows);
-      }
-    }
-
-   private:
-    Call *call_;
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &) const {}
+  int32_t *read(Call &call) const {
+    return &call.rows;
+  }
 };
 
 /// Zeroed working storage that the function asks for and nobody reads.
@@ -475,34 +367,53 @@ struct Scratch {
   size_t size;
 
   template <class C>
-  class Bound : public OnlyRead {
-   public:
-    Bound(const Scratch &scratch, Call &) : buffer_(scratch.size) {}
-    C value() { return buffer_.as<C>(); }
-
-   private:
-    Buffer buffer_;
-  };
-
-  template <class C>
-  void describe(std::vector<Parameter> &) const {}
+  Buffer read(Call &) const {
+    return Buffer(size);
+  }
 };
+
+/// What a description has read, as its parameter.
+template <class C, class Held>
+C passed(Held &held) {
+  void *place = nullptr;
+  if constexpr (std::is_pointer_v<Held>) {
+    place = held;
+  } else {
+    place = held.data();
+  }
+  if constexpr (std::is_pointer_v<C>) {
+    return static_cast<C>(place);
+  } else {
+    return *static_cast<C *>(place);
+  }
+}
+
+template <class C, class Description>
+void addTo(std::vector<Parameter> &parameters, const Description &description) {
+  if constexpr (requires { description.template describe<C>(); }) {
+    parameters.push_back(description.template describe<C>());
+  }
+}
+
+template <class C, class Description, class Held>
+void putInto(Call &call, const Description &description, Held &held) {
+  if constexpr (requires { description.template put<C>(held, call); }) {
+    description.template put<C>(held, call);
+  }
+}
 
 /// A method whose parameters are described one by one, in the prototype's order.
 template <class Result, class... C, class... Description>
-Method method(const char *name, const char *function, Result (*call)(C...), const char *summary,
+Method method(const char *name, const char *function, Result (*call)(C...),
               Description... description) {
   static_assert(sizeof...(C) == sizeof...(Description), "each parameter needs its description");
-  Method entry{.name = name, .function = function, .summary = summary};
-  (description.template describe<C>(entry.parameters), ...);
+  Method entry(name, function);
+  (addTo<C>(entry.parameters, description), ...);
   entry.invoke = [call, description...](Call &context) -> int64_t {
     // Braces: arguments are read from left to right.
-    std::tuple<typename Description::template Bound<C>...> bound{
-        typename Description::template Bound<C>(description, context)...};
-    const auto invoke = [call](auto &...parameter) {
-      return callExport(call, parameter.value()...);
-    };
-    const auto finish = [&](auto &...parameter) { (parameter.finish(description, context), ...); };
+    std::tuple bound{description.template read<C>(context)...};
+    const auto invoke = [call](auto &...held) { return callExport(call, passed<C>(held)...); };
+    const auto finish = [&](auto &...held) { (putInto<C>(context, description, held), ...); };
     int64_t result = 0;
     if constexpr (std::is_void_v<Result>) {
       std::apply(invoke, bound);
@@ -518,13 +429,12 @@ Method method(const char *name, const char *function, Result (*call)(C...), cons
 
 /// The same under the name of the function itself.
 template <class Result, class... C, class... Description>
-Method method(const char *function, Result (*call)(C...), const char *summary,
-              Description... description) {
-  return method(function, function, call, summary, description...);
+Method method(const char *function, Result (*call)(C...), Description... description) {
+  return method(function, function, call, description...);
 }
 
 /// A method whose call is a function of its own; `parameters` describes what it reads and puts.
-Method customMethod(const char *name, const char *function, const char *summary,
-                    std::vector<Parameter> parameters, std::function<int64_t(Call &)> invoke);
+Method customMethod(const char *name, const char *function, std::vector<Parameter> parameters,
+                    std::function<int64_t(Call &)> invoke);
 
 }  // namespace catalogue

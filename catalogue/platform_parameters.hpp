@@ -13,22 +13,14 @@ struct PlatformIn {
   const char *name;
 
   template <class C>
-  class Bound {
-   public:
-    Bound(const PlatformIn &in, Call &call) : buffer_(Record::kSize) {
-      fromJson(call.require(in.name), call.at(in.name), shapeOf(layoutOf<Record>()),
-               buffer_.data());
-    }
-    C value() { return buffer_.data(); }
-    void finish(const PlatformIn &, Call &) {}
-
-   private:
-    Buffer buffer_;
-  };
-
+  Buffer read(Call &call) const {
+    Buffer given(Record::kSize);
+    fromJson(call.require(name), call.at(name), shapeOf(layoutOf<Record>()), given.data());
+    return given;
+  }
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name, .direction = Direction::kIn, .type = "platform record"});
+  Parameter describe() const {
+    return argument(name, "platform record");
   }
 };
 
@@ -38,22 +30,17 @@ struct PlatformOut {
   const char *name;
 
   template <class C>
-  class Bound {
-   public:
-    Bound(const PlatformOut &, Call &) : buffer_(Record::kSize) {}
-    C value() { return buffer_.data(); }
-    void finish(const PlatformOut &out, Call &call) {
-      call.put(out.name, toJson(shapeOf(layoutOf<Record>()), buffer_.data(),
-                                {.omitsZeros = true, .escapesBytes = true}));
-    }
-
-   private:
-    Buffer buffer_;
-  };
-
+  Buffer read(Call &) const {
+    return Buffer(Record::kSize);
+  }
   template <class C>
-  void describe(std::vector<Parameter> &out) const {
-    out.push_back({.name = name, .direction = Direction::kOut, .type = "platform record"});
+  void put(Buffer &held, Call &call) const {
+    call.put(name, toJson(shapeOf(layoutOf<Record>()), held.data(),
+                          {.omitsZeros = true, .escapesBytes = true}));
+  }
+  template <class C>
+  Parameter describe() const {
+    return result(name, "platform record");
   }
 };
 

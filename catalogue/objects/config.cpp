@@ -66,18 +66,24 @@ const Entry kEntry{{
     .summary = "The daemon's item store, a file of lines item=value",
     .methods =
         {
-            customMethod("add", "pm_ubus_config_additem", "Adds or replaces an item.",
-                         {argumentRecord<UbusAddItem>(), option("path", textType(kLongestPath)),
-                          option("temporaryPath", textType(kLongestPath))},
-                         addItem),
-            customMethod("get", "pm_ubus_config_getitem",
-                         "Reads an item, as text of `length` bytes or with length 0 as JSON.",
-                         {argument("item", textType(kLongestItem)), option("length", "int32"),
-                          option("path", textType(kLongestPath)), result("value", "text or JSON")},
-                         getItem),
-            method("delete", PM_FUNCTION(pm_ubus_config_deleteitem), "Blanks an item's lines.",
-                   TextIn{"item", kLongestItem}, TextIn{"path", kLongestPath, kStore},
-                   TextIn{"temporaryPath", kLongestPath, kTemporary}),
+            customMethod("add", "pm_ubus_config_additem",
+                         {record<UbusAddItem>(Direction::kIn),
+                          optional(argument("path", textType(kLongestPath))),
+                          optional(argument("temporaryPath", textType(kLongestPath)))},
+                         addItem)
+                .example(R"({"item": "reportInterval", "value": "30"})"),
+            customMethod(
+                "get", "pm_ubus_config_getitem",
+                {argument("item", textType(kLongestItem)), optional(argument("length", "int32")),
+                 optional(argument("path", textType(kLongestPath))),
+                 result("value", "text or JSON")},
+                getItem)
+                .saying("Reads an item, as text of `length` bytes or with length 0 as JSON.")
+                .example(R"({"item": "reportInterval"})"),
+            method("delete", PM_FUNCTION(pm_ubus_config_deleteitem), TextIn{"item", kLongestItem},
+                   TextIn{"path", kLongestPath, kStore},
+                   TextIn{"temporaryPath", kLongestPath, kTemporary})
+                .example(R"({"item": "reportInterval"})"),
         },
 }};
 

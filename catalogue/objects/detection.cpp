@@ -34,12 +34,14 @@ const Entry kEntry{{
     .summary = "HTTP download speed test",
     .methods =
         {
-            customMethod(
-                "set", "ubus_set_httpspeed_diagnostics", "Starts a test.",
-                {argument("text", textType(kLongestRequest)), option("parameter", "uint32")},
-                startTest),
-            method("get", PM_FUNCTION(ubus_get_httpspeed_result),
-                   "Reads the result; 0 once the test is completed.", RecordOut{"result"}),
+            customMethod("set", "ubus_set_httpspeed_diagnostics",
+                         {argument("text", textType(kLongestRequest)),
+                          optional(argument("parameter", "uint32"))},
+                         startTest)
+                .example(R"({"text": "http://speed.example.net/100M.bin"})"),
+            method("get", PM_FUNCTION(ubus_get_httpspeed_result), RecordOut{"result"})
+                .saying("Reads the result of the speed test; 0 once it is completed.")
+                .answering(1),
         },
 }};
 

@@ -13,8 +13,7 @@ const Entry kEntry{{
     .name = "hardwareinfo",
     .source = "object_nexumd_hardwareinfo_pmapi.c",
     .summary = "Processor, flash and memory",
-    .methods = {method("get", PM_FUNCTION(pm_ubus_get_hardware_info), "The whole record.",
-                       RecordOut{})},
+    .methods = {method("get", PM_FUNCTION(pm_ubus_get_hardware_info), RecordOut{})},
 }};
 
 }  // namespace

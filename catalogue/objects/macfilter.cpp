@@ -15,16 +15,15 @@ const Entry kEntry{{
     .summary = "MAC filter of the firewall",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_get_mac_filter),
-                   "State, policy and the beginning of the list in the item store.", RecordOut{}),
-            method("set", PM_FUNCTION(pm_ubus_macfilter_set),
-                   "Sets state and policy; when on, replaces the devices: MAC/name,MAC/name.",
-                   RecordIn{}),
-            method(PM_FUNCTION(ubus_getmacFilterEnable),
-                   "Whether the filter is on, -1 when it cannot be read.")
-                .returning("macFilterEnable"),
-            method(PM_FUNCTION(ubus_getmacFilterPolicy),
-                   "0 black list, 1 white list, -1 when it cannot be read.")
+            method("get", PM_FUNCTION(pm_ubus_get_mac_filter), RecordOut{}),
+            method("set", PM_FUNCTION(pm_ubus_macfilter_set), RecordIn{})
+                .saying("Sets state and policy; when on, replaces the devices: MAC/name,MAC/name.")
+                .example(
+                    R"({"macFilterEnable": 1, "macFilterPolicy": 1, "entries": "A1B2C3D4E5F6/phone"})"),
+            method(PM_FUNCTION(ubus_getmacFilterEnable)).returning("macFilterEnable"),
+            method(PM_FUNCTION(ubus_getmacFilterPolicy))
+                .saying(
+                    "Policy of the filter: 0 black list, 1 white list, -1 when it cannot be read.")
                 .returning("macFilterPolicy"),
         },
 }};

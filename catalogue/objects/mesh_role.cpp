@@ -12,7 +12,8 @@ const Entry kEntry{{
     .name = "mesh_role",
     .source = "object_nexumd_mesh_role_pmapi.c",
     .summary = "Mesh role of the gateway",
-    .methods = {method("set", PM_FUNCTION(pm_ubus_meshrole_set), "Sets the role.", RecordIn{})},
+    .methods = {method("set", PM_FUNCTION(pm_ubus_meshrole_set), RecordIn{})
+                    .example(R"({"meshRole": 2})")},
 }};
 
 }  // namespace

@@ -17,12 +17,9 @@ const Entry kEntry{{
     .summary = "The gateway's own state in the mesh",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_get_meshinfo), "The whole record.", RecordOut{}),
-            method(PM_FUNCTION(ubus_getmeshRole), "Mesh role number, -1 when it cannot be read.")
-                .returning("meshRole"),
-            method(PM_FUNCTION(ubus_getroamingEnable),
-                   "Whether mesh roaming is on, -1 when it cannot be read.")
-                .returning("roamingEnable"),
+            method("get", PM_FUNCTION(pm_ubus_get_meshinfo), RecordOut{}),
+            method(PM_FUNCTION(ubus_getmeshRole)).returning("meshRole"),
+            method(PM_FUNCTION(ubus_getroamingEnable)).returning("roamingEnable"),
         },
 }};
 

@@ -27,11 +27,13 @@ const Entry kEntry{{
     .summary = "The mesh as the multi-AP daemon sees it",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_get_meshtopology), "All mesh devices.", RecordOut{}),
-            method(PM_FUNCTION(MeshGetTopology), "The multi-AP daemon's topology text.",
-                   TextOut{"buffer", kDumpSize}, InOut{"length", kDumpSize}),
-            method(PM_FUNCTION(pm_get_dumpbuf_info), "The devices that a topology text names.",
-                   TextIn{"text", kDumpSize - 1}, Scratch{kScratchSize}, RecordOut{}),
+            method("get", PM_FUNCTION(pm_ubus_get_meshtopology), RecordOut{}),
+            method(PM_FUNCTION(MeshGetTopology), TextOut{"buffer", kDumpSize},
+                   InOut{"length", kDumpSize}),
+            method(PM_FUNCTION(pm_get_dumpbuf_info), TextIn{"text", kDumpSize - 1},
+                   Scratch{kScratchSize}, RecordOut{})
+                .example(R"({"text":
+                    "{\"topology information\": [{\"AL MAC\": \"1\", \"Device role\": \"Agent\"}]}"})"),
         },
 }};
 

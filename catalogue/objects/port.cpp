@@ -15,9 +15,10 @@ const Entry kEntry{{
     .name = "port",
     .source = "object_nexumd_port_pmapi.c",
     .summary = "Ethernet ports",
-    .methods = {method("get", PM_FUNCTION(pm_ubus_get_portinfo),
-                       "One port, by its number from 0 on and its instance path.", In{"portIndex"},
-                       TextIn{"instance", kLongestPath}, RecordOut{})},
+    .methods = {method("get", PM_FUNCTION(pm_ubus_get_portinfo), In{"portIndex"},
+                       TextIn{"instance", kLongestPath}, RecordOut{})
+                    .saying("Reads one port, by its number from 0 on and its instance path.")
+                    .example(R"({"portIndex": 0, "instance": "IGD.LD1.ETH1"})")},
 }};
 
 }  // namespace

@@ -12,7 +12,8 @@ const Entry kEntry{{
     .name = "pppoe",
     .source = "object_nexumd_pppoe_pmapi.c",
     .summary = "PPPoE account of the WAN connection",
-    .methods = {method("set", PM_FUNCTION(pm_ubus_pppoe_set), "Sets the account.", RecordIn{})},
+    .methods = {method("set", PM_FUNCTION(pm_ubus_pppoe_set), RecordIn{})
+                    .example(R"({"pppoeUser": "07558823417@home", "pppoePwd": "a new one"})")},
 }};
 
 }  // namespace

@@ -13,15 +13,19 @@ namespace catalogue {
 
 namespace {
 
+constexpr char kRules[] = R"({"qosCommon": 1, "rules": [
+    {"ip1": "192.168.1.20", "port1": "8080", "label": "games", "mac1": "00:11:22:33:44:55"}]})";
+
 const Entry kEntry{{
     .name = "qos",
     .source = "object_nexumd_qos_pmapi.c",
     .summary = "Traffic classification rules",
     .methods =
         {
-            method("set", PM_FUNCTION(pm_ubus_nexumd_qos_set), "Adds rules.", RecordIn{}),
-            method("get", PM_FUNCTION(pm_ubus_nexumd_qos_get), "The rules.", RecordOut{}),
-            method("clear_all", PM_FUNCTION(pm_qc_clear_all), "Removes all rules."),
+            method("set", PM_FUNCTION(pm_ubus_nexumd_qos_set), RecordIn{}).example(kRules),
+            method("get", PM_FUNCTION(pm_ubus_nexumd_qos_get), RecordOut{})
+                .after("qos set", kRules),
+            method("clear_all", PM_FUNCTION(pm_qc_clear_all)).after("qos set", kRules),
         },
 }};
 

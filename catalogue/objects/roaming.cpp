@@ -16,50 +16,45 @@ namespace catalogue {
 
 namespace {
 
-constexpr char kNotSupported[] = "No effect on this platform.";
-
 const Entry kEntry{{
     .name = "roaming",
     .source = "object_nexumd_roaming_pmapi.c",
     .summary = "Roaming, band steering, stations by medium",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_roaming_get), "Roaming settings.", RecordOut{}),
-            method("set", PM_FUNCTION(pm_ubus_roaming_set), "Sets switch and thresholds.",
-                   RecordIn{}),
-            method("bandsteering_get", PM_FUNCTION(pm_ubus_roaming_bandsteering_get),
-                   "Band-steering settings.", RecordOut{}),
-            method("bandsteering_set", PM_FUNCTION(pm_ubus_roaming_bandsteering_set),
-                   "Sets them, and roaming with them.", RecordIn{}),
-            method("sta_disconnect", PM_FUNCTION(pm_ubus_roaming_sta_disconnect),
-                   "Blocks a station and removes its association.", TextIn{"mac"}),
-            method("starssi_get", PM_FUNCTION(pm_ubus_roaming_starssi_get), "Signal of a station.",
-                   RecordOut{}),
-            method("sta_num_get", PM_FUNCTION(pm_ubus_sta_num_get), "Attached devices by medium.",
-                   RecordOut{}),
-            method(PM_FUNCTION(ubus_setLowRSSI), "Sets switch and thresholds.", In{"roamingSwitch"},
-                   In{"low24G"}, In{"low5G"}),
-            method(PM_FUNCTION(ubus_getRoamingSwitch), "Whether roaming is on.",
-                   Out{"roamingSwitch"}),
-            method(PM_FUNCTION(ubus_getLowRSSI24G), "Roaming threshold.", Out{"lowRSSI24G"}),
-            method(PM_FUNCTION(ubus_getLowRSSI5G), "Roaming threshold.", Out{"lowRSSI5G"}),
-            method(PM_FUNCTION(ubus_getRssiThreshold), "Steering threshold.", Out{"rssiThreshold"}),
-            method(PM_FUNCTION(ubus_getRssiThreshold5G), "Steering threshold.",
-                   Out{"rssiThreshold5G"}),
-            method(PM_FUNCTION(ubus_getBandSteeringStatus), "Whether band steering is on.",
-                   Out{"bandSteeringStatus"}),
-            method(PM_FUNCTION(ubus_getPacketLoss), kNotSupported),
-            method(PM_FUNCTION(ubus_setPacketLoss), kNotSupported),
-            method(PM_FUNCTION(ubus_getRetryRatio), kNotSupported),
-            method(PM_FUNCTION(ubus_setRetryRatio), kNotSupported),
-            method(PM_FUNCTION(ubus_getXIndex), kNotSupported),
-            method(PM_FUNCTION(ubus_setXIndex), kNotSupported),
-            method(PM_FUNCTION(ubus_getDetectPeriod), kNotSupported),
-            method(PM_FUNCTION(ubus_setDetectPeriod), kNotSupported),
-            method(PM_FUNCTION(ubus_getRssiCheckDelta), kNotSupported),
-            method(PM_FUNCTION(ubus_setRssiCheckDelta), kNotSupported),
-            method(PM_FUNCTION(ubus_getDismissTime), kNotSupported),
-            method(PM_FUNCTION(ubus_setDismissTime), kNotSupported),
+            method("get", PM_FUNCTION(pm_ubus_roaming_get), RecordOut{}),
+            method("set", PM_FUNCTION(pm_ubus_roaming_set), RecordIn{})
+                .example(R"({"roamingSwitch": 1, "lowRSSI24G": -77, "lowRSSI5G": -79})"),
+            method("bandsteering_get", PM_FUNCTION(pm_ubus_roaming_bandsteering_get), RecordOut{}),
+            method("bandsteering_set", PM_FUNCTION(pm_ubus_roaming_bandsteering_set), RecordIn{})
+                .saying("Sets band steering, and roaming with it.")
+                .example(
+                    R"({"bandSteeringStatus": 1, "rssiThreshold": -70, "rssiThreshold5G": -75})"),
+            method("sta_disconnect", PM_FUNCTION(pm_ubus_roaming_sta_disconnect), TextIn{"mac"})
+                .example(R"({"mac": "f40f24108801"})"),
+            method("starssi_get", PM_FUNCTION(pm_ubus_roaming_starssi_get), RecordOut{})
+                .example(R"({"macAddress": "f40f24108801"})"),
+            method("sta_num_get", PM_FUNCTION(pm_ubus_sta_num_get), RecordOut{}),
+            method(PM_FUNCTION(ubus_setLowRSSI), In{"roamingSwitch"}, In{"low24G"}, In{"low5G"})
+                .example(R"({"roamingSwitch": 1, "low24G": 75, "low5G": 78})"),
+            method(PM_FUNCTION(ubus_getRoamingSwitch), Out{"roamingSwitch"}),
+            method(PM_FUNCTION(ubus_getLowRSSI24G), Out{"lowRSSI24G"}),
+            method(PM_FUNCTION(ubus_getLowRSSI5G), Out{"lowRSSI5G"}),
+            method(PM_FUNCTION(ubus_getRssiThreshold), Out{"rssiThreshold"}),
+            method(PM_FUNCTION(ubus_getRssiThreshold5G), Out{"rssiThreshold5G"}),
+            method(PM_FUNCTION(ubus_getBandSteeringStatus), Out{"bandSteeringStatus"}),
+            method(PM_FUNCTION(ubus_getPacketLoss)),
+            method(PM_FUNCTION(ubus_setPacketLoss)),
+            method(PM_FUNCTION(ubus_getRetryRatio)),
+            method(PM_FUNCTION(ubus_setRetryRatio)),
+            method(PM_FUNCTION(ubus_getXIndex)),
+            method(PM_FUNCTION(ubus_setXIndex)),
+            method(PM_FUNCTION(ubus_getDetectPeriod)),
+            method(PM_FUNCTION(ubus_setDetectPeriod)),
+            method(PM_FUNCTION(ubus_getRssiCheckDelta)),
+            method(PM_FUNCTION(ubus_setRssiCheckDelta)),
+            method(PM_FUNCTION(ubus_getDismissTime)),
+            method(PM_FUNCTION(ubus_setDismissTime)),
         },
 }};
 

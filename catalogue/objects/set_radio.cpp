@@ -13,7 +13,11 @@ const Entry kEntry{{
     .name = "set_radio",
     .source = "objest_nexumd_set_radio_pmapi.c",
     .summary = "Transmit power, channel and channel width of a radio",
-    .methods = {method("set", PM_FUNCTION(pm_ubus_radio_set), "Sets a radio.", RecordIn{})},
+    .methods =
+        {method("set", PM_FUNCTION(pm_ubus_radio_set), RecordIn{})
+             .example(R"({"radio": "5G", "transmitPower": "80", "channel": "44", "bandwidth": 1})")
+             .otherExample(
+                 R"({"radio": "2.4G", "transmitPower": "60", "channel": "6", "bandwidth": 1})")},
 }};
 
 }  // namespace

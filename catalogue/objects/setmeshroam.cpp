@@ -12,7 +12,8 @@ const Entry kEntry{{
     .name = "setmeshroam",
     .source = "object_nexumd_setmeshroam_pmapi.c",
     .summary = "Mesh roaming on and off",
-    .methods = {method("set", PM_FUNCTION(pm_ubus_set_meshroam), "Switches it.", RecordIn{})},
+    .methods = {method("set", PM_FUNCTION(pm_ubus_set_meshroam), RecordIn{})
+                    .example(R"({"meshRoamingEnable": 0})")},
 }};
 
 }  // namespace

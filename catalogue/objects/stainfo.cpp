@@ -16,25 +16,29 @@ namespace catalogue {
 
 namespace {
 
+template <class Read, class Description>
+Method ofStation(const char *name, const char *function, Read *read, Description description) {
+  return method(name, function, read, In{"index"}, description).example(R"({"index": 0})");
+}
+
+template <class Read>
+Method field(const char *function, Read *read, const char *name) {
+  return ofStation(function, function, read, TextOut{name});
+}
+
 const Entry kEntry{{
     .name = "stainfo",
     .source = "object_nexumd_stainfo_pmapi.c",
     .summary = "An attached station by its position, from 0, in the device list",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_get_sta_info), "The whole record.", In{"index"},
-                   RecordOut{}),
-            method(PM_FUNCTION(ubus_getIpAddress), "IPv4 address.", In{"index"},
-                   TextOut{"ipAddress"}),
-            method(PM_FUNCTION(ubus_getHostName), "Host name.", In{"index"}, TextOut{"hostName"}),
-            method(PM_FUNCTION(ubus_getMacAddress), "MAC address.", In{"index"},
-                   TextOut{"macAddress"}),
-            method(PM_FUNCTION(ubus_getStatype), "Kind of device.", In{"index"},
-                   TextOut{"staType"}),
-            method(PM_FUNCTION(ubus_getUptime), "Seconds since it connected.", In{"index"},
-                   TextOut{"onlineTime"}),
-            method(PM_FUNCTION(ubus_get_sta_config), "How it is connected.", In{"index"},
-                   RecordOut{}),
+            ofStation("get", PM_FUNCTION(pm_ubus_get_sta_info), RecordOut{}),
+            field(PM_FUNCTION(ubus_getIpAddress), "ipAddress"),
+            field(PM_FUNCTION(ubus_getHostName), "hostName"),
+            field(PM_FUNCTION(ubus_getMacAddress), "macAddress"),
+            field(PM_FUNCTION(ubus_getStatype), "staType"),
+            field(PM_FUNCTION(ubus_getUptime), "onlineTime"),
+            ofStation("ubus_get_sta_config", PM_FUNCTION(ubus_get_sta_config), RecordOut{}),
         },
 }};
 

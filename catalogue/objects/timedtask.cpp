@@ -13,20 +13,28 @@ namespace {
 /// As many tasks as both services together can hold.
 constexpr uint32_t kMostTasks = 135;
 
+constexpr char kSchedule[] = R"({"taskId": 1, "enable": 1, "weekMask": 62, "Action": 2,
+    "timeOffset": 82800, "timeOffset2": 21600, "index": 1})";
+
 const Entry kEntry{{
     .name = "timedtask",
     .source = "object_nexumd_timedtask_pmapi.c",
     .summary = "Weekly timer tasks: wake-up control (1) and Wi-Fi schedules (2)",
     .methods =
         {
-            method("add", PM_FUNCTION(pm_ubus_nexumd_wifi_timer_add),
-                   "Adds a task, in place of those with its id.", RecordIn{}),
-            method("del", PM_FUNCTION(pm_ubus_nexumd_wifi_timer_del), "Deletes a task.",
-                   In{"taskId"}),
-            method("list", PM_FUNCTION(pm_ubus_nexumd_wifi_timer_list), "All tasks.",
-                   RowsOut{"records", kMostTasks}, Count{}),
-            method(PM_FUNCTION(si_deal_num_conv_weekday), "The days of a mask, Monday first.",
-                   In{"weekMask"}, RecordOut{}),
+            method("add", PM_FUNCTION(pm_ubus_nexumd_wifi_timer_add), RecordIn{})
+                .saying("Adds a task, in place of those with its id.")
+                .example(kSchedule)
+                .otherExample(
+                    R"({"taskId": 2, "enable": 1, "weekMask": 62, "Action": 1, "timeOffset": 60})"),
+            method("del", PM_FUNCTION(pm_ubus_nexumd_wifi_timer_del), In{"taskId"})
+                .example(R"({"taskId": 1})")
+                .after("timedtask add", kSchedule),
+            method("list", PM_FUNCTION(pm_ubus_nexumd_wifi_timer_list),
+                   RowsOut{"records", kMostTasks}, Count{})
+                .after("timedtask add", kSchedule),
+            method(PM_FUNCTION(si_deal_num_conv_weekday), In{"weekMask"}, RecordOut{})
+                .example(R"({"weekMask": 62})"),
         },
 }};
 

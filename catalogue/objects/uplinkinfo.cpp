@@ -38,11 +38,18 @@ constexpr size_t kRateText = 64;
 }();
 
 int64_t intervals(Call &call) {
-  call.putInteger("g_ifa_ReportInterval", g_ifa_ReportInterval);
-  call.putInteger("g_ifa_SampleInterval", g_ifa_SampleInterval);
-  call.putInteger("g_if6_ReportInterval", g_if6_ReportInterval);
-  call.putInteger("g_if6_SampleInterval", g_if6_SampleInterval);
+  call.putNumber("g_ifa_ReportInterval", g_ifa_ReportInterval);
+  call.putNumber("g_ifa_SampleInterval", g_ifa_SampleInterval);
+  call.putNumber("g_if6_ReportInterval", g_if6_ReportInterval);
+  call.putNumber("g_if6_SampleInterval", g_if6_SampleInterval);
   return 0;
+}
+
+template <class View, class Read>
+Method viewOf(const char *function, Read *read, const char *summary) {
+  return method(function, read, TextIn{"instance"}, PlatformOut<View>{"view"})
+      .saying(summary)
+      .example(R"({"instance": "IGD.WD1.WCD1.WCPPP1"})");
 }
 
 const Entry kEntry{{
@@ -51,34 +58,38 @@ const Entry kEntry{{
     .summary = "How the gateway reaches the Internet, and samples of what it moves",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_get_uplinkinfo), "The whole record.", RecordOut{}),
-            method(PM_FUNCTION(ubus_get_manger_mac), "Management MAC.", BytesOut{"mac", 6}),
-            method(PM_FUNCTION(ubus_getPPPOEUserPwd), "Account of the PPP connection.",
-                   TextOut{"user", kAccountText}, TextOut{"password", kAccountText, true}),
-            method(PM_FUNCTION(ubus_get_rate_rt), "Current rates, summed over the connections.",
-                   TextOut{"rxText", kRateText}, TextOut{"txText", kRateText}),
-            method(PM_FUNCTION(ubus_getGatewayMac), "MAC of the upstream gateway.", TextOut{"mac"}),
-            method(PM_FUNCTION(ubus_get_route_if_into), "IPv6 route of a WAN connection.",
-                   TextIn{"instance"}, PlatformOut<platform::RouteInterfaceView>{"view"}),
-            method(PM_FUNCTION(ubus_get_dssinto), "IPv6 addressing of a WAN connection.",
-                   TextIn{"instance"}, PlatformOut<platform::DssInfoView>{"view"}),
-            method(PM_FUNCTION(ubus_get_dsscfg), "IPv6 prefix mode of a WAN connection.",
-                   TextIn{"instance"}, PlatformOut<platform::DssConfigView>{"view"}),
-            method(PM_FUNCTION(ubus_get_prefixcfg), "IPv6 prefix of a WAN connection.",
-                   TextIn{"instance"}, PlatformOut<platform::PrefixConfigView>{"view"}),
-            method(PM_FUNCTION(if_uplink_statics), "Samples the uplink: mode 1 IPv4, 2 IPv6.",
-                   In{"mode"}),
-            method(PM_FUNCTION(if_sta_statics), "Samples the stations: mode 1 IPv4, 2 IPv6.",
-                   In{"mode"}),
-            method(PM_FUNCTION(si_sample_list_add), "Adds a sample to the ring of a key.",
-                   RecordIn{"sample"}, TextIn{"key"}, In{"mode"}),
-            method(PM_FUNCTION(si_net_sample_list_statics), "Maxima and averages of a ring.",
-                   RecordIn{"key"}, RecordOut{}, In{"mode"}),
+            method("get", PM_FUNCTION(pm_ubus_get_uplinkinfo), RecordOut{}),
+            method(PM_FUNCTION(ubus_get_manger_mac), BytesOut{"mac", 6}),
+            method(PM_FUNCTION(ubus_getPPPOEUserPwd), TextOut{"user", kAccountText},
+                   TextOut{"password", kAccountText, true}),
+            method(PM_FUNCTION(ubus_get_rate_rt), TextOut{"rxText", kRateText},
+                   TextOut{"txText", kRateText}),
+            method(PM_FUNCTION(ubus_getGatewayMac), TextOut{"mac"}),
+            viewOf<platform::RouteInterfaceView>(PM_FUNCTION(ubus_get_route_if_into),
+                                                 "IPv6 route of a WAN connection."),
+            viewOf<platform::DssInfoView>(PM_FUNCTION(ubus_get_dssinto),
+                                          "IPv6 addressing of a WAN connection."),
+            viewOf<platform::DssConfigView>(PM_FUNCTION(ubus_get_dsscfg),
+                                            "IPv6 prefix mode of a WAN connection."),
+            viewOf<platform::PrefixConfigView>(PM_FUNCTION(ubus_get_prefixcfg),
+                                               "IPv6 prefix of a WAN connection."),
+            method(PM_FUNCTION(if_uplink_statics), In{"mode"})
+                .saying("Samples the uplink: mode 1 IPv4, 2 IPv6.")
+                .example(R"({"mode": 1})"),
+            method(PM_FUNCTION(if_sta_statics), In{"mode"})
+                .saying("Samples the stations: mode 1 IPv4, 2 IPv6.")
+                .example(R"({"mode": 1})"),
+            method(PM_FUNCTION(si_sample_list_add), RecordIn{"sample"}, TextIn{"key"}, In{"mode"})
+                .example(R"({"sample": {"tx": 4096, "rx": 65536}, "key": "nbif0", "mode": 3})"),
+            method(PM_FUNCTION(si_net_sample_list_statics), RecordIn{"key"}, RecordOut{},
+                   In{"mode"})
+                .example(R"({"key": {"name": "uplink"}, "mode": 3})"),
             customMethod(
-                "intervals", "g_ifa_ReportInterval", "The intervals that the samplers work with.",
+                "intervals", "g_ifa_ReportInterval",
                 {result("g_ifa_ReportInterval", "int32"), result("g_ifa_SampleInterval", "int32"),
                  result("g_if6_ReportInterval", "int32"), result("g_if6_SampleInterval", "int32")},
-                intervals),
+                intervals)
+                .saying("The intervals that the samplers work with."),
         },
 }};
 

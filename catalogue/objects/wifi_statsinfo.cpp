@@ -11,7 +11,16 @@ namespace catalogue {
 
 namespace {
 
-constexpr TextIn kInstance{"instance", 31};
+template <class Read, class Description>
+Method ofSsid(const char *name, const char *function, Read *read, Description description) {
+  return method(name, function, read, TextIn{"instance", 31}, description)
+      .example(R"({"instance": "IGD.LD1.WLAN1"})");
+}
+
+template <class Read, class Description>
+Method field(const char *function, Read *read, Description description) {
+  return ofSsid(function, function, read, description);
+}
 
 const Entry kEntry{{
     .name = "wifi_statsinfo",
@@ -19,26 +28,17 @@ const Entry kEntry{{
     .summary = "Traffic counters of an SSID such as IGD.LD1.WLAN1",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_get_wifi_statsinfo), "The whole record.", kInstance,
-                   RecordOut{}),
-            method(PM_FUNCTION(ubus_getRadio), "Band.", kInstance, TextOut{"radio"}),
-            method(PM_FUNCTION(ubus_getSsid), "Network name.", kInstance, TextOut{"ssid"}),
-            method(PM_FUNCTION(ubus_getTotalBytesSent), "Bytes sent.", kInstance,
-                   Out{"totalBytesSent"}),
-            method(PM_FUNCTION(ubus_getTotalBytesReceived), "Bytes received.", kInstance,
-                   Out{"totalBytesReceived"}),
-            method(PM_FUNCTION(ubus_getTotalPacketsSent), "Packets sent.", kInstance,
-                   Out{"totalPacketsSent"}),
-            method(PM_FUNCTION(ubus_getTotalPacketsReceived), "Packets received.", kInstance,
-                   Out{"totalPacketsReceived"}),
-            method(PM_FUNCTION(ubus_getErrorsSent), "Errors while sending.", kInstance,
-                   Out{"errorsSent"}),
-            method(PM_FUNCTION(ubus_getErrorsReceived), "Errors while receiving.", kInstance,
-                   Out{"errorsReceived"}),
-            method(PM_FUNCTION(ubus_getDiscardPacketsSent), "Packets discarded while sending.",
-                   kInstance, Out{"discardPacketsSent"}),
-            method(PM_FUNCTION(ubus_getDiscardPacketsReceived),
-                   "Packets discarded while receiving.", kInstance, Out{"discardPacketsReceived"}),
+            ofSsid("get", PM_FUNCTION(pm_ubus_get_wifi_statsinfo), RecordOut{}),
+            field(PM_FUNCTION(ubus_getRadio), TextOut{"radio"}),
+            field(PM_FUNCTION(ubus_getSsid), TextOut{"ssid"}),
+            field(PM_FUNCTION(ubus_getTotalBytesSent), Out{"totalBytesSent"}),
+            field(PM_FUNCTION(ubus_getTotalBytesReceived), Out{"totalBytesReceived"}),
+            field(PM_FUNCTION(ubus_getTotalPacketsSent), Out{"totalPacketsSent"}),
+            field(PM_FUNCTION(ubus_getTotalPacketsReceived), Out{"totalPacketsReceived"}),
+            field(PM_FUNCTION(ubus_getErrorsSent), Out{"errorsSent"}),
+            field(PM_FUNCTION(ubus_getErrorsReceived), Out{"errorsReceived"}),
+            field(PM_FUNCTION(ubus_getDiscardPacketsSent), Out{"discardPacketsSent"}),
+            field(PM_FUNCTION(ubus_getDiscardPacketsReceived), Out{"discardPacketsReceived"}),
         },
 }};
 

@@ -12,8 +12,8 @@ const Entry kEntry{{
     .name = "wifi_switch",
     .source = "object_nexumd_wifi_switch_pmapi.c",
     .summary = "Radios on and off",
-    .methods = {method("set", PM_FUNCTION(pm_ubus_wifi_switch_set), "Switches a radio.",
-                       RecordIn{})},
+    .methods = {method("set", PM_FUNCTION(pm_ubus_wifi_switch_set), RecordIn{})
+                    .example(R"({"radio": "5G", "enable": 1})")},
 }};
 
 }  // namespace

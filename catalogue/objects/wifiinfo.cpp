@@ -12,8 +12,18 @@ namespace catalogue {
 
 namespace {
 
-constexpr In kIndex{"radioIndex"};
 constexpr size_t kTextSize = 32;
+
+template <class Read, class Description>
+Method ofSsid(const char *name, const char *function, Read *read, Description description) {
+  return method(name, function, read, In{"radioIndex"}, description)
+      .example(R"({"radioIndex": 0})");
+}
+
+template <class Read, class Description>
+Method field(const char *function, Read *read, Description description) {
+  return ofSsid(function, function, read, description);
+}
 
 const Entry kEntry{{
     .name = "wifiinfo",
@@ -21,38 +31,25 @@ const Entry kEntry{{
     .summary = "State and configuration of an SSID, counted from 0",
     .methods =
         {
-            method("get", PM_FUNCTION(pm_ubus_get_wifi_info), "The whole record.", kIndex,
-                   RecordOut{}),
-            method(PM_FUNCTION(ubus_get_radios_Enable), "Whether the radio is on.", kIndex,
-                   Out{"enable"}),
-            method(PM_FUNCTION(ubus_get_radios_SSIDEnable), "Whether the SSID is on.", kIndex,
-                   Out{"ssidEnable"}),
-            method(PM_FUNCTION(ubus_get_radios_transmitPower),
-                   "Transmit power, of the first SSID of a radio.", kIndex,
-                   TextOut{"transmitPower"}),
-            method(PM_FUNCTION(ubus_get_radios_ssidStandard), "802.11 standard.", kIndex,
-                   TextOut{"standard"}),
-            method(PM_FUNCTION(ubus_get_radios_noiseLevel), "Noise level.", kIndex,
-                   TextOut{"noiseLevel"}),
-            method(PM_FUNCTION(ubus_get_radios_interferencePercent), "Interference in percent.",
-                   kIndex, Out{"interferencePercent"}),
-            method(PM_FUNCTION(ubus_get_radios_Channel), "Channel number.", kIndex,
-                   TextOut{"channel"}),
-            method(PM_FUNCTION(ubus_get_config_Radio), "Band.", kIndex, TextOut{"radio"}),
-            method(PM_FUNCTION(ubus_get_config_Index), "Last digit of the SSID's number.", kIndex,
-                   Out{"index"}),
-            method(PM_FUNCTION(ubus_get_config_Ssid), "Network name.", kIndex, TextOut{"ssid"}),
-            method(PM_FUNCTION(ubus_get_config_SecurityMode), "Security mode.", kIndex,
-                   TextOut{"securityMode"}),
-            method(PM_FUNCTION(ubus_get_config_Pwd), "WEP key or passphrase.", kIndex,
-                   TextOut{"pwd", kTextSize, true}),
-            method(PM_FUNCTION(ubus_get_config_MaxAssociateNum), "Most stations admitted.", kIndex,
-                   Out{"maxAssociateNum"}),
-            method(PM_FUNCTION(ubus_get_config_SsidAdvertisementEnable),
-                   "Whether the SSID is broadcast.", kIndex, Out{"ssidAdvertisementEnabled"}),
-            method(PM_FUNCTION(ubus_get_info_bandwidth), "Channel width number.", kIndex,
-                   Out{"bandwidth"}),
-            method(PM_FUNCTION(ubus_get_info_encrypt), "Cipher number.", kIndex, Out{"encrypt"}),
+            ofSsid("get", PM_FUNCTION(pm_ubus_get_wifi_info), RecordOut{})
+                .otherExample(R"({"radioIndex": 4})"),
+            field(PM_FUNCTION(ubus_get_radios_Enable), Out{"enable"}),
+            field(PM_FUNCTION(ubus_get_radios_SSIDEnable), Out{"ssidEnable"}),
+            field(PM_FUNCTION(ubus_get_radios_transmitPower), TextOut{"transmitPower"}),
+            field(PM_FUNCTION(ubus_get_radios_ssidStandard), TextOut{"standard"}),
+            field(PM_FUNCTION(ubus_get_radios_noiseLevel), TextOut{"noiseLevel"}),
+            field(PM_FUNCTION(ubus_get_radios_interferencePercent), Out{"interferencePercent"}),
+            field(PM_FUNCTION(ubus_get_radios_Channel), TextOut{"channel"}),
+            field(PM_FUNCTION(ubus_get_config_Radio), TextOut{"radio"}),
+            field(PM_FUNCTION(ubus_get_config_Index), Out{"index"}),
+            field(PM_FUNCTION(ubus_get_config_Ssid), TextOut{"ssid"}),
+            field(PM_FUNCTION(ubus_get_config_SecurityMode), TextOut{"securityMode"}),
+            field(PM_FUNCTION(ubus_get_config_Pwd), TextOut{"pwd", kTextSize, true}),
+            field(PM_FUNCTION(ubus_get_config_MaxAssociateNum), Out{"maxAssociateNum"}),
+            field(PM_FUNCTION(ubus_get_config_SsidAdvertisementEnable),
+                  Out{"ssidAdvertisementEnabled"}),
+            field(PM_FUNCTION(ubus_get_info_bandwidth), Out{"bandwidth"}),
+            field(PM_FUNCTION(ubus_get_info_encrypt), Out{"encrypt"}),
         },
 }};
 

@@ -19,11 +19,14 @@ const Entry kEntry{{
     .summary = "Configuration of SSIDs, counted from 1",
     .methods =
         {
-            method("set", PM_FUNCTION(pm_ubus_wifiParameter_set), "Configures an SSID.",
-                   RecordIn{}),
+            method("set", PM_FUNCTION(pm_ubus_wifiParameter_set), RecordIn{})
+                .example(R"({"radio": "2.4G", "index": 1, "enable": 1, "ssid": "home",
+                 "securityMode": "WPA2-Personal", "encrypt": 1, "pwd": "quiet-harbour"})"),
             method("set_multi", PM_FUNCTION(pm_ubus_wifiParameter_set_Multi),
-                   "Configures several SSIDs; failures are logged only.",
-                   RowsIn{"records", kLongestBatch}, Count{}),
+                   RowsIn{"records", kLongestBatch}, Count{})
+                .saying("Configures several SSIDs; failures are logged only.")
+                .example(R"({"records": [{"radio": "2.4G", "index": 2, "securityMode": "None"},
+                             {"radio": "5G", "index": 6, "securityMode": "None"}]})"),
         },
 }};
 

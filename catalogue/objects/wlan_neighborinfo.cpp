@@ -16,20 +16,16 @@ using Scan = uint32_t (*)(NeighborInfoRecord *);
 using Count = int32_t NeighborInfoRecord::*;
 
 // The bands share the entries, so each scan's own count says how many of them are its.
-Method scan(const char *name, const char *function, Scan call, const char *countName, Count count,
-            const char *summary) {
-  const Parameter rows{.name = "entries",
-                       .direction = Direction::kOut,
-                       .type = std::string(kShape<NeighborApEntry>.name),
-                       .shape = &kShape<NeighborApEntry>,
-                       .isRows = true};
+Method scan(const char *name, const char *function, Scan call, const char *countName, Count count) {
   return customMethod(
-      name, function, summary, {result(countName, "int32"), rows}, [=](Call &context) -> int64_t {
+      name, function,
+      {result(countName, "int32"), rows<NeighborApEntry>(Direction::kOut, "entries")},
+      [=](Call &context) -> int64_t {
         Buffer buffer(sizeof(NeighborInfoRecord));
         auto *record = buffer.as<NeighborInfoRecord *>();
         const auto status = static_cast<int32_t>(callExport(call, record));
         const int32_t found = record->*count;
-        context.putInteger(countName, found);
+        context.putNumber(countName, found);
         const auto listed =
             std::clamp<int32_t>(found, 0, static_cast<int32_t>(std::size(record->entries)));
         context.putRows("entries", kShape<NeighborApEntry>, record->entries,
@@ -45,9 +41,11 @@ const Entry kEntry{{
     .methods =
         {
             scan("get_2g", PM_FUNCTION(pm_ubus_wlan_neighborinfo_get_2g), "neighborNum24G",
-                 &NeighborInfoRecord::neighborNum24G, "Scans on 2.4 GHz; takes 5 seconds."),
+                 &NeighborInfoRecord::neighborNum24G)
+                .saying("Scans on 2.4 GHz; takes 5 seconds."),
             scan("get_5g", PM_FUNCTION(pm_ubus_wlan_neighborinfo_get_5g), "neighborNum5G",
-                 &NeighborInfoRecord::neighborNum5G, "Scans on 5 GHz; takes 5 seconds."),
+                 &NeighborInfoRecord::neighborNum5G)
+                .saying("Scans on 5 GHz; takes 5 seconds."),
         },
 }};
 

@@ -12,8 +12,8 @@ const Entry kEntry{{
     .name = "workingmode",
     .source = "object_nexumd_workingmode_pmapi.c",
     .summary = "Bridge or route mode",
-    .methods = {method("set", PM_FUNCTION(pm_ubus_workingmode_set), "Switches the mode.",
-                       RecordIn{})},
+    .methods = {method("set", PM_FUNCTION(pm_ubus_workingmode_set), RecordIn{})
+                    .example(R"({"workingMode": 1, "internetType": 1})")},
 }};
 
 }  // namespace

@@ -63,16 +63,16 @@ const Object kObject{
     .name = "test",
     .source = "",
     .summary = "",
-    .methods = {method("place", "place", place, "", In{"index"}, TextIn{"path", 7, "IGD"},
-                       MacIn{"mac"}, In{"digit"}, TextOut{"text"}),
-                method("set", "setRules", setRules, "", RowsIn{"rules", 2}, Count{}),
-                method("get", "getRules", getRules, "", RowsOut{"rules", 4}, Count{}),
-                method("value", "byValue", byValue, "", RecordIn{}),
-                method("ask", "ask", ask, "", RecordOut{}),
-                method("nested", "ask", ask, "", RecordOut{"rule"}).returning("code"),
-                method("words", "words", words, "", In{"in", 7}, Out{"out"}, Out{"total"},
+    .methods = {method("place", "place", place, In{"index"}, TextIn{"path", 7, "IGD"}, MacIn{"mac"},
+                       In{"digit"}, TextOut{"text"}),
+                method("set", "setRules", setRules, RowsIn{"rules", 2}, Count{}),
+                method("get", "getRules", getRules, RowsOut{"rules", 4}, Count{}),
+                method("value", "byValue", byValue, RecordIn{}),
+                method("ask", "ask", ask, RecordOut{}),
+                method("nested", "ask", ask, RecordOut{"rule"}).returning("code"),
+                method("words", "words", words, In{"in", 7}, Out{"out"}, Out{"total"},
                        BytesOut{"bytes", 2}),
-                method("nothing", "nothing", nothing, "", TextInOut{"text", 4})}};
+                method("nothing", "nothing", nothing, TextInOut{"text", 4})}};
 
 Answer callMethod(const char *name, const char *arguments) {
   Secrets secrets;

@@ -152,7 +152,7 @@ TEST_F(Command, ListShowsMethodsWithTheirArgumentsAndAnswers) {
   const std::string listing = run("list -v config").output;
   EXPECT_TRUE(listing.starts_with(R"(config  (object_nexumd_config_pmapi.c)
   add  (pm_ubus_config_additem)
-      Adds or replaces an item.
+      Replaces the value on every line that matches, or appends the item if none does.
       in   item: text[32]
            value: text[4096]
            path: text[255], optional

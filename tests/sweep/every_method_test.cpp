@@ -15,19 +15,20 @@
 
 #include "catalogue/answer.hpp"
 #include "catalogue/catalogue.hpp"
+#include "catalogue/contract.hpp"
 #include "gateway/habits.hpp"
 #include "gateway/host.hpp"
 #include "gateway/mesh.hpp"
 #include "pmapi/limit.h"
 #include "pmapi/uplinkinfo.h"
 #include "tests/support/gateway_test.hpp"
-#include "tests/sweep/arguments.hpp"
-#include "tests/sweep/contract.hpp"
 #include "tests/sweep/line_check.hpp"
 
 namespace gateway {
 namespace {
 
+using catalogue::Contract;
+using catalogue::Example;
 using catalogue::Method;
 using catalogue::Object;
 using catalogue::Parameter;
@@ -95,9 +96,10 @@ class EveryMethodTest : public GatewayTest {
     cJSON_InitHooks(nullptr);
   }
 
-  static int32_t call(const Object &object, const Method &method, const Json &arguments) {
+  static int32_t call(const Object &object, const Method &method, const Example &example) {
     records::Secrets secrets;
-    const catalogue::Answer answer = catalogue::invoke(object, method, arguments, secrets);
+    const catalogue::Answer answer =
+        catalogue::invoke(object, method, Json::parse(example.arguments), secrets);
     return method.returnsStatus() ? answer.full.at("status").get<int32_t>() : 0;
   }
 
@@ -119,19 +121,21 @@ class EveryMethodTest : public GatewayTest {
   }
 
   static void expectNamed(const Method &method, int32_t status) {
-    const testing::Contract &contract = testing::contractOf(method.function);
-    EXPECT_TRUE(contract.named.contains(status) || (contract.handsOn && isHandedOn(status)))
+    const Contract &contract = catalogue::contractOf(method.function);
+    EXPECT_TRUE(contract.codes.contains(status) || (contract.handsOn && isHandedOn(status)))
         << method.function << " answers " << status << ", of which its contract says nothing";
   }
 
-  uint32_t sweep(const Object &object, const Method &method) {
-    const Json other = testing::otherArgumentsOf(method);
-    return sweep(object, method, testing::argumentsOf(method)) +
-           (other.is_null() ? 0 : sweep(object, method, other));
+  /// A fresh gateway, as the example finds it.
+  static void stage(const Example &example) {
+    emptyLists();
+    catalogue::prepare(example);
   }
 
-  uint32_t sweep(const Object &object, const Method &method, const Json &arguments) {
-    return sweepFaults([&] { return call(object, method, arguments); },
+  uint32_t sweep(const Object &object, const Method &method, const Example &example) {
+    loadExample(example.profile);
+    beforeEachRun([&] { stage(example); });
+    return sweepFaults([&] { return call(object, method, example); },
                        [&](const testing::SweepRun &run) {
                          if (method.returnsStatus()) expectNamed(method, run.status);
                          expectNothingLeft(method);
@@ -151,7 +155,7 @@ TEST_F(EveryMethodTest, SurvivesEveryFault) {
     for (const Method &method : object.methods) {
       SCOPED_TRACE(object.name + " " + method.name);
       ++methods;
-      calls += sweep(object, method);
+      for (const Example &example : method.examples) calls += sweep(object, method, example);
       gateway().takeComplaints();
     }
   }
@@ -173,9 +177,10 @@ TEST_F(EveryMethodTest, HandsPathsOverInWholeZeroedFields) {
   for (const Object &object : catalogue::catalogue()) {
     for (const Method &method : object.methods) {
       if (takesAPath(method)) continue;
-      restart();
-      emptyLists();
-      call(object, method, testing::argumentsOf(method));
+      const Example &example = method.examples.front();
+      loadExample(example.profile);
+      stage(example);
+      call(object, method, example);
       for (const std::string &complaint : gateway().takeComplaints()) {
         EXPECT_THAT(complaint, ::testing::Not(::testing::HasSubstr("zeroed bytes")))
             << method.function;

@@ -79,6 +79,8 @@ constexpr Line kOwnFailures[] = {{"pm_ubus_get_uplinkinfo", "si_net_sample_list_
 constexpr Line kOtherErrors[] = {
     {"pm_ubus_get_meshtopology", "buf: "},
     {"si_ubus_deal_devlmt_list", "[si_ubus_deal_devlmt_list] data is not record"},
+    {"pm_ubus_wifiParameter_set_Multi",
+     "[pm_ubus_wifiParameter_set_Multi] set wifi parameter error"},
 };
 
 bool prints(const std::string &text, int32_t status) {

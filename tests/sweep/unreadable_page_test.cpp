@@ -13,11 +13,11 @@
 #include "catalogue/answer.hpp"
 #include "catalogue/catalogue.hpp"
 #include "tests/support/gateway_test.hpp"
-#include "tests/sweep/arguments.hpp"
 
 namespace gateway {
 namespace {
 
+using catalogue::Example;
 using catalogue::Method;
 using catalogue::Object;
 using records::Json;
@@ -85,10 +85,8 @@ uint32_t textsOf(const Method &method) {
 
 class UnreadablePageTest : public GatewayTest {
  protected:
-  UnreadablePageTest() { loadExample("home_router.json"); }
-
-  void call(const Object &object, const Method &method, uint32_t filled) {
-    const Json arguments = testing::argumentsOf(method);
+  static void call(const Object &object, const Method &method, uint32_t filled) {
+    const Json arguments = Json::parse(method.examples.front().arguments);
     catalogue::Answer answer;
     records::Secrets secrets;
     catalogue::Call call(object.name + " " + method.name, arguments, answer, secrets);
@@ -116,6 +114,9 @@ TEST_F(UnreadablePageTest, NoMethodLeavesItsRecords) {
   uint32_t texts = 0;
   for (const Object &object : catalogue::catalogue()) {
     for (const Method &method : object.methods) {
+      const Example &example = method.examples.front();
+      loadExample(example.profile);
+      catalogue::prepare(example);
       expectInside(object, method, kEveryText);
       // One at a time gets further: what the method checks before is as it should be.
       for (uint32_t text = 0; text < textsOf(method); ++text, ++texts) {

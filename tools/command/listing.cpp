@@ -69,13 +69,24 @@ Json membersAsJson(const Method &method, bool isAnswer) {
   return members;
 }
 
+Json exampleAsJson(const Example &example) {
+  Json entry{{"profile", example.profile}, {"with", Json::parse(example.arguments)}};
+  if (!example.before.empty()) {
+    entry["after"] = {{"call", example.before}, {"with", Json::parse(example.beforeArguments)}};
+  }
+  return entry;
+}
+
 Json methodAsJson(const Method &method) {
+  Json examples = Json::array();
+  for (const Example &example : method.examples) examples.push_back(exampleAsJson(example));
   return {{"name", method.name},
           {"function", method.function},
           {"summary", method.summary},
           {"result", method.result},
           {"arguments", membersAsJson(method, false)},
-          {"answer", membersAsJson(method, true)}};
+          {"answer", membersAsJson(method, true)},
+          {"examples", examples}};
 }
 
 void printMembers(const std::string &head, const Json &members, size_t indent, std::string &out) {
