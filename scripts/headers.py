@@ -157,7 +157,7 @@ class Headers:
                       for one in definition.findall("param") if text_of(one.find("type")) != "void"]
         result = text_of(definition.find("type"))
         arguments = definition.findtext("argsstring") or ""
-        return {"header": header, "result": result, "parameters": parameters, "variadic": "..." in arguments,
+        return {"header": header, "group": section.findtext("header") or "", "result": result, "parameters": parameters, "variadic": "..." in arguments,
                 "declaration": declared(result, definition.findtext("name"), arguments).replace("* ", "*"),
                 "brief": prose_of(None, None, definition.find("briefdescription")).text,
                 "text": prose.text, "parameterTexts": prose.parameters, "returns": prose.returns}

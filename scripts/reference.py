@@ -4,10 +4,9 @@
 reference.py           writes the pages
 reference.py --check   compares them with what would be written, and ends with an error where they differ
 
-What stands on a page is read from the public headers (by doxygen), from the command's table
-(`pmapi list --json`) and from calls that are really made on the host build. An example is a step of
-examples/*.jsonl for the method, or what docs/reference/calls.json says; its failures are found by making each
-platform call of the example fail once.
+What stands on a page is read from the public headers (build/host/generated/api.json), from the command's
+catalogue (`pmapi list --json`) and from the examples there, which are really called: once as they are, once
+traced, and once for each platform call that can fail.
 """
 
 import argparse
@@ -20,152 +19,48 @@ import shlex
 import subprocess
 import sys
 import tempfile
-import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 PAGES = ROOT / "docs" / "reference"
-COMMAND = ROOT / "build" / "host" / "bin" / "pmapi"
-DEFAULT_PROFILE = "examples/home_router.json"
-
-# Profile and arguments of methods whose scenarios do not serve as an example, perhaps after another call;
-# "OBJECT *" stands for all methods of an object whose scenarios do not succeed.
-CALLS = json.loads((PAGES / "calls.json").read_text())
+BUILD = ROOT / "build" / "host"
+USUAL_PROFILE = "home_router.json"
 
 WIDE_ANSWER = 160
-LONGEST_EXAMPLE = 40
-LONGEST_LOG_TEXT = 160
+LONGEST_EXAMPLE = 15
+SMALLEST_GROUP = 2
 
-DOXYGEN = """
-INPUT={headers}
-FILE_PATTERNS=*.h
-STRIP_FROM_PATH={headers}
-GENERATE_HTML=NO
-GENERATE_LATEX=NO
-GENERATE_XML=YES
-XML_PROGRAMLISTING=NO
-OUTPUT_DIRECTORY={output}
-OPTIMIZE_OUTPUT_FOR_C=YES
-EXTRACT_ALL=YES
-MACRO_EXPANSION=YES
-EXPAND_ONLY_PREDEF=YES
-PREDEFINED=PMAPI_EXPORT= PMAPI_BEGIN_DECLS= PMAPI_END_DECLS= PMAPI_ALIGN8=
-QUIET=YES
+INDEX = """# Reference
+
+One page per object of the daemon, made by `scripts/reference.py` from the public headers, the catalogue of the
+`pmapi` command and the calls themselves. Answers are what the host build prints for the profiles in `examples/`.
+
+{objects}
+## What holds for all functions
+
+{rules}
+
+## Platform calls and failures
+
+The platform calls of a method are those that its example makes of the platform and the C library, as
+`pmapi --trace` shows them; where none are named there are none. Where one of them fails, the method answers
+another status and says so in a line at level 4 or 0. A note stands behind the calls of which this is not true:
+
+- "only logged": the status stays as it was
+- "not logged": the status tells of it, no line does
+- "unnoticed": neither does
+- "cannot fail": it answers no status
+
+## Codes
+
+{code_rules}
+
+{codes}
+## Log levels
+
+Levels: 0 a fault of a module, 4 an error, 5 entry lines and values, 7 the steps of a search,
+8 success of a single step.
 """
-
-
-class Prose:
-    """A comment of a header: text, parameters, what is returned."""
-
-    def __init__(self, *elements):
-        self.text = ""
-        self.parameters = {}
-        self.returns = []
-        for element in elements:
-            if element is not None:
-                for child in element:
-                    self.read(child)
-        self.text = re.sub(r"\n{3,}", "\n\n", self.text).strip()
-
-    def read(self, element):
-        if element.tag == "para":
-            self.text += self.inline(element) + "\n\n"
-        elif element.tag == "sect1":
-            for child in element:
-                self.read(child)
-
-    def inline(self, element):
-        text = squeezed(element.text)
-        for child in element:
-            text += self.part(child) + squeezed(child.tail)
-        return text.strip()
-
-    def part(self, element):
-        if element.tag in ("computeroutput", "ref"):
-            return f"`{squeezed(''.join(element.itertext())).strip()}`"
-        if element.tag == "parameterlist":
-            self.list(element)
-            return ""
-        if element.tag == "simplesect" and element.get("kind") == "return":
-            self.returns.append(("", plain(element)))
-            return ""
-        if element.tag == "itemizedlist":
-            items = "".join(f"\n- {' '.join(self.inline(para) for para in item)}" for item in element)
-            return f"\n{items}\n\n"
-        return self.inline(element)
-
-    def list(self, element):
-        for item in element.findall("parameteritem"):
-            text = " ".join(self.inline(para) for para in item.find("parameterdescription"))
-            for name in item.iter("parametername"):
-                word = squeezed("".join(name.itertext())).strip()
-                if element.get("kind") == "retval":
-                    self.returns.append((word, text))
-                else:
-                    self.parameters[word] = text
-
-
-def squeezed(text):
-    return re.sub(r"\s+", " ", text or "")
-
-
-def plain(element):
-    return Prose().inline(element) if len(element) else squeezed(element.text).strip()
-
-
-class Headers:
-    """Functions, variables, structures and codes of the public headers."""
-
-    def __init__(self, scratch):
-        configuration = DOXYGEN.format(headers=ROOT / "include/pmapi", output=scratch)
-        subprocess.run(["doxygen", "-"], input=configuration, text=True, check=True, stdout=subprocess.DEVNULL)
-        self.files = {}
-        self.structures = {}
-        self.codes = {}
-        for path in sorted((Path(scratch) / "xml").glob("*.xml")):
-            compound = ElementTree.parse(path).getroot().find("compounddef")
-            if compound is None:
-                continue
-            name = compound.findtext("compoundname")
-            if compound.get("kind") == "file":
-                self.files[name.removesuffix(".h")] = self.file(compound)
-                for value in compound.iter("enumvalue"):
-                    number = int(value.findtext("initializer").removeprefix("="))
-                    self.codes[value.findtext("name")] = (number, prose_of(value).text)
-            elif compound.get("kind") == "struct":
-                self.structures[name] = {
-                    "prose": prose_of(compound),
-                    "fields": {field["name"]: field for field in self.members(compound, "variable")},
-                }
-
-    def file(self, compound):
-        return {
-            "prose": prose_of(compound),
-            "functions": {function["name"]: function for function in self.members(compound, "function")},
-            "variables": self.members(compound, "variable"),
-            "structures": [squeezed(inner.text) for inner in compound.findall("innerclass")],
-        }
-
-    def members(self, compound, kind):
-        return [member(definition, section.find("description"))
-                for section in compound.findall("sectiondef")
-                for definition in section.findall("memberdef") if definition.get("kind") == kind]
-
-
-def prose_of(element, shared=None):
-    return Prose(element.find("briefdescription"), element.find("detaileddescription"), shared)
-
-
-def member(definition, shared):
-    type_text = squeezed("".join(definition.find("type").itertext())).strip()
-    name = definition.findtext("name")
-    return {
-        "name": name,
-        "declaration": f"{type_text} {name}{definition.findtext('argsstring') or ''}".replace("* ", "*"),
-        "types": re.findall(r"\w+", definition.findtext("argsstring") or ""),
-        "type": type_text,
-        "prose": prose_of(definition, shared),
-    }
 
 
 class Gateway:
@@ -176,124 +71,100 @@ class Gateway:
         (Path(directory) / "examples").symlink_to(ROOT / "examples")
 
     def run(self, *arguments):
-        done = subprocess.run([str(COMMAND), *arguments], cwd=self.directory, text=True, capture_output=True)
-        return done.returncode, done.stdout, done.stderr
-
-    def call(self, example, *options):
-        return self.run(*options, *example.options, *example.words)
+        done = subprocess.run([str(BUILD / "bin" / "pmapi"), *arguments], cwd=self.directory, text=True,
+                              capture_output=True)
+        return done.stdout, done.stderr
 
 
 class Example:
-    def __init__(self, profile, call, arguments):
-        self.options = ["--gateway", profile] if profile != DEFAULT_PROFILE else []
-        self.shown_options = self.options
-        self.words = ["call", *call.split()]
-        if arguments:
-            self.words.append(json.dumps(arguments, separators=(",", ":"), ensure_ascii=False))
-        self.before = []
+    """The first example of a method, with what it does."""
 
-    def after(self, gateway, call, arguments):
+    def __init__(self, gateway, call, method):
+        self.gateway, self.result = gateway, method["result"]
+        example = method["examples"][0]
+        self.options, self.shown_options, self.before = [], [], []
+        if example["profile"] != USUAL_PROFILE:
+            self.options = self.shown_options = ["--gateway", f"examples/{example['profile']}"]
+        if "after" in example:
+            self.follow(call, words(example["after"]["call"], example["after"]["with"]))
+        self.words = words(call, example["with"])
+        self.output = self.run("--log-level", "0")[0]
+
+    def follow(self, call, first):
         """Lets another call come first, whose gateway this one finds."""
-        first = Example(DEFAULT_PROFILE, call, arguments)
-        state = f"{first.words[1]}.json"
-        _, output, _ = gateway.run("--state", state, "--log-level", "0", *first.words)
-        self.shown_options = ["--state", "gateway.json"]
-        self.before = [f"$ {shlex.join(['pmapi', *self.shown_options, *first.words])}", *output.splitlines()]
-        self.options = ["--gateway", state]
-        return self
+        state = f"{call.replace(' ', '_')}.json"
+        output, _ = self.gateway.run("--state", state, "--log-level", "0", *first)
+        self.before = [f"$ {shlex.join(['pmapi', '--state', 'gateway.json', *first])}", *output.splitlines()]
+        self.options, self.shown_options = ["--gateway", state], ["--state", "gateway.json"]
+
+    def run(self, *options):
+        return self.gateway.run(*options, *self.options, *self.words)
+
+    def command(self, *options):
+        return shlex.join(["pmapi", *options, *self.shown_options, *self.words])
+
+    def row(self):
+        """A short example as a row of the contract's table."""
+        is_short = len(self.output) <= WIDE_ANSWER and not self.before
+        return [["example", code(self.command()), code(self.output.strip())]] if is_short else []
+
+    def console(self):
+        """Any other."""
+        if self.row():
+            return []
+        options, output = ([], self.output) if len(self.output) <= WIDE_ANSWER else (
+            ["--table"], self.run("--log-level", "0", "--table")[0])
+        shown = [line.rstrip() for line in output.splitlines()]
+        if len(shown) > LONGEST_EXAMPLE:
+            shown = shown[:LONGEST_EXAMPLE] + [f"… {len(shown) - LONGEST_EXAMPLE} more lines"]
+        return ["```console", *self.before, f"$ {self.command(*options)}", *shown, "```", ""]
+
+    def platform_calls(self):
+        """The calls in their order, alike ones together, each with what is unusual about its failure."""
+        usual = self.run("--trace")[1]
+        notes = {}
+        met = re.search(r"fault never fired: .*\(met (\d+)\)", self.run("--fail", "*@1000000")[1])
+        for number in range(1, int(met[1]) + 1 if met else 1):
+            output, trail = self.run("--trace", "--fail", f"*@{number}x1")
+            place = next(i for i, line in enumerate(calls_in(trail)) if line.endswith("[fault]"))
+            notes[place] = self.note(output, collections.Counter(reports(trail)) - collections.Counter(reports(usual)))
+        counted = collections.Counter((shown_call(line), notes.get(place, "cannot fail"))
+                                      for place, line in enumerate(calls_in(usual)))
+        return ", ".join(code(call) + (f" ×{times}" if times > 1 else "") + (f" ({note})" if note else "")
+                         for (call, note), times in counted.items())
+
+    def note(self, output, added):
+        changed = result_of(output, self.result) != result_of(self.output, self.result)
+        if changed:
+            return "" if added else "not logged"
+        return "only logged" if added else "unnoticed"
 
 
-def scenario_calls():
-    """{"object method": [(profile, arguments), ...]} of the scenarios."""
-    calls = collections.defaultdict(list)
-    for transcript in sorted((ROOT / "examples").glob("*.jsonl")):
-        profile = DEFAULT_PROFILE
-        for line in transcript.read_text().splitlines():
-            if not line.startswith("{"):
-                continue
-            step = json.loads(line)
-            if "gateway" in step:
-                profile = f"examples/{step['gateway']}"
-            if "call" in step:
-                calls[step["call"]].append((profile, step.get("with", {})))
-    return calls
+def words(call, arguments):
+    shown = [json.dumps(arguments, separators=(",", ":"), ensure_ascii=False)] if arguments else []
+    return ["call", *call.split(), *shown]
 
 
-def candidates(call, method, scenarios):
-    found = [] if call in CALLS else list(scenarios.get(call, []))
-    chosen = CALLS.get(call) or CALLS.get(f"{call.split()[0]} *")
-    if chosen:
-        names = [argument["name"] for argument in method["arguments"]]
-        arguments = {name: value for name, value in chosen.get("with", {}).items() if name in names}
-        return [*found, (chosen.get("gateway", DEFAULT_PROFILE), arguments)]
-    if all(argument.get("optional") for argument in method["arguments"]):
-        others = sorted(f"examples/{path.name}" for path in (ROOT / "examples").glob("*.json"))
-        found = [(DEFAULT_PROFILE, {})] + found + [(profile, {}) for profile in others]
-    return found
+def calls_in(trail):
+    return [line for line in trail.splitlines() if line.startswith("> ")]
 
 
-def is_telling(code, output):
-    return code == 0 and "[]" not in output
+def shown_call(line):
+    name, key = re.match(r"> ([^(]+)\((\S*)", line).groups()
+    key = key.split(")")[0]
+    return f"{name}({key})" if key.startswith(("DBVIEW_", "CTSGW_", "/")) else name
 
 
-def choose_example(gateway, call, method, scenarios):
-    """The first candidate that succeeds with something to show, else that succeeds, else the first."""
-    tried = []
-    for profile, arguments in candidates(call, method, scenarios):
-        example = Example(profile, call, arguments)
-        code, output, _ = gateway.call(example, "--log-level", "0")
-        if is_telling(code, output):
-            return example
-        if "after" in CALLS.get(call, {}):
-            return example.after(gateway, CALLS[call]["after"], CALLS[call]["afterWith"])
-        tried.append((code, example))
-    succeeded = [example for code, example in tried if code == 0]
-    return (succeeded or [example for _, example in tried] or [None])[0]
+def reports(trail):
+    """The lines at levels 0 and 4, without their places in the sources."""
+    return [re.sub(r"\.c:\d+", "", line) for line in trail.splitlines() if re.match(r"[04] ", line)]
 
 
-def log_lines(trail):
-    """What a trail holds at levels 0 and 4, without the lines' places in their sources."""
-    lines = []
-    for line in trail.splitlines():
-        found = re.match(r"([04]) \w+\.c:\d+ (\w+)( \(-?\d+\))?: (.*)", line)
-        if found:
-            text = found[4] if len(found[4]) <= LONGEST_LOG_TEXT else found[4][:LONGEST_LOG_TEXT] + "…"
-            lines.append(f"{found[1]} {found[2]}{found[3] or ''}: {text}".rstrip())
-    return lines
-
-
-def result_of(output, method):
+def result_of(output, name):
     try:
-        return json.loads(output).get(method["result"])
+        return json.loads(output).get(name)
     except json.JSONDecodeError:
         return None
-
-
-def failures(gateway, example, method):
-    """[(calls, result, log lines)], one for each way in which a failing platform call shows."""
-    _, output, trail = gateway.call(example, "--fail", "*@1000000")
-    met = re.search(r"fault never fired: .*\(met (\d+)\)", trail)
-    usual_lines, usual_result = collections.Counter(log_lines(trail)), result_of(output, method)
-    rows = {}
-    for number in range(1, int(met[1]) + 1 if met else 1):
-        _, output, trail = gateway.call(example, "--trace", "--fail", f"*@{number}x1")
-        failing = re.search(r"^> (\w+)\((.*)\) = .* \[fault\]$", trail, re.MULTILINE)
-        added = []
-        left = usual_lines.copy()
-        for line in log_lines(trail):
-            if left[line]:
-                left[line] -= 1
-            else:
-                added.append(line)
-        result = result_of(output, method)
-        name = failing[1] if failing else f"call {number}"
-        key = failing[2].split(" ")[0] if failing else ""
-        shown = f"{name}({key})" if key.startswith(("DBVIEW_", "/")) else name
-        calls = rows.setdefault((result, tuple(added)), [])
-        if shown not in calls:
-            calls.append(shown)
-    unnoticed = rows.pop((usual_result, ()), [])
-    return [(calls, *seen) for seen, calls in rows.items()], unnoticed, usual_result
 
 
 def code(text):
@@ -308,174 +179,177 @@ def cell(text):
 def table(head, rows):
     if not rows:
         return []
-    lines = ["| " + " | ".join(head) + " |", "|" + "---|" * len(head)]
-    return lines + ["| " + " | ".join(row) + " |" for row in rows] + [""]
+    return [f"| {' | '.join(head)} |", "|" + "---|" * len(head), *(f"| {' | '.join(row)} |" for row in rows), ""]
+
+
+class Api:
+    """What the public headers declare."""
+
+    def __init__(self):
+        known = json.loads((BUILD / "generated" / "api.json").read_text())
+        self.files, self.structures, self.functions = known["files"], known["structures"], known["functions"]
+        self.codes = {name: (int(value), text) for enum in known["enums"].values()
+                      if enum["header"].startswith("pmapi/") for name, value, text in enum["values"]}
+        self.variables = {one["name"]: one for file in self.files.values() for one in file["variables"]}
+
+    def function(self, name):
+        # A method may also read an exported variable.
+        return self.functions.get(name) or {"returns": [], "parameterTexts": {}, "parameters": [], "group": "",
+                                            "result": "", **self.variables[name]}
+
+    def returned(self, value, kind):
+        if value not in self.codes:
+            return code(value) if value else ""
+        number = self.codes[value][0]
+        return f"{code(value)} ({f'0x{number % 2**32:08X}' if kind == 'uint32_t' else number})"
+
+    def returns(self, function):
+        return [["returns", self.returned(value, function["result"]), cell(text)]
+                for value, text in function["returns"]]
+
+    def meaning(self, name, structures, function):
+        if name in function["parameterTexts"]:
+            return function["parameterTexts"][name]
+        for structure in structures:
+            for field in self.structures[structure]["members"]:
+                if field["name"] == name:
+                    return field["text"]
+        return ""
 
 
 class Page:
-    def __init__(self, headers, gateway, entry, scenarios):
-        self.headers, self.gateway, self.entry, self.scenarios = headers, gateway, entry, scenarios
-        self.file = headers.files.get(entry["name"], {"prose": Prose(), "functions": {}, "variables": [],
-                                                      "structures": []})
-        self.shown_structures = set()
-        self.without_example = []
+    def __init__(self, api, gateway, entry):
+        self.api, self.gateway, self.entry = api, gateway, entry
+        self.header = f"pmapi/{entry['name']}.h"
+        self.file = api.files.get(self.header, {"text": "", "variables": [], "structures": []})
+        self.shown_structures = {}
 
     def render(self):
-        entry = self.entry
-        header = entry["name"] + ".h"
-        tag = f"log tag `{entry['source']}`" if entry["source"] else "no log lines"
-        lines = [f"# {entry['name']}", "", self.file["prose"].text, "",
-                 f"Header [`pmapi/{header}`](../../include/pmapi/{header}), {tag}. "
-                 "What holds for all functions: [the index](README.md#what-holds-for-all-functions).", ""]
-        if len(entry["methods"]) > 1:
-            lines += [", ".join(f"[{method['name']}](#{method['name'].lower()})"
-                                for method in entry["methods"]), ""]
-        for method in entry["methods"]:
-            lines += self.method(method)
+        tag = f"log tag `{self.entry['source']}`" if self.entry["source"] else "no log lines"
+        lines = [f"# {self.entry['name']}", "", self.file["text"], "",
+                 f"[`{self.header}`](../../include/{self.header}), {tag}; [what holds for all functions]"
+                 "(README.md#what-holds-for-all-functions).", ""]
+        groups = collections.Counter(self.group(method) for method in self.entry["methods"])
+        for method in self.entry["methods"]:
+            group = self.group(method)
+            if groups[group] < SMALLEST_GROUP or not group[0]:
+                lines += self.method(method)
+            elif method is next(one for one in self.entry["methods"] if self.group(one) == group):
+                lines += self.methods([one for one in self.entry["methods"] if self.group(one) == group], group)
         lines += self.other_functions() + self.variables() + self.other_structures()
         return re.sub(r"\n{3,}", "\n\n", "\n".join(lines)).rstrip() + "\n"
 
-    def method(self, method):
-        function = self.function(method["function"])
-        prose = function["prose"]
-        lines = [f"## {method['name']}", "", "```c", f"{function['declaration']};", "```", "", prose.text, ""]
-        members = {entry["name"] for entry in method["arguments"] + method["answer"]}
-        lines += [f"- `{name}`: {text}" for name, text in prose.parameters.items() if name not in members]
-        lines += ["", *table(["returns", "when"], self.returns(function))]
-        lines += table(["", "member", "type", ""],
-                       self.members("in", method["arguments"], function)
-                       + self.members("out", method["answer"], function))
-        return lines + self.example(method)
+    def group(self, method):
+        """Functions of a group that says something of all its members: their contracts are one."""
+        function = self.api.function(method["function"])
+        shared = function["text"].split("\n\n")[-1] if "\n\n" in function["text"] else ""
+        return function["group"], shared, json.dumps(function["returns"])
 
-    def function(self, name):
-        for file in self.headers.files.values():
-            # A method may also read an exported variable.
-            for declared in (*file["functions"].values(), *file["variables"]):
-                if declared["name"] == name:
-                    return declared
-        raise SystemExit(f"reference: no header declares {name}")
-
-    def returns(self, function):
-        return [[self.returned(value, function["type"]), cell(text)] for value, text in function["prose"].returns]
-
-    def returned(self, value, kind):
-        if value not in self.headers.codes:
-            return code(value) if value else ""
-        number = self.headers.codes[value][0]
-        return f"{code(value)} ({f'0x{number % 2**32:08X}' if kind == 'uint32_t' else number})"
-
-    def members(self, direction, members, function, prefix="", structures=None):
+    def methods(self, methods, group):
+        functions = [self.api.function(method["function"]) for method in methods]
         rows = []
-        if structures is None:
-            structures = [name for name in function["types"] if name in self.headers.structures]
-        self.shown_structures.update(structures)
-        for entry in members:
-            name = prefix + entry["name"]
-            kind = ("rows of " if entry.get("rows") else "") + entry["type"]
-            notes = [word for word in ("optional", "secret") if entry.get(word)]
-            text = self.meaning(entry["name"], structures, function if not prefix else None)
-            rows.append([direction, code(name), kind + "".join(f", {note}" for note in notes), cell(text)])
-            inner = [word for word in entry["type"].split() if word in self.headers.structures]
-            rows += self.members(direction, entry.get("fields", []), function, name + ".", inner)
+        for method, function in zip(methods, functions):
+            example = Example(self.gateway, self.call(method), method)
+            own = function["text"].removesuffix(group[1]).strip()
+            given = [code(word) for word in example.words[3:]]
+            name = "" if method["name"] == method["function"] else f"{method['name']}: "
+            rows.append([name + code(function["declaration"]), cell(own), " → ".join([*given, code(example.output.strip())]),
+                         example.platform_calls()])
+        told = list(dict.fromkeys(f"- `{name}`: {text}" for function in functions
+                                  for name, text in function["parameterTexts"].items()))
+        return [f"## {group[0]}", "", group[1], "", *told, "", *table(["", "", ""], self.api.returns(functions[0])),
+                *table(["function", "", "example", "platform calls"], rows)]
+
+    def call(self, method):
+        return f"{self.entry['name']} {method['name']}"
+
+    def method(self, method):
+        function = self.api.function(method["function"])
+        members = {entry["name"] for entry in method["arguments"] + method["answer"]}
+        others = [["", code(name), cell(text)] for name, text in function["parameterTexts"].items()
+                  if name not in members]
+        example = Example(self.gateway, self.call(method), method)
+        calls = example.platform_calls()
+        return [f"## {method['name']}", "", f"{code(function['declaration'])}\\", function["text"], "",
+                *table(["", "", ""], [*others, *self.members("in", method["arguments"], function, method),
+                                      *self.members("out", method["answer"], function, method),
+                                      *self.api.returns(function), *example.row(),
+                      *([["platform calls", "", calls]] if calls else [])]),
+                *example.console()]
+
+    def members(self, direction, members, function, method):
+        """Members without a meaning of their own that follow each other share a row; a record's stand once."""
+        structures = [word for one in function["parameters"] for word in one["type"].split()
+                      if word in self.api.structures]
+        rows = []
+        for name, kind, inner, function_of in self.flattened(members, structures, function, method):
+            meaning = self.api.meaning(name.split(".")[-1], inner, function_of)
+            if rows and not meaning and rows[-1][2] == kind:
+                rows[-1][1] += f", {code(name)}"
+            else:
+                rows.append([direction, code(name), kind + (f": {cell(meaning)}" if meaning else "")])
         return rows
 
-    def meaning(self, name, structures, function):
-        if function and name in function["prose"].parameters:
-            return function["prose"].parameters[name]
+    def flattened(self, members, structures, function, method, prefix=""):
+        seen = self.shown_structures.get(structures[0]) if structures else None
+        fields = [field["name"] for field in self.api.structures[structures[0]]["members"]] if structures else []
+        for entry in members:
+            is_field = entry["name"] in fields and entry["name"] not in function["parameterTexts"]
+            if is_field and seen and seen != method["name"]:
+                if entry is members[0]:
+                    yield f"{prefix}…", f"as in [{seen}](#{seen.lower()})", [], {"parameterTexts": {}}
+                continue
+            kind = ("rows of " if entry.get("rows") else "") + entry["type"]
+            kind += "".join(f", {note}" for note in ("optional", "secret") if entry.get(note))
+            yield prefix + entry["name"], kind, structures, function if not prefix else {"parameterTexts": {}}
+            inner = [word for word in entry["type"].split() if word in self.api.structures]
+            if inner:
+                yield from self.flattened(entry.get("fields", []), inner, function, method, f"{prefix}{entry['name']}.")
         for structure in structures:
-            field = self.headers.structures[structure]["fields"].get(name)
-            if field:
-                return field["prose"].text
-        return ""
-
-    def example(self, method):
-        call = f"{self.entry['name']} {method['name']}"
-        example = choose_example(self.gateway, call, method, self.scenarios)
-        if example is None:
-            self.without_example.append(call)
-            return []
-        _, output, _ = self.gateway.call(example, "--log-level", "0")
-        options = []
-        if len(output) > WIDE_ANSWER:
-            options = ["--table"]
-            _, output, _ = self.gateway.call(example, "--log-level", "0", "--table")
-        shown = [line.rstrip() for line in output.splitlines()]
-        if len(shown) > LONGEST_EXAMPLE:
-            shown = shown[:LONGEST_EXAMPLE] + [f"… {len(shown) - LONGEST_EXAMPLE} more lines"]
-        command = shlex.join(["pmapi", *options, *example.shown_options, *example.words])
-        return ["```console", *example.before, f"$ {command}", *shown, "```", ""] + self.failures(example, method)
-
-    def failures(self, example, method):
-        rows, unnoticed, usual = failures(self.gateway, example, method)
-        lines = table(["when this fails", method["result"], "log, level first"],
-                      [[", ".join(code(call) for call in calls), code(result),
-                        "<br>".join(code(line) for line in added)] for calls, result, added in rows])
-        if unnoticed:
-            lines += [f"Leaves {method['result']} {code(usual)} and no line at level 4 when it fails: "
-                      + ", ".join(code(call) for call in unnoticed) + ".", ""]
-        return lines
+            self.shown_structures.setdefault(structure, method["name"])
 
     def other_functions(self):
         reached = {method["function"] for method in self.entry["methods"]}
         lines = []
-        for name, function in self.file["functions"].items():
-            if name not in reached:
-                lines += [f"## {name}", "", "```c", f"{function['declaration']};", "```", "",
-                          function["prose"].text, ""]
-                lines += table(["returns", "when"], self.returns(function))
+        for name, function in self.api.functions.items():
+            if function["header"] == self.header and name not in reached:
+                lines += [f"## {name}", "", code(function["declaration"]), "", function["text"], "",
+                          *table(["", "", ""], self.api.returns(function))]
         return lines
 
     def variables(self):
-        rows = [[code(variable["declaration"]), cell(variable["prose"].text)]
-                for variable in self.file["variables"]]
+        rows = [[code(variable["declaration"]), cell(variable["text"])] for variable in self.file["variables"]]
         return ["## Exported variables", "", *table(["variable", ""], rows)] if rows else []
 
     def other_structures(self):
         lines = []
         for name in self.file["structures"]:
-            if name in self.shown_structures:
-                continue
-            structure = self.headers.structures[name]
-            rows = [[code(field["declaration"]), cell(field["prose"].text)]
-                    for field in structure["fields"].values()]
-            lines += [f"## {name}", "", structure["prose"].text, "", *table(["field", ""], rows)]
+            if name not in self.shown_structures:
+                structure = self.api.structures[name]
+                lines += [f"## {name}", "", structure["text"], "",
+                          *table(["field", ""], [[code(field["declaration"]), cell(field["text"])]
+                                                 for field in structure["members"]])]
         return lines
 
 
-def index(headers, listing):
-    rows = [[f"[{entry['name']}]({entry['name']}.md)", cell(entry["summary"]), str(len(entry["methods"]))]
-            for entry in listing]
-    return "\n".join([
-        "# Reference", "",
-        "One page per object of the daemon, made by `scripts/reference.py` from the public headers, the table of",
-        "the `pmapi` command and the calls themselves. Examples are what the host build prints for the profiles",
-        "in `examples/`. The tables of failures come from those examples too, each made again with one of the",
-        "calls that it makes of the platform or the C library failing; `pmapi --trace` shows these calls.", "",
-        *table(["object", "", "methods"], rows),
-        "## What holds for all functions", "",
-        headers.files["types"]["prose"].text, "",
-        "## Codes", "", headers.files["status"]["prose"].text, "",
-        *table(["code", "", "says"], [[code(name), str(number), cell(text)]
-                                      for name, (number, text) in headers.codes.items()]),
-        "## Log levels", "",
-        "Levels: 0 a fault of a module, 4 an error, 5 entry lines and values, 7 the steps of a search,",
-        "8 success of a single step.", ""])
+def index(api, listing):
+    objects = [[f"[{entry['name']}]({entry['name']}.md)", cell(entry["summary"]), str(len(entry["methods"]))]
+               for entry in listing]
+    codes = [[code(name), str(number), cell(text)] for name, (number, text) in api.codes.items()]
+    return INDEX.format(objects="\n".join(table(["object", "", "methods"], objects)),
+                        rules=api.files["pmapi/types.h"]["text"], code_rules=api.files["pmapi/status.h"]["text"],
+                        codes="\n".join(table(["code", "", "says"], codes)))
 
 
 def generate():
     """{file name: content}"""
-    with tempfile.TemporaryDirectory() as scratch, tempfile.TemporaryDirectory() as directory:
-        headers, gateway, scenarios = Headers(scratch), Gateway(directory), scenario_calls()
-        listing = json.loads(gateway.run("list", "--json")[1])
-        pages = [Page(headers, gateway, entry, scenarios) for entry in listing]
+    with tempfile.TemporaryDirectory() as directory:
+        api, gateway = Api(), Gateway(directory)
+        listing = json.loads(gateway.run("list", "--json")[0])
+        pages = [Page(api, gateway, entry) for entry in listing]
         with concurrent.futures.ThreadPoolExecutor(4) as pool:
-            contents = dict(zip((f"{page.entry['name']}.md" for page in pages),
-                                pool.map(Page.render, pages)))
-        contents["README.md"] = index(headers, listing)
-    missing = [call for page in pages for call in page.without_example]
-    if missing:
-        print("reference: no example (add to docs/reference/calls.json):", ", ".join(missing), file=sys.stderr)
-    return contents, not missing
+            contents = dict(zip((f"{page.entry['name']}.md" for page in pages), pool.map(Page.render, pages)))
+    return {**contents, "README.md": index(api, listing)}
 
 
 def compare(contents):
@@ -494,16 +368,15 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--check", action="store_true")
     check = parser.parse_args().check
-    contents, complete = generate()
+    contents = generate()
     if check:
         if not compare(contents):
             sys.exit("reference: the pages are not up to date; run scripts/reference.py")
-    else:
-        for page in PAGES.glob("*.md"):
-            page.unlink()
-        for name, content in contents.items():
-            (PAGES / name).write_text(content)
-    sys.exit(0 if complete else 1)
+        return
+    for page in PAGES.glob("*.md"):
+        page.unlink()
+    for name, content in contents.items():
+        (PAGES / name).write_text(content)
 
 
 if __name__ == "__main__":
