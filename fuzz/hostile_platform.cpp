@@ -317,7 +317,7 @@ std::vector<gateway::ReplacedCall> hostileCalls(std::index_sequence<Index...>) {
 void spoil(const Shape &shape, void *record) {
   const uint8_t kind = input.byte();
   if (kind < 0x80) return;
-  for (const Field &field : shape.members) {
+  for (const Member &field : shape.members) {
     void *place = static_cast<uint8_t *>(record) + field.offset;
     const size_t size = size_t{field.size} * field.elements;
     if (kind >= 0xc0) {
