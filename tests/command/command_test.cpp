@@ -163,9 +163,9 @@ TEST_F(Command, ListShowsMethodsWithTheirArgumentsAndAnswers) {
   const std::string json = run("list --json meshinfo").output;
   EXPECT_NE(json.find(R"("function": "pm_ubus_get_meshinfo")"), std::string::npos);
   EXPECT_NE(json.find(R"("secret": true)"), std::string::npos);
-  const records::Json method = records::Json::parse(run("list --json qos").output)[0]["methods"][1];
+  const auto method = nlohmann::json::parse(run("list --json qos").output)[0]["methods"][1];
   EXPECT_EQ(method["examples"][0]["profile"], "home_router.json");
-  EXPECT_EQ(method["examples"][0]["with"], records::Json::object());
+  EXPECT_EQ(method["examples"][0]["with"], nlohmann::json::object());
   EXPECT_EQ(method["examples"][0]["after"]["call"], "qos set");
   EXPECT_EQ(method["examples"][0]["after"]["with"]["rules"][0]["label"], "games");
 }
