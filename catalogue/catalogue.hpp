@@ -2,8 +2,8 @@
 //
 // To add an object, write catalogue/objects/<object>.cpp:
 //
-//   namespace catalogue {
 //   PM_RECORD(RadioRecord, PM_FIELD(radio), PM_FIELD(transmitPower), PM_FIELD(channel));
+//   namespace catalogue {
 //   namespace {
 //   const Entry kEntry{{
 //       .name = "set_radio", .source = "objest_nexumd_set_radio_pmapi.c",
