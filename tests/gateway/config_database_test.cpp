@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "boundary/status.hpp"
+#include "gateway/habits.hpp"
 #include "platform/device.hpp"
 #include "platform/wan.hpp"
 #include "tests/support/gateway_test.hpp"
@@ -89,6 +90,16 @@ TEST_F(ConfigDatabaseTest, AddedInstancesCanBeDeletedOnce) {
   EXPECT_STREQ(identity32, "IGD.TimePolicy1");
   EXPECT_EQ(vcorDbDelView(DBVIEW_TIME_POLICY, identity32), kOk);
   EXPECT_EQ(vcorDbDelView(DBVIEW_TIME_POLICY, identity32), kUnknownInstance);
+}
+
+TEST_F(ConfigDatabaseTest, PlatformThatCopiesWholePathsSeesWhatLiesBehindTheirEnd) {
+  const Habit copiesWholePaths(&Habits::copiesWholePaths);
+  store().create<GatewayIdentityView>("IGD");
+  char path[PLATFORM_INSTANCE_SIZE] = "IGD";
+  EXPECT_EQ(vcorDbGetView(DBVIEW_GATEWAY_IDENTITY, path, &identity.view), kOk);
+  path[PLATFORM_INSTANCE_SIZE - 1] = 'x';
+  expectComplaint("does not lie in 32 zeroed bytes");
+  EXPECT_EQ(vcorDbSetView(DBVIEW_GATEWAY_IDENTITY, path, &identity.view), kBadRequest);
 }
 
 }  // namespace

@@ -91,5 +91,13 @@ TEST_F(FilterRulesTest, WhatIsNoRuleIsRefused) {
   EXPECT_THAT(ubusfilter().ipv4, IsEmpty());
 }
 
+TEST_F(CommandLineTest, ChainWithoutRulesIsKeptByASavedGateway) {
+  gateway().load({{"ubusfilter", {{"ipv4", Json::array()}}}});
+  gateway().load(gateway().save());
+  EXPECT_TRUE(ubusfilter().exists);
+  gateway().reset();
+  EXPECT_FALSE(gateway().save().contains("ubusfilter"));
+}
+
 }  // namespace
 }  // namespace gateway
