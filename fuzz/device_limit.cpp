@@ -13,10 +13,10 @@
 #include <vector>
 
 #include "gateway/command_line.hpp"
-#include "gateway/ubusfilter.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/host.hpp"
 #include "gateway/time_policy.hpp"
+#include "gateway/ubusfilter.hpp"
 #include "platform/host.h"
 #include "pmapi/limit.h"
 

@@ -3,9 +3,10 @@
 // How to add a family of platform calls:
 //  1. Make gateway/FAMILY.cpp with the functions of the family's header in include/platform/; it
 //     is found by itself.
-//  2. Define each function as gateway::NAME: what it does, and no more. The boundary has named, traced
-//     and failed the call and refused missing arguments. Answer a Status; throw Refusal for what the
-//     platform would complain of.
+//  2. Define each function as gateway::NAME: what it does, and no more. The boundary has named,
+//  traced
+//     and failed the call and refused missing arguments. Answer a Status; throw Refusal for what
+//     the platform would complain of.
 //  3. Keep state in the store where a view or record holds it (`gateway.store().row<View>(path)`),
 //     else in a structure with a table of its members and a SectionOf at namespace scope, the
 //     family's member of the profile (section.hpp).
