@@ -18,7 +18,9 @@ FREE = (("description",), ("mesh", "topology"))
 
 
 def objects(value, path=()):
-    if isinstance(value, dict) and path not in FREE:
+    if path in FREE:
+        return
+    if isinstance(value, dict):
         yield path
     if isinstance(value, (dict, list)):
         for key, child in value.items() if isinstance(value, dict) else enumerate(value):
