@@ -22,6 +22,10 @@ inline void write(const Row &row, const platform::Field &field, const std::strin
   row.setText(field, value);
 }
 
+inline void write(const Row &row, const platform::Field &field, int32_t value) {
+  row.setWord(field, static_cast<uint32_t>(value));
+}
+
 template <class Value>
 Value read(const Row &row, const platform::Field &field) {
   if constexpr (std::is_same_v<Value, std::string>) {
