@@ -10,7 +10,6 @@
 #include "catalogue/catalogue.hpp"
 #include "gateway/profile.hpp"
 #include "pmapi/uplinkinfo.h"
-#include "tests/sweep/arguments.hpp"
 
 namespace bench {
 namespace {
@@ -20,7 +19,7 @@ using catalogue::Object;
 
 /// What a method is called with where a case says nothing of it.
 Json exampleOf(const Method &method) {
-  return gateway::testing::argumentsOf(method);
+  return records::Json::parse(method.examples.front().arguments);
 }
 
 /// Calls a function of the catalogue, with its example unless there are arguments.
@@ -44,7 +43,14 @@ std::vector<Case> catalogueCases() {
       // Some methods show nothing but exported variables.
       if (method.function.starts_with("g_")) continue;
       if (!functions.insert(method.function).second) continue;
-      cases.push_back({.name = method.function, .call = [name = method.function] { call(name); }});
+      const catalogue::Example &shown = method.examples.front();
+      cases.push_back({.name = method.function,
+                       .call =
+                           [&shown, name = method.function] {
+                             catalogue::prepare(shown);
+                             call(name);
+                           },
+                       .profile = [&shown] { return example(shown.profile.c_str()); }});
     }
   }
   return cases;

@@ -1,5 +1,8 @@
 #include "boundary/names.hpp"
 
+#include <algorithm>
+#include <iterator>
+
 #include "platform/config_database.h"
 #include "platform/host.h"
 #include "platform/logger.h"
@@ -23,6 +26,12 @@ constexpr Enumerator kEnumerators[] = {
 #undef ENUMERATOR
 };
 
+constexpr std::string_view kCalls[] = {
+#define CALL(result, name, ...) #name,
+#include "generated/calls.inc"
+#undef CALL
+};
+
 }  // namespace
 
 std::string_view enumerator(std::string_view enumeration, int64_t value) {
@@ -30,6 +39,10 @@ std::string_view enumerator(std::string_view enumeration, int64_t value) {
     if (known.value == value && known.enumeration == enumeration) return known.name;
   }
   return {};
+}
+
+bool isPlatformCall(std::string_view name) {
+  return std::ranges::find(kCalls, name) != std::end(kCalls);
 }
 
 std::string eventName(uint32_t event) {

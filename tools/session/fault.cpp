@@ -1,13 +1,12 @@
 #include "tools/session/fault.hpp"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
 #include <string_view>
 
+#include "boundary/names.hpp"
 #include "records/json.hpp"
 
 namespace command {
@@ -30,18 +29,12 @@ uint32_t count(const std::string &rule, std::string_view digits) {
   return value;
 }
 
-/// A call of the platform is a function that the library finds in this process; the others replace
-/// what it would find in libc.
+/// What the library calls in libc may fail as well.
 bool isCall(const std::string &name) {
-  static constexpr std::array kLibc = {"*",    "calloc", "fclose", "fopen",   "fsync",
-                                       "read", "rename", "unlink", "sysinfo", "write"};
-  if (std::ranges::find(kLibc, name) != kLibc.end()) return true;
-  const void *const function = dlsym(RTLD_DEFAULT, name.c_str());
-  Dl_info own;
-  Dl_info found;
-  if (function == nullptr || dladdr(function, &found) == 0) return false;
-  dladdr(reinterpret_cast<const void *>(&parseFault), &own);
-  return found.dli_fbase == own.dli_fbase || name.starts_with("mapd_interface_");
+  static constexpr std::array kLibc = {"*",     "calloc", "fclose", "fopen",   "fsync",
+                                       "read",  "rename", "unlink", "sysinfo", "write",
+                                       "lstat", "fcntl",  "fdopen"};
+  return std::ranges::find(kLibc, name) != kLibc.end() || boundary::isPlatformCall(name);
 }
 
 /// The calls that answer with a number of entries.
