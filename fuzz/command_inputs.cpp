@@ -95,8 +95,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     isScenario ? play(*sandbox, input) : callOnce(*sandbox, input);
   } catch (const records::InputError &error) {
     requireReason(error);
-  } catch (const records::InputError &error) {
-    requireReason(error);
   }
   const gateway::Json saved = sandbox->gatewayState();
   Gateway::current().load(gateway::parseProfile(gateway::profileText(Gateway::current()), "state"));

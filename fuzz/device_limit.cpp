@@ -78,7 +78,7 @@ void forgetLimits() {
   while (g_ubus_lmtUrl_list.next != &g_ubus_lmtUrl_list) {
     ListLink *node = g_ubus_lmtUrl_list.next;
     g_ubus_lmtUrl_list.next = node->next;
-    RetUB(node);
+    platform::RetUB(node);
   }
   g_ubus_lmtUrl_list.prev = &g_ubus_lmtUrl_list;
   g_ubus_devlmt_list = {&g_ubus_devlmt_list, &g_ubus_devlmt_list};

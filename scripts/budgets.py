@@ -26,7 +26,7 @@ OWN_DATA = {"cachedVersionCode"}
 # stdio may be opened anywhere.
 HEAP_USERS = {
     "mesh record": (r"calloc|free", {"object_nexmud_meshinfo_pmapi"}),
-    "list nodes": (r"GetUB|RetUB", {"object_nexumd_limit_pmapi", "object_nexumd_uplinkinfo_samples"}),
+    "list nodes": (r"GetUB|RetUB", {"object_nexumd_limit_pmapi", "rate_samples"}),
     "cJSON": (r"cJSON_\w+", {"object_nexumd_config_pmapi", "object_nexumd_meshtopology_pmapi"}),
     "nothing": (r"malloc|realloc\w*|\w*memalign|aligned_alloc|valloc|strn?dup|\w*asprintf\w*|_*getline|"
                 r"_*getdelim|open_memstream|mmap|s?brk|operator (new|delete).*", set()),
