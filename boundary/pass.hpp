@@ -17,6 +17,7 @@
 #include "platform/host.h"
 #include "platform/layout.hpp"
 #include "platform/wan.h"
+#include "records/row.hpp"
 
 namespace boundary {
 
@@ -37,6 +38,15 @@ KeyPart keyOf(const Parameter &parameter, const platform::UpModeInfo *uplink);
 /// The text with which a request begins, if it begins with one: it names what the request is about.
 KeyPart keyOfRequest(const void *request, uint32_t length);
 
+/// A record that says no more than which station it is about.
+template <class Record>
+KeyPart keyOfStation(const Record *record) {
+  if (record == nullptr) return {};
+  const records::Row row(records::layoutOf<Record>(), const_cast<uint8_t *>(record->bytes));
+  if (row.mark(Record::macText) == 0) return {};
+  return row.text(Record::macText);
+}
+
 /// What a call answers when it fails by itself, where that is a status.
 int32_t naturalFailure(std::string_view name);
 
@@ -55,6 +65,8 @@ KeyPart keyOfArgument(const Parameter &parameter, Type argument) {
                        std::is_same_v<Type, const uint8_t *> ||
                        std::is_same_v<Type, const platform::UpModeInfo *>) {
     return keyOf(parameter, argument);
+  } else if constexpr (requires { std::remove_pointer_t<Type>::macText; }) {
+    return keyOfStation(argument);
   } else {
     return {};
   }

@@ -18,6 +18,7 @@
 namespace {
 
 constexpr size_t kHeader = 78;
+constexpr size_t kLongestPiece = 127;
 constexpr std::array<size_t, 6> kWidths = {15, 7, 7, 31, 19, 7};
 constexpr size_t kMac = 3;
 constexpr size_t kDevice = 5;
@@ -36,22 +37,45 @@ std::optional<std::string> takeWord(std::string_view &rest, size_t width) {
   rest.remove_prefix(begin);
   const std::string_view word = rest.substr(0, std::min(rest.find_first_of(kBlanks), width));
   rest.remove_prefix(word.size());
-  // A C text ends at its first zero.
-  return std::string(word.substr(0, word.find('\0')));
+  return std::string(word);
+}
+
+/// What one read of a line gives, a C text that ends at its first zero.
+std::optional<std::string_view> takePiece(std::string_view &table) {
+  if (table.empty()) return std::nullopt;
+  const size_t lineEnd = std::min(table.find('\n'), table.size() - 1) + 1;
+  const std::string_view piece = table.substr(0, std::min(lineEnd, kLongestPiece));
+  table.remove_prefix(piece.size());
+  return piece.substr(0, piece.find('\0'));
+}
+
+/// The beginning of the next line; the rest of it is passed over.
+std::optional<std::string_view> takeLine(std::string_view &table) {
+  const std::optional<std::string_view> line = takePiece(table);
+  std::optional<std::string_view> piece = line;
+  while (piece && piece->find('\n') == std::string_view::npos) piece = takePiece(table);
+  return line;
+}
+
+/// The words of a line; nothing when it lacks some.
+std::optional<std::array<std::string, kWidths.size()>> wordsOf(std::string_view line) {
+  std::array<std::string, kWidths.size()> words;
+  for (size_t i = 0; i < words.size(); ++i) {
+    const std::optional<std::string> word = takeWord(line, kWidths[i]);
+    if (!word) return std::nullopt;
+    words[i] = *word;
+  }
+  return words;
 }
 
 std::string expectedMac(std::string_view table) {
   if (table.size() <= kHeader) return {};
   table.remove_prefix(kHeader);
-  for (;;) {
-    std::array<std::string, kWidths.size()> entry;
-    for (size_t i = 0; i < entry.size(); ++i) {
-      const std::optional<std::string> word = takeWord(table, kWidths[i]);
-      if (!word) return {};
-      entry[i] = *word;
-    }
-    if (entry[kDevice].find("nbif") != std::string::npos) return entry[kMac];
+  while (const std::optional<std::string_view> line = takeLine(table)) {
+    const auto words = wordsOf(*line);
+    if (words && (*words)[kDevice].find("nbif") != std::string::npos) return (*words)[kMac];
   }
+  return {};
 }
 
 }  // namespace

@@ -39,6 +39,8 @@ struct JoinedNetwork {
   MacAddress bssid = {};
 };
 
+// Its implicit copy runs over the array.
+// NOLINTNEXTLINE(readability-identifier-naming)
 struct Scans {
   /// Seconds until a scan has its result.
   static constexpr int64_t kDuration = 4;

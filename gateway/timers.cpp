@@ -75,7 +75,8 @@ TimerTask taskFrom(const Row &entry) {
   task.time = entry.text(TimerEntry::time);
   task.weekdays.resize(std::min(entry.word(TimerEntry::weekdayCount), kWeekdays));
   const Bytes days = entry.bytes(TimerEntry::weekdays);
-  std::memcpy(task.weekdays.data(), days.data(), task.weekdays.size() * sizeof(uint32_t));
+  const size_t size = task.weekdays.size() * sizeof(uint32_t);
+  if (size > 0) std::memcpy(task.weekdays.data(), days.data(), size);
   task.edge = entry.byte(TimerEntry::edge);
   task.enable = entry.byte(TimerEntry::enable);
   task.taskId = static_cast<int32_t>(entry.word(TimerEntry::taskId));
@@ -87,7 +88,7 @@ void writeTask(const TimerTask &task, const Row &entry) {
   entry.setText(TimerEntry::time, task.time);
   Bytes days(kWeekdays * sizeof(uint32_t));
   const size_t listed = std::min<size_t>(task.weekdays.size(), kWeekdays);
-  std::memcpy(days.data(), task.weekdays.data(), listed * sizeof(uint32_t));
+  if (listed > 0) std::memcpy(days.data(), task.weekdays.data(), listed * sizeof(uint32_t));
   entry.setBytes(TimerEntry::weekdays, days);
   entry.setWord(TimerEntry::weekdayCount,
                 task.countedDays.value_or(static_cast<uint32_t>(task.weekdays.size())));

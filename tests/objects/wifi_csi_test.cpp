@@ -122,11 +122,11 @@ TEST_F(WifiCsi, ATornEndOfTheListIsHandedOnAsItIs) {
   EXPECT_EQ(setMacs(1, "001122334401,0011223"), 0);
   EXPECT_EQ(setMacs(1, "001122334405,"), 0) << "a separator alone ends nothing";
   EXPECT_EQ(setMacs(1, "001122334406,x"), 0);
-  EXPECT_THAT(trace("pm_wlan_add_csi_mac"), ElementsAre("pm_wlan_add_csi_mac(IGD) = 0",
-                                                        "pm_wlan_add_csi_mac(IGD) = -2004",
-                                                        "pm_wlan_add_csi_mac(IGD) = 0",
-                                                        "pm_wlan_add_csi_mac(IGD) = 0",
-                                                        "pm_wlan_add_csi_mac(IGD) = -2004"));
+  EXPECT_THAT(trace("pm_wlan_add_csi_mac"), ElementsAre("pm_wlan_add_csi_mac(IGD 001122334401) = 0",
+                                                        "pm_wlan_add_csi_mac(IGD 0011223) = -2004",
+                                                        "pm_wlan_add_csi_mac(IGD 001122334405) = 0",
+                                                        "pm_wlan_add_csi_mac(IGD 001122334406) = 0",
+                                                        "pm_wlan_add_csi_mac(IGD x) = -2004"));
   forgetCalls();
   EXPECT_EQ(setMacs(1, ""), 0);
   EXPECT_THAT(trace(), IsEmpty());
