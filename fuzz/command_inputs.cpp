@@ -15,8 +15,8 @@
 #include "gateway/gateway.hpp"
 #include "gateway/profile.hpp"
 #include "tools/command/output.hpp"
-#include "tools/session/session.hpp"
 #include "tools/command/transcript.hpp"
+#include "tools/session/session.hpp"
 
 namespace {
 

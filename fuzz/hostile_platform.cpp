@@ -17,21 +17,21 @@
 #include <utility>
 #include <vector>
 
+#include "catalogue/answer.hpp"
+#include "catalogue/catalogue.hpp"
 #include "gateway/gateway.hpp"
 #include "gateway/host.hpp"
 #include "gateway/library_calls.hpp"
 #include "pmapi/limit.h"
 #include "pmapi/meshtopology.h"
 #include "pmapi/uplinkinfo.h"
-#include "catalogue/answer.hpp"
-#include "catalogue/catalogue.hpp"
 
 namespace {
 
-using records::Member;
-using records::Json;
 using catalogue::Method;
 using catalogue::Object;
+using records::Json;
+using records::Member;
 using records::Shape;
 
 /// The input, from its front; zeros behind its end.

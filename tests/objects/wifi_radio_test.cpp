@@ -47,9 +47,9 @@ TEST_F(PmUbusRadioSet, WritesPowerThenChannelAndWidthOfTheRadio) {
   const gateway::Row power = store().row<WlanTxPowerRecord>("IGD.TxPower2");
   power.setWord(WlanTxPowerRecord::band, 9);
   EXPECT_EQ(set(settings("5G", "60", "149", 0)), 0);
-  EXPECT_THAT(trace(), ElementsAre("pm_wlan_get_card_max() = 0",
-                                   "pm_wlan_set_txpower(IGD.TxPower2) = 0",
-                                   "pm_wlan_set_config(IGD.LD1.WLAN5) = 0"));
+  EXPECT_THAT(trace(),
+              ElementsAre("pm_wlan_get_card_max() = 0", "pm_wlan_set_txpower(IGD.TxPower2) = 0",
+                          "pm_wlan_set_config(IGD.LD1.WLAN5) = 0"));
   EXPECT_EQ(setting(5, WlanConfigRecord::band), 1u);
   EXPECT_EQ(power.text(WlanTxPowerRecord::txPower), "60");
   EXPECT_EQ(power.word(WlanTxPowerRecord::band), 1u);
